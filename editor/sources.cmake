@@ -1,0 +1,3 @@
+target_sources(swipeline_app PRIVATE
+    ${CMAKE_SOURCE_DIR}/editor/myedit.cpp
+)

@@ -1,0 +1,4 @@
+#include "engines/flags.h"
+
+std::atomic<bool> g_KeyFlag{false};
+std::atomic<bool> g_InDict{false};

@@ -1,0 +1,10 @@
+#include "engines/stimg.h"
+
+void releaseImage(_stImg* image)
+{
+    if (!image)
+        return;
+    delete[] image->buffer;
+    delete[] image->image;
+    delete image;
+}

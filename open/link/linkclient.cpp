@@ -1,0 +1,125 @@
+#include "open/link/linkclient.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/uio.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+int connectTo(const char* path)
+{
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    const std::size_t length = std::strlen(path);
+    if (length == 0 || length >= sizeof address.sun_path)
+        return -1;
+    std::memcpy(address.sun_path, path, length);
+    const int fd = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+    if (fd < 0)
+        return -1;
+    if (::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
+bool sendPacket(int fd, desklink::Kind kind, LinkClient::Part head, LinkClient::Part tail)
+{
+    const desklink::Header header = {desklink::Magic, desklink::Version, kind,
+                                     static_cast<std::uint32_t>(head.size() + tail.size())};
+    const auto piece = [](const void* data, std::size_t size) {
+        return iovec{const_cast<void*>(data), size};
+    };
+    std::array<iovec, 3> pieces = {piece(&header, sizeof header), piece(head.data(), head.size()),
+                                   piece(tail.data(), tail.size())};
+    msghdr message = {};
+    message.msg_iov = pieces.data();
+    message.msg_iovlen = pieces.size();
+    return ::sendmsg(fd, &message, MSG_DONTWAIT | MSG_NOSIGNAL) >= 0;
+}
+
+} // namespace
+
+LinkClient::LinkClient(desklink::Role role) : m_role(role) {}
+
+LinkClient::~LinkClient()
+{
+    disconnectFromDesk();
+}
+
+bool LinkClient::connectToDesk()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_fd >= 0)
+        return true;
+    const char* path = std::getenv(desklink::SocketVariable);
+    if (!path)
+        return false;
+    m_fd = connectTo(path);
+    if (m_fd < 0)
+        return false;
+    const desklink::Hello hello = {m_role, static_cast<std::uint32_t>(::getpid())};
+    return sendPacket(m_fd, desklink::Kind::Hello, bytesOf(hello), {});
+}
+
+void LinkClient::disconnectFromDesk()
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_fd >= 0)
+        ::close(m_fd);
+    m_fd = -1;
+}
+
+bool LinkClient::isConnected() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_fd >= 0;
+}
+
+bool LinkClient::send(desklink::Kind kind, Part head, Part tail)
+{
+    const std::lock_guard lock(m_mutex);
+    return m_fd >= 0 && sendPacket(m_fd, kind, head, tail);
+}
+
+bool LinkClient::receive(Packet& packet, int timeoutMs, int wakeFd)
+{
+    int fd = -1;
+    {
+        const std::lock_guard lock(m_mutex);
+        fd = m_fd;
+    }
+    if (fd < 0)
+        return false;
+    std::array<pollfd, 2> polled = {pollfd{fd, POLLIN, 0}, pollfd{wakeFd, POLLIN, 0}};
+    if (::poll(polled.data(), polled.size(), timeoutMs) <= 0 || polled[0].revents == 0)
+        return false;
+
+    m_receiveBuffer.resize(desklink::MaxPacketBytes);
+    const ssize_t got = ::recv(fd, m_receiveBuffer.data(), m_receiveBuffer.size(), 0);
+    if (got <= 0) {
+        if (got == 0 || (errno != EINTR && errno != EAGAIN))
+            disconnectFromDesk();
+        return false;
+    }
+    desklink::Header header = {};
+    const auto size = static_cast<std::size_t>(got);
+    if (size < sizeof header)
+        return false;
+    std::memcpy(&header, m_receiveBuffer.data(), sizeof header);
+    if (header.magic != desklink::Magic || header.version != desklink::Version
+        || header.length != size - sizeof header)
+        return false;
+    packet.kind = header.kind;
+    packet.body.assign(m_receiveBuffer.begin() + sizeof header,
+                       m_receiveBuffer.begin() + static_cast<std::ptrdiff_t>(size));
+    return true;
+}
