@@ -1,0 +1,5 @@
+#include "app/mystyle.h"
+
+MyStyle::MyStyle() : QProxyStyle(QStringLiteral("windows")) {}
+
+MyStyle::~MyStyle() = default;
