@@ -2,4 +2,5 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/widgets/messagedialog.cpp
     ${CMAKE_SOURCE_DIR}/widgets/painting.cpp
     ${CMAKE_SOURCE_DIR}/widgets/sandglass.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/talkinglist.cpp
 )
