@@ -26,11 +26,15 @@ target_compile_definitions(swipeline_flags INTERFACE
 target_link_libraries(swipeline_flags INTERFACE Threads::Threads)
 if(SWIPELINE_SANITIZE)
     target_compile_options(swipeline_flags INTERFACE
-        -fsanitize=${SWIPELINE_SANITIZE} -fno-omit-frame-pointer)
+        -fsanitize=${SWIPELINE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(swipeline_flags INTERFACE -fsanitize=${SWIPELINE_SANITIZE})
     # gcc's null-dereference analysis is confused by the instrumentation.
     target_compile_options(swipeline_flags INTERFACE -Wno-null-dereference)
 endif()
+
+# Tests labelled tsan make sense under the thread sanitizer: they run on std::thread and need no
+# widgets. This target builds them and nothing else.
+add_custom_target(tsan_tests)
 
 # swipeline_library(NAME SOURCES ... LINK ...): a static library of ours.
 function(swipeline_library name)
@@ -50,6 +54,9 @@ function(swipeline_test name)
     target_compile_definitions(${name} PRIVATE
         SWIPELINE_SOURCE_DIR="${CMAKE_SOURCE_DIR}" SWIPELINE_BINARY_DIR="${CMAKE_BINARY_DIR}")
     add_test(NAME ${name} COMMAND ${name})
+    if("tsan" IN_LIST ARG_LABELS)
+        add_dependencies(tsan_tests ${name})
+    endif()
     if(NOT ARG_TIMEOUT)
         set(ARG_TIMEOUT 120)
     endif()

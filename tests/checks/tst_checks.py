@@ -1,0 +1,141 @@
+#!/usr/bin/env python3
+"""The checks see what they are there for: each planted fault fails, and the clean tree passes."""
+import os
+import subprocess
+import tempfile
+import unittest
+
+SCRIPTS = os.path.join(os.path.dirname(os.path.realpath(__file__)), "..", "..", "scripts")
+CLEAN = {
+    "platform/oled.h": "#pragma once\n",
+    "store/a.h": '#include "platform/oled.h"\n',
+    "engines/b.h": '#include "store/a.h"\n#include <QString>\n',
+    "engines/b.cpp": '#include "engines/b.h"\nint x = ZEMBRA_DIC_Init(0);\n',
+    "app/c.h": '#include "engines/b.h"\n',
+    "editor/e.h": "",
+    "dict/d.h": "",
+    "store/a.cpp": '#include "app/c.h"\n',
+    "open/o.cpp": '#include <opencv2/core.hpp>\n#include "desk/link.h"\n',
+    "open/CMakeLists.txt": "find_package(OpenCV REQUIRED)\n",
+    "desk/link.h": "",
+    "tests/t.cpp": '#include "app/c.h"\n',
+    "docs/layer-exceptions.txt": "# comment\nstore/a.cpp -> app/c.h: tells the screen\n",
+}
+
+
+class Tree(unittest.TestCase):
+    def run_check(self, script, files):
+        with tempfile.TemporaryDirectory(prefix="a tree ") as root:
+            for name, text in files.items():
+                path = os.path.join(root, name)
+                os.makedirs(os.path.dirname(path), exist_ok=True)
+                with open(path, "wb") as file:
+                    file.write(text if isinstance(text, bytes) else text.encode())
+            return subprocess.run([os.path.join(SCRIPTS, script), root], text=True,
+                                  stdout=subprocess.PIPE, stderr=subprocess.STDOUT, cwd="/")
+
+
+class Layers(Tree):
+    def fails(self, words, **files):
+        changed = {name.replace("__", "/"): text for name, text in files.items()}
+        done = self.run_check("check-layers", {**CLEAN, **changed})
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertIn(words, done.stdout)
+        self.assertEqual(len(done.stdout.splitlines()), 1, done.stdout)
+
+    def plant(self, words, name, text):
+        self.fails(words, **{name: CLEAN.get(name, "") + text})
+
+    def test_clean_tree_passes(self):
+        done = self.run_check("check-layers", CLEAN)
+        self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_empty_tree_fails(self):
+        done = self.run_check("check-layers", {"docs/layer-exceptions.txt": ""})
+        self.assertEqual(done.returncode, 1, done.stdout)
+
+    def test_header_upwards(self):
+        self.plant("downwards only", "store/a.h", '#include "widgets/w.h"\n')
+
+    def test_header_across(self):
+        self.plant("downwards only", "editor/e.h", '#include "dict/d.h"\n')
+
+    def test_header_cycle_in_a_folder(self):
+        self.fails("each other", **{"app/x.h": '#include "app/y.h"\n',
+                                    "app/y.h": '#include "app/x.h"\n'})
+
+    def test_new_upward_include(self):
+        self.plant("does not list", "engines/b.cpp", '#include "editor/e.h"\n')
+
+    def test_upward_include_beside_a_path_of_its_own(self):
+        self.plant("does not list", "engines/b.cpp", '#include "../app/c.h"\n')
+
+    def test_vanished_upward_include(self):
+        self.fails("is gone", **{"store/a.cpp": ""})
+
+    def test_commented_include_does_not_count(self):
+        self.fails("is gone", **{"store/a.cpp": '// #include "app/c.h"\n'})
+
+    def test_exception_without_reason(self):
+        self.fails("expected", **{"docs/layer-exceptions.txt":
+                                  CLEAN["docs/layer-exceptions.txt"] + "a.cpp -> b.h\n"})
+
+    def test_application_includes_open(self):
+        self.plant("knows nothing of open/", "store/a.h", '#include "open/o.h"\n')
+
+    def test_application_includes_tests(self):
+        self.plant("knows nothing of tests/", "engines/b.cpp", '#include "tests/fakes/f.h"\n')
+
+    def test_open_includes_application(self):
+        self.plant("knows nothing of store/", "open/o.cpp", '#include "store/a.h"\n')
+
+    def test_desk_includes_application(self):
+        self.plant("knows nothing of engines/", "desk/link.h", '#include "engines/b.h"\n')
+
+    def test_condition_for_a_build(self):
+        self.plant("no special cases", "engines/b.cpp", "#ifdef SWIPELINE_DESK\n#endif\n")
+
+    def test_include_guard_is_no_condition(self):
+        done = self.run_check("check-layers", {**CLEAN, "app/c.h":
+                              "#ifndef OPENMENU_H\n#define OPENMENU_H\n#endif\n"})
+        self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_engine_header_outside_open(self):
+        self.plant("only open/ may", "engines/b.cpp", "#include <tesseract/baseapi.h>\n")
+
+    def test_engine_package_outside_open(self):
+        self.plant("only open/ may", "app/CMakeLists.txt", "find_package(SDL2 REQUIRED)\n")
+
+    def test_dictionary_call_outside_engines(self):
+        self.plant("only engines/ may", "dict/d.cpp", "int y = ZEMBRA_DIC_Init(0);\n")
+
+
+class Texts(Tree):
+    def fails(self, name, text):
+        done = self.run_check("check-text", {"README.md": "fine\n", name: text})
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertIn(name, done.stdout)
+
+    def test_clean_tree_passes(self):
+        done = self.run_check("check-text", {"README.md": "fine\n", "build/x": "TO" "DO\n",
+                                             "a b/c.png": b"\xff \n"})
+        self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_foreign_words(self):
+        for words in ("see Par" "t 3.1", "as the spec" "ification says", "in spec" ".md",
+                      "at /wor" "k/main", "TO" "DO: later", "FIX" "ME", "a sub" "-agent"):
+            with self.subTest(words):
+                self.fails("app/x.cpp", f"// {words}\n")
+
+    def test_trailing_blank(self):
+        self.fails("app/x.cpp", "int x; \n")
+
+    def test_carriage_return(self):
+        self.fails("app/x.cpp", "int x;\r\n")
+
+    def test_not_utf8(self):
+        self.fails("docs/x.md", b"na\xefve\n")
+
+
+if __name__ == "__main__":
+    unittest.main()
