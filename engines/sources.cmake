@@ -1,4 +1,12 @@
 target_sources(swipeline_app PRIVATE
+    ${CMAKE_SOURCE_DIR}/engines/codemap.cpp
+    ${CMAKE_SOURCE_DIR}/engines/crecthread.cpp
+    ${CMAKE_SOURCE_DIR}/engines/csoundthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/flags.cpp
+    ${CMAKE_SOURCE_DIR}/engines/menuvoice.cpp
+    ${CMAKE_SOURCE_DIR}/engines/ocrpen.cpp
+    ${CMAKE_SOURCE_DIR}/engines/speechworker.cpp
     ${CMAKE_SOURCE_DIR}/engines/stimg.cpp
+    ${CMAKE_SOURCE_DIR}/engines/translater.cpp
+    ${CMAKE_SOURCE_DIR}/engines/ttsplayer.cpp
 )

@@ -1,0 +1,96 @@
+#include "engines/cttsthread.h"
+
+#include "engines/flags.h"
+#include "engines/menuvoice.h"
+#include "engines/ttsplayer.h"
+#include "platform/devicepaths.h"
+#include "store/configreader.h"
+#include "store/languagemanager.h"
+
+#include <QSettings>
+
+namespace {
+
+int languageNumber(int menuLanguage)
+{
+    LanguageManager* const languages = LanguageManager::Instance();
+    const bool known = menuLanguage >= 0 && menuLanguage < languages->getShowLanSize();
+    return known ? languages->getLanIntByID(menuLanguage) : 0;
+}
+
+// The settings file itself is asked, not the cached settings: it holds what the launcher wrote.
+void applyMenuVoice()
+{
+    const QSettings settings(devicePath(QStringLiteral("/apps/config/config.ini")),
+                             QSettings::IniFormat);
+    const auto read = [&settings](const char* key, int fallback) {
+        return settings.value(QLatin1String(key), fallback).toInt();
+    };
+    TTSPlayer* const player = TTSPlayer::Instance();
+    player->setLan(menuVoice(languageNumber(read("SystemSet/Lan", 0)), read("SystemSet/TTS", 0),
+                             ConfigReader::Instance()->getSpanishInfo()));
+    player->setVolume(engineVolume(read("SystemSet/Volum", 4)));
+    player->setSpeed(engineSpeed(read("SystemSet/Speed", 6)));
+}
+
+} // namespace
+
+CTTSThread::CTTSThread()
+{
+    connect(this, &QThread::finished, this, &CTTSThread::resume);
+}
+
+CTTSThread::~CTTSThread()
+{
+    m_instructions.close();
+    finish(m_contents);
+}
+
+void CTTSThread::setContent(const QString& text)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_content = text;
+    }
+    m_contents.add(text);
+}
+
+void CTTSThread::setInstructStr(const QString& text)
+{
+    m_instructions.add(text);
+}
+
+void CTTSThread::clearContent()
+{
+    const std::lock_guard lock(m_mutex);
+    m_content.clear();
+}
+
+void CTTSThread::clearInstruct()
+{
+    m_instructions.clear();
+}
+
+void CTTSThread::run()
+{
+    const auto muted = [] { return ConfigReader::Instance()->getTalkingMenuInfo() == 1; };
+    const MenuSpeechEnd end = speakMenus(m_contents, m_instructions, g_KeyFlag,
+                                         &TTSPlayer::beginRequest, muted, &CTTSThread::speak);
+    m_ranDry = end == MenuSpeechEnd::QueuesEmpty;
+}
+
+void CTTSThread::speak(const QString& text)
+{
+    applyMenuVoice();
+    TTSPlayer* const player = TTSPlayer::Instance();
+    player->setScanPlayFlag(false);
+    player->play(text);
+}
+
+// A text that was queued between the thread's last look and its end, when the owner still saw it
+// running, is spoken after all. What a key left behind stays unspoken.
+void CTTSThread::resume()
+{
+    if (m_ranDry && !(m_contents.isEmpty() && m_instructions.isEmpty()))
+        start();
+}

@@ -1,0 +1,27 @@
+#include "engines/scanstart.h"
+
+#include "platform/qcopchannel.h"
+#include "store/configreader.h"
+#include "store/languagemanager.h"
+
+namespace scanstart {
+
+int startEngine(int direction, ZEMBRA_IAP_PanoImageCallback callback)
+{
+    ConfigReader* const config = ConfigReader::Instance();
+    const int hand = config->getHandLR() == 0 ? ZEMBRA_IAP_RIGHT_HAND : ZEMBRA_IAP_LEFT_HAND;
+    const int result = ZEMBRA_IAP_Initialize(hand, direction, 0, 0);
+
+    const int language = LanguageManager::Instance()->getIntByID(config->getLanInfo());
+    ZEMBRA_IAP_SetLangPara(language == 1 ? ZEMBRA_IAP_SCRIPT_HAN : ZEMBRA_IAP_SCRIPT_ALPHA);
+    ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, callback);
+    return result;
+}
+
+void sendTrigger()
+{
+    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("execute(QString)"),
+                      QByteArrayLiteral("trigger"));
+}
+
+} // namespace scanstart
