@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: 0BSD */
 /*
  * Short messages between the processes of a pen: the launcher ("mainprocess") and its
  * applications (this one listens on "scanprocess").

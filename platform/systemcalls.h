@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: 0BSD */
 /*
  * The system calls that act on the whole machine, behind names of their own: off the device they
  * must not touch the machine, and tests must see the order in which they come.

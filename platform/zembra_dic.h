@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: 0BSD */
 /*
  * The dictionary engine: finds installed dictionaries, opens one at a time, looks words up.
  *

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: 0BSD */
 /*
  * The text-recognition (OCR) engine: a picture of one line of print becomes text.
  *

@@ -1,3 +1,4 @@
+/* SPDX-License-Identifier: 0BSD */
 /*
  * The speech engine: text becomes sound, and while it sounds the engine tells which word is heard.
  *
