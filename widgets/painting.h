@@ -8,6 +8,7 @@
 #define PAINTING_H
 
 #include <QFont>
+#include <QPalette>
 #include <QRect>
 #include <QString>
 #include <QStringList>
@@ -39,6 +40,40 @@ QStringList wrapText(const QString& text, int width, int maxLines);
 /* Draws one line at the top left corner of `box`, which is LineHeight high, shifted `scroll`
  * pixels to the left and clipped to the box, in the painter's pen. */
 void drawLine(QPainter& painter, const QRect& box, const QString& text, int scroll = 0);
+
+/* `text`, or as much of its start as fits into `width` pixels with an ellipsis behind it. */
+QString elide(const QString& text, int width);
+
+/* The title line of a menu or page: the title at the left, `number` at the right edge, a rule
+ * between them. `reserved` pixels at the right edge stay free (for a widget that shows a number
+ * instead). */
+void drawTitle(QPainter& painter, const QString& title, const QString& number, int reserved = 0);
+
+/* Place of one of the three rows below the title, 0 to 2; the column of marks is not part of
+ * it. */
+QRect listRow(int row);
+
+/* One row of a list. */
+struct Row
+{
+    QString text;
+    QString second;       /* at the right, empty for none */
+    bool current = false; /* inverse */
+    bool elided = true;   /* a text too long ends with an ellipsis, else it is cut off */
+    int scroll = 0;       /* pixels to the left, when not elided */
+};
+
+/* Pixels that a row has for its text beside a second text. */
+int rowRoom(const QString& second);
+
+/* Draws a row in the palette's text colours, the current one in those of what is selected. */
+void drawRow(QPainter& painter, const QRect& box, const QPalette& palette, const Row& row);
+
+/* Marks at the right edge: there is more above, below. */
+enum class Mark { Up, Down };
+
+/* Draws a mark beside a row, in the painter's pen. */
+void drawMark(QPainter& painter, const QRect& row, Mark mark);
 
 /* Draws `text` in the middle of `box` in both directions, wrapped, in the painter's pen. A frame
  * of one pixel goes round the box as long as three lines are enough. */
