@@ -1,0 +1,150 @@
+/*
+ * Recognition with Tesseract: the functions of platform/zembra_ocr.h.
+ */
+#include "platform/zembra_ocr.h"
+
+#include "open/ocr/linepicture.h"
+#include "open/ocr/modelshelf.h"
+#include "open/ocr/resultcleaning.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <new>
+#include <string>
+#include <unordered_map>
+
+using ocr::Language;
+
+namespace {
+
+/* Readings of lesser confidence are marks and dirt, not print; of the others, those below the
+ * second figure are worth a second look. Measured: clean print has 80 and more, noise up to 26. */
+constexpr int LeastConfidence = 35;
+constexpr int SureConfidence = 65;
+
+struct Engine
+{
+    explicit Engine(const char* folder) : models(folder) {}
+
+    ocr::ModelShelf models;
+    std::atomic<Language> language = Language::Latin;
+    std::mutex mutex; // one recognition at a time
+};
+
+/* The results that callers hold: what was not given out is never freed. */
+class Results
+{
+public:
+    unsigned short* keep(const std::u16string& text)
+    {
+        auto buffer = std::make_unique<unsigned short[]>(text.size());
+        std::copy(text.begin(), text.end(), buffer.get());
+        unsigned short* address = buffer.get();
+        const std::lock_guard lock(m_mutex);
+        m_buffers.emplace(address, std::move(buffer));
+        return address;
+    }
+
+    void release(unsigned short* address)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_buffers.erase(address);
+    }
+
+private:
+    std::mutex m_mutex;
+    std::unordered_map<unsigned short*, std::unique_ptr<unsigned short[]>> m_buffers;
+};
+
+Results& results()
+{
+    static Results instance;
+    return instance;
+}
+
+bool isLanguage(int value)
+{
+    return value == ZEMBRA_OCR_LANG_CHINESE || value == ZEMBRA_OCR_LANG_LATIN
+           || value == ZEMBRA_OCR_LANG_CYRILLIC;
+}
+
+} // namespace
+
+int ZEMBRA_OCR_Initialize(void** handle, char* dataDir)
+{
+    if (!handle)
+        return ZEMBRA_OCR_ERROR;
+    *handle = dataDir ? new (std::nothrow) Engine(dataDir) : nullptr;
+    return *handle ? ZEMBRA_OCR_OK : ZEMBRA_OCR_ERROR;
+}
+
+int ZEMBRA_OCR_SetActiveLanguages(void* handle, int* languages)
+{
+    if (!handle || !languages || languages[0] == ZEMBRA_OCR_LANG_END)
+        return ZEMBRA_OCR_ERROR;
+    for (const int* member = languages; *member != ZEMBRA_OCR_LANG_END; ++member)
+        if (!isLanguage(*member))
+            return ZEMBRA_OCR_ERROR;
+    auto* engine = static_cast<Engine*>(handle);
+    const auto language = static_cast<Language>(languages[0]);
+    engine->language = language;
+    engine->models.request(language);
+    return ZEMBRA_OCR_OK;
+}
+
+int ZEMBRA_OCR_Recognize(void* handle, unsigned char* image, int width, int height,
+                         unsigned short** text, int* length, int, unsigned char)
+{
+    if (text)
+        *text = nullptr;
+    if (length)
+        *length = 0;
+    if (!handle || !image || !text || !length || !ocr::isPlausibleSize(width, height))
+        return ZEMBRA_OCR_ERROR;
+
+    auto* engine = static_cast<Engine*>(handle);
+    const std::lock_guard lock(engine->mutex);
+    const Language language = engine->language;
+    ocr::LineReader* reader = engine->models.waitFor(language);
+    if (!reader)
+        return ZEMBRA_OCR_NO_MODEL;
+    const ocr::GreyPicture line = ocr::prepareLine(image, width, height);
+    if (line.isEmpty())
+        return ZEMBRA_OCR_OK;
+
+    const ocr::Reading reading = reader->read(line);
+    if (reading.confidence < LeastConfidence)
+        return ZEMBRA_OCR_OK;
+    const std::u16string cleaned = ocr::encodeUtf16(
+        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese));
+    if (cleaned.empty())
+        return ZEMBRA_OCR_OK;
+    *text = results().keep(cleaned);
+    *length = static_cast<int>(cleaned.size());
+    return reading.confidence < SureConfidence ? ZEMBRA_OCR_DOUBTFUL : ZEMBRA_OCR_OK;
+}
+
+int ZEMBRA_OCR_FreeRecogResult(unsigned short* text)
+{
+    results().release(text);
+    return ZEMBRA_OCR_OK;
+}
+
+int ZEMBRA_OCR_ExitEngine(void* handle)
+{
+    if (!handle)
+        return ZEMBRA_OCR_ERROR;
+    static_cast<Engine*>(handle)->models.close();
+    return ZEMBRA_OCR_OK;
+}
+
+int ZEMBRA_OCR_FreeEngine(void* handle)
+{
+    if (!handle)
+        return ZEMBRA_OCR_ERROR;
+    delete static_cast<Engine*>(handle);
+    return ZEMBRA_OCR_OK;
+}

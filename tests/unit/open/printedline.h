@@ -1,0 +1,21 @@
+#ifndef TESTS_PRINTEDLINE_H
+#define TESTS_PRINTEDLINE_H
+
+#include <QImage>
+#include <QString>
+
+/* Where Debian's packages put the models and the fonts that tests print with. */
+constexpr const char* InstalledModels = "/usr/share/tesseract-ocr/5/tessdata/";
+constexpr const char* SerifFont =
+    "/usr/share/fonts/truetype/liberation/LiberationSerif-Regular.ttf";
+constexpr const char* SansFont = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+constexpr const char* ChineseFont = "/usr/share/fonts/truetype/arphic-gbsn00lp/gbsn00lp.ttf";
+
+/* A line of print as a scan delivers it: grey, black on white, a little paper around it. Null when
+ * the font cannot be loaded. */
+QImage printedLine(const QString& text, const char* fontFile, int pixelSize);
+
+/* Smallest number of characters to insert, delete or change to make one text the other. */
+int editDistance(const QString& a, const QString& b);
+
+#endif
