@@ -1,0 +1,127 @@
+#include "open/iap/lineband.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace {
+
+constexpr float LeastInk = 3.0F;    // of 255, mean of a row: less is no line
+constexpr float CorePart = 0.4F;    // of the fullest row
+constexpr double AimMm = 3.2;       // how far off its middle a line may be passed
+constexpr double LeastCoreMm = 0.5; // lower runs are rules and dirt
+constexpr double NeighbourPart = 0.4;
+
+struct Run
+{
+    int first;
+    int last;
+    int height() const { return last - first + 1; }
+};
+
+double distance(const Run& run, double row)
+{
+    if (row < run.first)
+        return run.first - row;
+    return row > run.last ? row - run.last : 0.0;
+}
+
+/* Runs of rows above the threshold; gaps of up to `bridge` rows do not part them. */
+std::vector<Run> fullRuns(const std::vector<float>& profile, float threshold, int bridge)
+{
+    std::vector<Run> runs;
+    for (int y = 0; y < static_cast<int>(profile.size()); ++y) {
+        if (profile[y] < threshold)
+            continue;
+        if (!runs.empty() && y - runs.back().last - 1 <= bridge)
+            runs.back().last = y;
+        else
+            runs.push_back({y, y});
+    }
+    return runs;
+}
+
+/* The emptiest row strictly between two; the middle one of several. */
+int valley(const std::vector<float>& profile, int after, int before)
+{
+    int first = after + 1;
+    int last = after + 1;
+    for (int y = after + 1; y < before; ++y) {
+        if (profile[y] < profile[first])
+            first = last = y;
+        else if (profile[y] == profile[first] && y == last + 1)
+            last = y;
+    }
+    return (first + last) / 2;
+}
+
+} // namespace
+
+std::vector<float> rowProfile(const cv::Mat& ink, const cv::Mat& seen, double smoothing)
+{
+    std::vector<float> sums(ink.rows);
+    std::vector<int> counts(ink.rows);
+    for (int y = 0; y < ink.rows; ++y) {
+        sums[y] = static_cast<float>(cv::sum(ink.row(y))[0]);
+        counts[y] = cv::countNonZero(seen.row(y));
+    }
+    // A row seen here and there only must not stand out.
+    const int most = *std::max_element(counts.begin(), counts.end());
+    cv::Mat profile(ink.rows, 1, CV_32F);
+    for (int y = 0; y < ink.rows; ++y)
+        profile.at<float>(y) = sums[y] / float(std::max({1, counts[y], most / 3}));
+    cv::GaussianBlur(profile, profile, cv::Size(1, 2 * int(std::ceil(2.0 * smoothing)) + 1),
+                     smoothing, smoothing);
+    return {profile.begin<float>(), profile.end<float>()};
+}
+
+std::optional<LineBand> findLine(const std::vector<float>& profile, double middle, double dotsPerMm,
+                                 bool han)
+{
+    const int rows = static_cast<int>(profile.size());
+    const int from = std::clamp(static_cast<int>(middle - AimMm * dotsPerMm), 0, rows - 1);
+    const int to = std::clamp(static_cast<int>(middle + AimMm * dotsPerMm), from, rows - 1);
+    std::vector<float> sorted = profile;
+    std::nth_element(sorted.begin(), sorted.begin() + rows / 10, sorted.end());
+    const float ground = sorted[rows / 10];
+    const float fullest = *std::max_element(profile.begin() + from, profile.begin() + to + 1);
+    if (fullest - ground < LeastInk)
+        return std::nullopt;
+
+    const int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
+    const std::vector<Run> runs = fullRuns(profile, ground + CorePart * (fullest - ground), bridge);
+    const Run* core = nullptr;
+    for (const Run& run : runs) {
+        if (run.height() < LeastCoreMm * dotsPerMm || distance(run, middle) > AimMm * dotsPerMm)
+            continue;
+        if (!core || distance(run, middle) < distance(*core, middle))
+            core = &run;
+    }
+    if (!core)
+        return std::nullopt;
+
+    const double height = core->height();
+    LineBand band;
+    band.coreTop = core->first;
+    band.coreBottom = core->last;
+    band.belowTop = rows;
+    for (const Run& run : runs) {
+        if (run.height() < NeighbourPart * height)
+            continue;
+        if (run.last < core->first)
+            band.aboveBottom = run.last;
+        if (run.first > core->last && band.belowTop == rows)
+            band.belowTop = run.first;
+    }
+    const int reachUp = static_cast<int>((han ? 0.35 : 1.25) * height);
+    const int reachDown = static_cast<int>((han ? 0.35 : 0.8) * height);
+    band.top = std::max(0, core->first - reachUp);
+    band.bottom = std::min(rows - 1, core->last + reachDown);
+    if (band.aboveBottom >= 0)
+        band.top = std::max(band.top, valley(profile, band.aboveBottom, core->first));
+    if (band.belowTop < rows)
+        band.bottom = std::min(band.bottom, valley(profile, core->last, band.belowTop));
+    return band;
+}

@@ -1,0 +1,195 @@
+#include "open/iap/linecutter.h"
+
+#include "open/iap/characterrow.h"
+#include "open/iap/lineband.h"
+#include "open/iap/straightener.h"
+
+#include <opencv2/imgproc.hpp>
+
+#include <algorithm>
+#include <cstdint>
+#include <numeric>
+
+namespace {
+
+constexpr double MmPerInch = 25.4;
+constexpr double ProfileSmoothingMm = 0.2;
+constexpr double InkPart = 0.3; // of the darkest print: from here on a pixel belongs to a letter
+constexpr int LeastInk = 40;    // of 255
+constexpr int LeastPixels = 5;  // of a mark that is kept
+constexpr int SmallestLetter = 18;
+constexpr int LargestLetter = 36;
+constexpr double WantedLetter = 26.0;
+constexpr int Rim = 12; // white pixels around the line
+
+double meanRow(const std::vector<cv::Point2d>& path)
+{
+    const double sum = std::accumulate(path.begin(), path.end(), 0.0,
+                                       [](double s, const cv::Point2d& p) { return s + p.y; });
+    return path.empty() ? 0.0 : sum / double(path.size());
+}
+
+/* The level of ink that only `part` of the pixels under the mask (all without one) exceed. */
+int levelAbove(const cv::Mat& ink, double part, const cv::Mat& mask = cv::Mat())
+{
+    std::vector<int> counts(256);
+    int total = 0;
+    for (int y = 0; y < ink.rows; ++y)
+        for (int x = 0; x < ink.cols; ++x)
+            if (mask.empty() || mask.at<std::uint8_t>(y, x) != 0) {
+                ++counts[ink.at<std::uint8_t>(y, x)];
+                ++total;
+            }
+    int above = 0;
+    for (int level = 255; level > 0; --level) {
+        above += counts[level];
+        if (above > part * total)
+            return level;
+    }
+    return 0;
+}
+
+/* The marks (connected ink) of the line, sorted out from its neighbours'. */
+class LineMarks
+{
+public:
+    LineMarks(const LineStrip& strip, const LineBand& band) : m_band(band)
+    {
+        const int threshold = std::max(
+            LeastInk,
+            static_cast<int>(
+                InkPart * levelAbove(strip.ink.rowRange(band.coreTop, band.coreBottom + 1), 0.01)));
+        const cv::Mat dark = strip.ink >= threshold;
+        cv::Mat labels;
+        cv::Mat stats;
+        cv::Mat middles;
+        const int count = cv::connectedComponentsWithStats(dark, labels, stats, middles, 8, CV_32S);
+        const cv::Mat reach = reachOf(strip.seen);
+        std::vector<int> verdicts(count, 0);
+        for (int i = 1; i < count; ++i)
+            verdicts[i] = verdict(
+                cv::Rect(stats.at<int>(i, cv::CC_STAT_LEFT), stats.at<int>(i, cv::CC_STAT_TOP),
+                         stats.at<int>(i, cv::CC_STAT_WIDTH), stats.at<int>(i, cv::CC_STAT_HEIGHT)),
+                stats.at<int>(i, cv::CC_STAT_AREA), middles.at<double>(i, 1), reach);
+        paint(labels, verdicts);
+    }
+
+    const cv::Mat& ours() const { return m_ours; }
+    const cv::Mat& foreign() const { return m_foreign; }
+    cv::Rect bounds() const { return m_bounds; }
+
+private:
+    enum Verdict { Foreign = 1, Ours = 2, Both = 3 };
+
+    /* First and last column of the core that a frame saw. */
+    cv::Mat reachOf(const cv::Mat& seen) const
+    {
+        cv::Mat columns;
+        cv::reduce(seen.rowRange(m_band.coreTop, m_band.coreBottom + 1), columns, 0,
+                   cv::REDUCE_MIN);
+        cv::Mat places;
+        cv::findNonZero(columns, places);
+        cv::Mat_<int> reach(1, 2, 0);
+        reach(1) = seen.cols - 1;
+        if (!places.empty()) {
+            reach(0) = places.at<cv::Point>(0).x;
+            reach(1) = places.at<cv::Point>(static_cast<int>(places.total()) - 1).x;
+        }
+        return reach;
+    }
+
+    int verdict(const cv::Rect& box, int area, double middleRow, const cv::Mat& reach) const
+    {
+        constexpr int margin = 2;
+        const int last = box.y + box.height - 1;
+        const bool inCore = box.y <= m_band.coreBottom && last >= m_band.coreTop;
+        const bool inNeighbour = box.y <= m_band.aboveBottom || last >= m_band.belowTop;
+        if (inCore && inNeighbour)
+            return Both;
+        // A letter that the picture's end cuts through can only be misread.
+        const bool isCut = box.x <= reach.at<int>(0) + margin
+                           || box.x + box.width - 1 >= reach.at<int>(1) - margin;
+        const bool isWhole = box.width > 2 * m_band.coreHeight();
+        if (area < LeastPixels || (isCut && !isWhole))
+            return Foreign;
+        if (inCore)
+            return Ours;
+        return !inNeighbour && middleRow >= m_band.top && middleRow <= m_band.bottom ? Ours
+                                                                                     : Foreign;
+    }
+
+    void paint(const cv::Mat& labels, const std::vector<int>& verdicts)
+    {
+        m_ours = cv::Mat::zeros(labels.size(), CV_8U);
+        m_foreign = cv::Mat::zeros(labels.size(), CV_8U);
+        for (int y = 0; y < labels.rows; ++y)
+            for (int x = 0; x < labels.cols; ++x) {
+                const int kind = verdicts[labels.at<int>(y, x)];
+                const bool inBand = y >= m_band.top && y <= m_band.bottom;
+                if (kind == Ours || (kind == Both && inBand))
+                    m_ours.at<std::uint8_t>(y, x) = 255;
+                else if (kind != 0)
+                    m_foreign.at<std::uint8_t>(y, x) = 255;
+            }
+        m_bounds = cv::boundingRect(m_ours);
+    }
+
+    LineBand m_band;
+    cv::Mat m_ours;
+    cv::Mat m_foreign;
+    cv::Rect m_bounds;
+};
+
+/* The line's ink alone, from paper (0) to full black (255). */
+cv::Mat cleanedInk(const cv::Mat& ink, const LineMarks& marks)
+{
+    static const cv::Mat halo = cv::getStructuringElement(cv::MORPH_ELLIPSE, cv::Size(7, 7));
+    cv::Mat aroundOurs;
+    cv::Mat aroundForeign;
+    cv::dilate(marks.ours(), aroundOurs, halo);
+    cv::dilate(marks.foreign(), aroundForeign, halo);
+    const cv::Mat elsewhere = aroundOurs == 0;
+    const int ground = levelAbove(ink(marks.bounds()), 0.5, elsewhere(marks.bounds()));
+    const int full =
+        std::max(ground + 1, levelAbove(ink(marks.bounds()), 0.2, marks.ours()(marks.bounds())));
+    cv::Mat cleaned;
+    ink.convertTo(cleaned, CV_8U, 255.0 / (full - ground), -255.0 * ground / (full - ground));
+    cleaned.setTo(0, elsewhere & aroundForeign);
+    return cleaned(marks.bounds()).clone();
+}
+
+cv::Mat scaledToRead(const cv::Mat& ink, int letterHeight)
+{
+    if (letterHeight >= SmallestLetter && letterHeight <= LargestLetter)
+        return ink;
+    const double scale = std::clamp(WantedLetter / letterHeight, 0.2, 4.0);
+    cv::Mat scaled;
+    cv::resize(ink, scaled, cv::Size(), scale, scale,
+               scale < 1.0 ? cv::INTER_AREA : cv::INTER_CUBIC);
+    return scaled;
+}
+
+} // namespace
+
+cv::Mat cutLine(const LineStrip& strip, const LineCutSettings& settings)
+{
+    const double dotsPerMm = settings.dpi / MmPerInch;
+    const LineStrip straight = unbent(levelled(strip, lineAngle(strip)));
+    // Lying characters fill their column like Chinese ones fill a row.
+    const bool square = settings.han || settings.vertical;
+    const std::vector<float> profile =
+        rowProfile(straight.ink, straight.seen, ProfileSmoothingMm * dotsPerMm);
+    const std::optional<LineBand> band =
+        findLine(profile, meanRow(straight.path), dotsPerMm, square);
+    if (!band)
+        return {};
+    const LineMarks marks(straight, *band);
+    if (marks.bounds().empty())
+        return {};
+    cv::Mat ink = cleanedInk(straight.ink, marks);
+    if (settings.vertical)
+        ink = characterRow(ink);
+    ink = scaledToRead(ink, square ? band->coreHeight() / 2 : band->coreHeight());
+    cv::copyMakeBorder(ink, ink, Rim, Rim, Rim, Rim, cv::BORDER_CONSTANT, cv::Scalar(0));
+    return 255 - ink;
+}
