@@ -127,6 +127,14 @@ class Texts(Tree):
             with self.subTest(words):
                 self.fails("app/x.cpp", f"// {words}\n")
 
+    def test_broken_link(self):
+        self.fails("docs/x.md", "[there](nowhere.md)\n")
+
+    def test_links_that_lead_somewhere(self):
+        done = self.run_check("check-text", {"README.md": "[d](docs/x.md#a) [w](https://e.org/x)\n",
+                                             "docs/x.md": "[up](../README.md)\n"})
+        self.assertEqual(done.returncode, 0, done.stdout)
+
     def test_trailing_blank(self):
         self.fails("app/x.cpp", "int x; \n")
 
