@@ -1,0 +1,33 @@
+#ifndef SCANTEXT_H
+#define SCANTEXT_H
+
+#include <QByteArray>
+#include <QString>
+
+/* The text of a scan file, as bytes and back; the excerpts of it. No state. */
+namespace scantext {
+
+/* A byte-order mark (FF FE), then the text's code units, little-endian, as they are. */
+QByteArray encode(const QString& text);
+
+/* The text with "\r\n" for each "\n": what is stored when an existing file is saved. */
+QString withCarriageReturns(const QString& text);
+
+/* The text of a file. Our own files are UTF-16 with a mark; files from a PC may be anything: a
+ * mark decides, else UTF-16 shows by its zero bytes, UTF-8 and GBK by being well formed, and what
+ * is none of these is taken as little-endian UTF-16. Line ends of all kinds become "\n". */
+QString decode(const QByteArray& bytes);
+
+/* Bytes that the text takes in a saved file, without the mark: each "\n" counts as two units. */
+qint64 savedSize(const QString& text);
+
+/* The excerpt of a new file: the last 6 characters. */
+QString briefOfNew(const QString& text);
+
+/* The excerpt of a file that is saved again: the last 6 characters that are no blank, tab or line
+ * feed, in their order. */
+QString briefOfSaved(const QString& text);
+
+} // namespace scantext
+
+#endif
