@@ -1,0 +1,275 @@
+#include "open/tts/piecer.h"
+
+#include "open/tts/characters.h"
+#include "open/tts/textreader.h"
+
+#include <algorithm>
+#include <span>
+
+namespace tts {
+
+namespace {
+
+/* Characters [begin, end) of a stretch that are one word. */
+struct Token
+{
+    std::size_t begin;
+    std::size_t end;
+    Script script;
+};
+
+using Characters = std::span<const Character>;
+
+/* Whether punctuation inside a run without blanks divides words ("one,two", "end—begin") or is
+ * part of one ("3.14", "don't", "well-known", "example.org"). */
+bool dividesWords(Characters text, std::size_t at)
+{
+    const char32_t c = text[at].code;
+    if (!isPunctuation(c))
+        return false;
+    if (c == U'-' || c == U'\'' || c == 0x2010 || c == 0x2011 || c == 0x2019 || c == U'.')
+        return false;
+    const bool betweenDigits =
+        at > 0 && at + 1 < text.size() && isDigit(text[at - 1].code) && isDigit(text[at + 1].code);
+    return !((c == U',' || c == U':') && betweenDigits);
+}
+
+bool endsRun(Characters text, std::size_t at)
+{
+    return isBlank(text[at].code) || isHan(text[at].code) || dividesWords(text, at);
+}
+
+/* The word of a run without blanks: less the punctuation around it. */
+void addToken(std::vector<Token>& tokens, Characters text, std::size_t begin, std::size_t end,
+              Script neutral)
+{
+    const auto silent = [text](std::size_t at) {
+        return isPunctuation(text[at].code) || isSilentMark(text[at].code);
+    };
+    while (begin < end && silent(begin))
+        ++begin;
+    while (begin < end && silent(end - 1))
+        --end;
+    if (begin == end)
+        return;
+    const auto word = text.subspan(begin, end - begin);
+    const bool letters =
+        std::any_of(word.begin(), word.end(), [](const Character& c) { return isLetter(c.code); });
+    tokens.push_back({begin, end, letters ? Script::Alphabetic : neutral});
+}
+
+std::vector<Token> tokensOf(Characters text, Script neutral)
+{
+    std::vector<Token> tokens;
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (!endsRun(text, at))
+            continue;
+        addToken(tokens, text, begin, at, neutral);
+        begin = at + 1;
+        if (isHan(text[at].code))
+            tokens.push_back({at, at + 1, Script::Chinese});
+    }
+    addToken(tokens, text, begin, text.size(), neutral);
+    return tokens;
+}
+
+/* Longer clauses lose text in the synthesizer without a word. Spoken forms count: a digit becomes
+ * a word. */
+constexpr int ClauseBudget = 500;
+
+int costOf(char32_t c)
+{
+    if (isDigit(c))
+        return 12;
+    if (isHan(c))
+        return 6;
+    return isLetter(c) || isBlank(c) ? 2 : 10;
+}
+
+bool isFollowedByBlank(Characters text, std::size_t at)
+{
+    while (at + 1 < text.size() && isClosing(text[at + 1].code))
+        ++at;
+    return at + 1 >= text.size() || isBlank(text[at + 1].code);
+}
+
+/* How good a place the end of a character is to cut at; 0 is none. */
+int cutQuality(Characters text, std::size_t at)
+{
+    const char32_t c = text[at].code;
+    const bool fullWidth = c >= 0x3000;
+    if (isClauseEnd(c) && (fullWidth || isFollowedByBlank(text, at)))
+        return isSentenceEnd(c) ? 3 : 2;
+    return isBlank(c) ? 1 : 0;
+}
+
+/* Where the piece that begins at `begin` ends: at `end` if the budget lets it, else at the best
+ * place before. */
+std::size_t pieceEnd(Characters text, std::size_t begin, std::size_t end)
+{
+    int cost = 0;
+    std::size_t best = begin;
+    int bestQuality = 0;
+    for (std::size_t at = begin; at < end; ++at) {
+        cost += costOf(text[at].code);
+        if (cost > ClauseBudget)
+            return bestQuality > 0 ? best : std::max(at, begin + 1);
+        // A cut in the first quarter would make a tiny piece for little.
+        int quality = cutQuality(text, at);
+        if (quality > 1 && cost < ClauseBudget / 4)
+            quality = 1;
+        if (quality > 0 && quality >= bestQuality) {
+            bestQuality = quality;
+            best = at + 1;
+            while (best < end && isClosing(text[best].code))
+                ++best;
+        }
+    }
+    return end;
+}
+
+/* Whether the last sign before closing quotes and brackets makes a pause. */
+bool endsWithClauseEnd(const std::u32string& text)
+{
+    for (auto it = text.rbegin(); it != text.rend(); ++it)
+        if (!isBlank(*it) && !isClosing(*it))
+            return isClauseEnd(*it);
+    return false;
+}
+
+/* Appends a character in the form that the synthesizer takes best: of a run like "..." or "?!"
+ * only the first, as it loses its place in the text there. */
+void appendCharacter(std::u32string& text, char32_t c)
+{
+    if (isSilentMark(c))
+        return;
+    const std::size_t lastMark = text.find_last_not_of(U' ');
+    const bool repeats = isClauseEnd(c) && !text.empty() && lastMark != std::u32string::npos
+                         && isClauseEnd(text[lastMark]);
+    text += repeats || isBlank(c) ? U' ' : c;
+}
+
+class StretchCutter
+{
+public:
+    StretchCutter(const Stretch& stretch, Script neutral)
+        : m_stretch(stretch),
+          m_text(stretch.characters),
+          m_tokens(tokensOf(m_text, neutral)),
+          m_neutral(neutral)
+    {
+    }
+
+    void cut(std::vector<Piece>& pieces)
+    {
+        std::size_t begin = 0;
+        while (begin < m_text.size()) {
+            const std::size_t runEnd = endOfRun();
+            while (begin < runEnd) {
+                const std::size_t end = pieceEnd(m_text, begin, runEnd);
+                addPiece(pieces, begin, end, runEnd);
+                begin = end;
+            }
+        }
+        finishStretch(pieces);
+    }
+
+private:
+    /* The end of the characters of one script, from the first token not yet spoken. */
+    std::size_t endOfRun()
+    {
+        if (m_next >= m_tokens.size())
+            return m_text.size();
+        m_script = m_tokens[m_next].script;
+        for (std::size_t i = m_next; i < m_tokens.size(); ++i)
+            if (m_tokens[i].script != m_script)
+                return startOfRun(i);
+        return m_text.size();
+    }
+
+    /* Opening quotes and brackets go with the word that they open. */
+    std::size_t startOfRun(std::size_t token) const
+    {
+        std::size_t begin = m_tokens[token].begin;
+        const std::size_t least = m_tokens[token - 1].end;
+        while (begin > least && isPunctuation(m_text[begin - 1].code)
+               && !isClauseEnd(m_text[begin - 1].code) && !isClosing(m_text[begin - 1].code))
+            --begin;
+        return begin;
+    }
+
+    void addPiece(std::vector<Piece>& pieces, std::size_t begin, std::size_t end,
+                  std::size_t runEnd)
+    {
+        Piece piece;
+        piece.script = m_script;
+        for (std::size_t at = begin; at < end; ++at) {
+            const bool starts = m_next < m_tokens.size() && m_tokens[m_next].begin == at;
+            if (starts)
+                piece.words.push_back(wordOf(m_tokens[m_next++], piece.text.size(), end));
+            appendCharacter(piece.text, m_text[at].code);
+        }
+        const bool continuesWord = piece.words.empty() && begin > 0 && isInsideToken(begin);
+        if (piece.words.empty() && !continuesWord)
+            return;
+        if (end < m_text.size() && !endsWithClauseEnd(piece.text)) {
+            piece.text += U',';
+            piece.endPause = end < runEnd;
+        }
+        pieces.push_back(std::move(piece));
+    }
+
+    bool isInsideToken(std::size_t at) const
+    {
+        return m_next > 0 && m_tokens[m_next - 1].begin < at && at < m_tokens[m_next - 1].end;
+    }
+
+    Word wordOf(const Token& token, std::size_t begin, std::size_t pieceLimit) const
+    {
+        const Character& first = m_text[token.begin];
+        const Character& last = m_text[token.end - 1];
+        const std::size_t inPiece = std::min(token.end, pieceLimit);
+        const auto text = m_text.subspan(token.begin, inPiece - token.begin);
+        const auto silent = std::count_if(text.begin(), text.end(),
+                                          [](const Character& c) { return isSilentMark(c.code); });
+        return {first.offset, last.offset + last.units - first.offset, begin,
+                begin + text.size() - static_cast<std::size_t>(silent)};
+    }
+
+    /* The last piece takes the pause of the stretch; without words there is only the pause. */
+    void finishStretch(std::vector<Piece>& pieces)
+    {
+        if (!m_tokens.empty()) {
+            Piece& last = pieces.back();
+            if (m_stretch.end != StretchEnd::Text && !endsWithClauseEnd(last.text))
+                last.text += m_stretch.end == StretchEnd::Paragraph ? U'.' : U',';
+            last.endPause = true;
+            last.pauseMs = m_stretch.pauseMs;
+        } else if (m_stretch.pauseMs > 0) {
+            Piece silence;
+            silence.script = m_neutral;
+            silence.pauseMs = m_stretch.pauseMs;
+            pieces.push_back(std::move(silence));
+        }
+    }
+
+    const Stretch& m_stretch;
+    const Characters m_text;
+    const std::vector<Token> m_tokens;
+    const Script m_neutral;
+    Script m_script = Script::Alphabetic;
+    std::size_t m_next = 0; // first token not yet in a piece
+};
+
+} // namespace
+
+std::vector<Piece> cutIntoPieces(std::u16string_view text, Script script)
+{
+    std::vector<Piece> pieces;
+    for (const Stretch& stretch : readText(text))
+        StretchCutter(stretch, script).cut(pieces);
+    return pieces;
+}
+
+} // namespace tts

@@ -1,0 +1,44 @@
+#ifndef OPEN_TTS_PIECER_H
+#define OPEN_TTS_PIECER_H
+
+#include "open/tts/voices.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tts {
+
+/* One word to report: where it stands in the text, and in the piece that speaks it. */
+struct Word
+{
+    int offset;        // UTF-16 units into the text
+    int length;        // UTF-16 units
+    std::size_t begin; // characters into Piece::text
+    std::size_t end;   // past the last
+};
+
+/* What the synthesizer gets at a time. */
+struct Piece
+{
+    Script script = Script::Alphabetic;
+    std::u32string text; // empty when nothing is to be spoken
+    std::vector<Word> words;
+    bool endPause = true; // the pause that the last punctuation makes by nature
+    int pauseMs = 0;      // silence to add after it
+};
+
+/*
+ * Cuts a text into pieces: at pause tags and paragraph ends, where the script changes, and where a
+ * clause grows so long that the synthesizer would lose its end. `script` speaks what belongs to
+ * neither script.
+ *
+ * The words of all the pieces, in order, are the words of the text, each once: what stands between
+ * blanks, without the punctuation around it; Chinese characters one by one.
+ */
+std::vector<Piece> cutIntoPieces(std::u16string_view text, Script script);
+
+} // namespace tts
+
+#endif

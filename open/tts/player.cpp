@@ -1,0 +1,148 @@
+#include "open/tts/player.h"
+
+#include "open/tts/piecer.h"
+#include "open/tts/sdloutput.h"
+#include "open/tts/synthesizer.h"
+#include "open/tts/wavoutput.h"
+
+#include "desk/desklink.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace tts {
+
+namespace {
+
+constexpr const char* WavSpeedVariable = "SWIPELINE_WAV_SPEED";
+
+double wavPace()
+{
+    const char* value = std::getenv(WavSpeedVariable);
+    const double pace = value ? std::strtod(value, nullptr) : 1;
+    return pace > 0 ? std::clamp(pace, 0.1, 10000.0) : 1;
+}
+
+std::unique_ptr<AudioOutput> openOutput(SampleQueue& queue)
+{
+    const char* file = std::getenv(desklink::WavVariable);
+    if (file && *file)
+        return WavOutput::open(queue, file, wavPace());
+    return SdlOutput::open(queue);
+}
+
+} // namespace
+
+bool Player::start(const std::vector<std::string>& folders)
+{
+    const std::lock_guard starting(m_startMutex);
+    if (m_output)
+        return true;
+    if (!Synthesizer::start(folders))
+        return false;
+    m_output = openOutput(m_queue);
+    const std::lock_guard lock(m_stateMutex);
+    m_started = m_output != nullptr;
+    return m_started;
+}
+
+bool Player::close()
+{
+    const std::lock_guard starting(m_startMutex);
+    if (!m_output)
+        return false;
+    {
+        std::unique_lock lock(m_stateMutex);
+        m_started = false;
+    }
+    stop();
+    {
+        std::unique_lock lock(m_stateMutex);
+        m_left.wait(lock, [this] { return m_playing == 0; });
+    }
+    m_output.reset();
+    return true;
+}
+
+Player::Outcome Player::play(std::u16string_view text)
+{
+    const std::uint64_t generation = m_generation;
+    Utterance::Manner manner = {};
+    if (!enter(manner))
+        return Outcome::Failed;
+    const Outcome outcome = speak(text, manner, generation);
+    leave();
+    return outcome;
+}
+
+bool Player::enter(Utterance::Manner& manner)
+{
+    const std::lock_guard lock(m_stateMutex);
+    manner = m_manner;
+    if (m_started)
+        ++m_playing;
+    return m_started;
+}
+
+void Player::leave()
+{
+    const std::lock_guard lock(m_stateMutex);
+    --m_playing;
+    m_left.notify_all();
+}
+
+Player::Outcome Player::speak(std::u16string_view text, const Utterance::Manner& manner,
+                              std::uint64_t generation)
+{
+    const std::lock_guard speaking(m_speakMutex);
+    if (generation != m_generation)
+        return Outcome::Stopped;
+    const std::vector<Piece> pieces = cutIntoPieces(text, manner.voice->script);
+    if (pieces.empty())
+        return Outcome::Spoken;
+    m_reports.begin(text, {manner.voice->code, manner.speed, m_queue.loudness().volume()});
+    m_queue.begin(generation);
+    const Utterance::Outcome outcome = Utterance(m_queue, m_reports, manner).speak(pieces);
+    m_queue.end();
+    m_reports.end(outcome != Utterance::Outcome::Spoken);
+    switch (outcome) {
+    case Utterance::Outcome::Spoken:
+        return Outcome::Spoken;
+    case Utterance::Outcome::Stopped:
+        return Outcome::Stopped;
+    case Utterance::Outcome::Failed:
+        break;
+    }
+    return Outcome::Failed;
+}
+
+void Player::stop()
+{
+    ++m_generation;
+    m_queue.wake();
+}
+
+bool Player::setVoice(int code)
+{
+    const Voice* voice = findVoice(code);
+    if (!voice)
+        return false;
+    const std::lock_guard lock(m_stateMutex);
+    m_manner.voice = voice;
+    return true;
+}
+
+void Player::setSpeed(int speed)
+{
+    constexpr int Fastest = 1000; // beyond any that makes a difference
+    const std::lock_guard lock(m_stateMutex);
+    m_manner.speed = std::clamp(speed, 0, Fastest);
+}
+
+void Player::setCallback(ZEMBRA_TTS_HighlightCallback callback)
+{
+    const std::lock_guard lock(m_stateMutex);
+    m_manner.callback = callback;
+}
+
+} // namespace tts

@@ -1,0 +1,101 @@
+#include "open/tts/utterance.h"
+
+#include <algorithm>
+
+namespace tts {
+
+namespace {
+
+/* So much is synthesized before it is heard: enough for any delay, little enough for the memory. */
+constexpr std::int64_t MostAhead = 4 * SampleRate;
+
+std::int64_t samplesOf(int milliseconds)
+{
+    return static_cast<std::int64_t>(milliseconds) * SampleRate / 1000;
+}
+
+} // namespace
+
+Utterance::Utterance(SampleQueue& queue, SpeechReports& reports, const Manner& manner)
+    : m_queue(queue), m_reports(reports), m_manner(manner)
+{
+}
+
+Utterance::Outcome Utterance::speak(const std::vector<Piece>& pieces)
+{
+    bool failed = false;
+    for (const Piece& piece : pieces) {
+        failed = !piece.text.empty() && !speakPiece(piece);
+        if (failed || m_stopped)
+            break;
+        m_queue.pushSilence(samplesOf(piece.pauseMs));
+        if (!keepPace(MostAhead))
+            break;
+    }
+    if (!m_stopped && !failed)
+        keepPace(0);
+    if (m_stopped)
+        return Outcome::Stopped;
+    return failed ? Outcome::Failed : Outcome::Spoken;
+}
+
+bool Utterance::speakPiece(const Piece& piece)
+{
+    const std::int64_t start = m_queue.pushed();
+    WordClock clock(piece, start);
+    m_clock = &clock;
+    const int rate = wordsPerMinute(*m_manner.voice, m_manner.speed);
+    const bool spoken = Synthesizer::speak(piece, m_manner.voice->file(piece.script), rate, *this);
+    clock.finish(m_queue.pushed() - start);
+    takeWords();
+    m_clock = nullptr;
+    return spoken || m_stopped;
+}
+
+void Utterance::wordEvent(std::size_t character, std::int64_t sample)
+{
+    m_clock->addEvent(character, sample);
+}
+
+bool Utterance::samples(std::span<const std::int16_t> samples)
+{
+    m_queue.push(samples);
+    takeWords();
+    return keepPace(MostAhead);
+}
+
+void Utterance::takeWords()
+{
+    const std::vector<TimedWord> words = m_clock->take();
+    m_words.insert(m_words.end(), words.begin(), words.end());
+}
+
+/* Reports what is heard; waits until no more than `ahead` samples are still to be heard. False
+ * when the text was stopped. */
+bool Utterance::keepPace(std::int64_t ahead)
+{
+    const std::int64_t target = std::max<std::int64_t>(m_queue.pushed() - ahead, 0);
+    m_stopped = m_stopped || !reportUntil(std::max(target, m_queue.heard()));
+    return !m_stopped;
+}
+
+/* Waits until the sample is heard and reports the words up to it, each in its time. */
+bool Utterance::reportUntil(std::int64_t sample)
+{
+    while (!m_words.empty() && m_words.front().sample <= sample) {
+        if (!m_queue.waitUntilHeard(m_words.front().sample))
+            return false;
+        report(m_words.front());
+        m_words.pop_front();
+    }
+    return m_queue.waitUntilHeard(sample);
+}
+
+void Utterance::report(const TimedWord& word)
+{
+    m_reports.word(word.offset, word.length);
+    if (m_manner.callback)
+        m_manner.callback(word.offset, word.length, ZEMBRA_TTS_WORD);
+}
+
+} // namespace tts

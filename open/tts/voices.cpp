@@ -1,0 +1,71 @@
+#include "open/tts/voices.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace tts {
+
+namespace {
+
+// Names of voice files, not of languages: "en-gb" and the like are not found, and the plain
+// Chinese voices read pinyin as if it were English.
+constexpr const char* English = "gmw/en";
+constexpr const char* Chinese = "sit/cmn-Latn-pinyin";
+constexpr int Normal = 48;
+
+constexpr Voice Voices[] = {
+    {1, Script::Chinese, English, Chinese, Normal},
+    {2, Script::Chinese, English, Chinese, Normal},
+    {101, Script::Alphabetic, English, Chinese, Normal},
+    {103, Script::Alphabetic, "roa/fr", Chinese, Normal},
+    {104, Script::Alphabetic, "gmw/de", Chinese, Normal},
+    {105, Script::Alphabetic, "roa/es", Chinese, Normal},
+    {106, Script::Alphabetic, "roa/it", Chinese, Normal},
+    {107, Script::Alphabetic, "gmq/sv", Chinese, Normal},
+    {108, Script::Alphabetic, "gmq/da", Chinese, Normal},
+    {109, Script::Alphabetic, "gmq/nb", Chinese, Normal},
+    {110, Script::Alphabetic, "gmw/nl", Chinese, Normal},
+    {111, Script::Alphabetic, "roa/pt", Chinese, Normal},
+    {151, Script::Alphabetic, "zle/ru", Chinese, Normal},
+    {152, Script::Alphabetic, "sem/ar", Chinese, Normal},
+    {200, Script::Alphabetic, English, Chinese, Normal},
+    {201, Script::Alphabetic, "gmw/en-US", Chinese, Normal},
+    {202, Script::Alphabetic, "roa/es-419", Chinese, 90},
+    {203, Script::Alphabetic, "gmw/en+f3", "sit/cmn-Latn-pinyin+f3", Normal},
+    {204, Script::Alphabetic, "gmw/en-GB-scotland", Chinese, Normal},
+    {205, Script::Alphabetic, "gmw/en-US+f3", "sit/cmn-Latn-pinyin+f3", Normal},
+    {206, Script::Alphabetic, "gmw/en-GB-x-rp", Chinese, Normal},
+    {211, Script::Chinese, "gmw/en+f3", "sit/cmn-Latn-pinyin+f3", Normal},
+    {212, Script::Chinese, "gmw/en+m3", "sit/cmn-Latn-pinyin+m3", Normal},
+};
+
+constexpr int DefaultCode = 101;
+
+} // namespace
+
+const Voice* findVoice(int code)
+{
+    const auto* found = std::find_if(std::begin(Voices), std::end(Voices),
+                                     [code](const Voice& voice) { return voice.code == code; });
+    return found == std::end(Voices) ? nullptr : found;
+}
+
+const Voice& defaultVoice()
+{
+    return *findVoice(DefaultCode);
+}
+
+int wordsPerMinute(const Voice& voice, int speed)
+{
+    // Beyond 440 espeak leaves out parts of pauses.
+    constexpr int Slowest = 80;
+    constexpr int NormalRate = 175;
+    constexpr int Fastest = 440;
+    const double share = static_cast<double>(speed) / voice.normalSpeed;
+    const double rate =
+        share <= 1 ? Slowest + (NormalRate - Slowest) * share : NormalRate + 200 * (share - 1);
+    return std::clamp(static_cast<int>(std::lround(rate)), Slowest, Fastest);
+}
+
+} // namespace tts
