@@ -8,11 +8,11 @@
 
 namespace {
 
-constexpr float LeastInk = 3.0F;    // of 255, mean of a row: less is no line
-constexpr float CorePart = 0.4F;    // of the fullest row
-constexpr double AimMm = 3.2;       // how far off its middle a line may be passed
-constexpr double LeastCoreMm = 0.5; // lower runs are rules and dirt
-constexpr double NeighbourPart = 0.4;
+constexpr float LeastInk = 3.0F;      // of 255, mean of a row: less is no line
+constexpr float CorePart = 0.4F;      // of the fullest row
+constexpr double AimMm = 3.2;         // how far off its middle a line may be passed
+constexpr double LeastCoreMm = 0.5;   // lower runs are rules and dirt
+constexpr double NeighbourPart = 0.2; // of the line's height: it may be half in view only
 
 struct Run
 {

@@ -49,29 +49,39 @@ int levelAbove(const cv::Mat& ink, double part, const cv::Mat& mask = cv::Mat())
     return 0;
 }
 
+/* Where the seen area ends: marks that reach it are cut by it. */
+cv::Mat rimOf(const cv::Mat& seen)
+{
+    cv::Mat inner;
+    cv::erode(seen, inner, cv::getStructuringElement(cv::MORPH_RECT, cv::Size(5, 5)),
+              cv::Point(-1, -1), 1, cv::BORDER_CONSTANT, cv::Scalar(0));
+    return seen & ~inner;
+}
+
 /* The marks (connected ink) of the line, sorted out from its neighbours'. */
 class LineMarks
 {
 public:
     LineMarks(const LineStrip& strip, const LineBand& band) : m_band(band)
     {
-        const int threshold = std::max(
-            LeastInk,
-            static_cast<int>(
-                InkPart * levelAbove(strip.ink.rowRange(band.coreTop, band.coreBottom + 1), 0.01)));
+        const cv::Mat core = strip.ink.rowRange(band.coreTop, band.coreBottom + 1);
+        const int threshold =
+            std::max(LeastInk, static_cast<int>(InkPart * levelAbove(core, 0.01)));
         const cv::Mat dark = strip.ink >= threshold;
         cv::Mat labels;
         cv::Mat stats;
         cv::Mat middles;
         const int count = cv::connectedComponentsWithStats(dark, labels, stats, middles, 8, CV_32S);
-        const cv::Mat reach = reachOf(strip.seen);
-        std::vector<int> verdicts(count, 0);
-        for (int i = 1; i < count; ++i)
-            verdicts[i] = verdict(
-                cv::Rect(stats.at<int>(i, cv::CC_STAT_LEFT), stats.at<int>(i, cv::CC_STAT_TOP),
-                         stats.at<int>(i, cv::CC_STAT_WIDTH), stats.at<int>(i, cv::CC_STAT_HEIGHT)),
-                stats.at<int>(i, cv::CC_STAT_AREA), middles.at<double>(i, 1), reach);
-        paint(labels, verdicts);
+        std::vector<Mark> marks(static_cast<std::size_t>(count));
+        for (int i = 1; i < count; ++i) {
+            const int* row = stats.ptr<int>(i);
+            marks[i].box = cv::Rect(row[cv::CC_STAT_LEFT], row[cv::CC_STAT_TOP],
+                                    row[cv::CC_STAT_WIDTH], row[cv::CC_STAT_HEIGHT]);
+            marks[i].area = row[cv::CC_STAT_AREA];
+            marks[i].middleRow = middles.at<double>(i, 1);
+        }
+        findCuts(labels, rimOf(strip.seen), marks);
+        paint(labels, marks);
     }
 
     const cv::Mat& ours() const { return m_ours; }
@@ -79,56 +89,57 @@ public:
     cv::Rect bounds() const { return m_bounds; }
 
 private:
-    enum Verdict { Foreign = 1, Ours = 2, Both = 3 };
-
-    /* First and last column of the core that a frame saw. */
-    cv::Mat reachOf(const cv::Mat& seen) const
+    enum class Side { None, Foreign, Ours, Both };
+    struct Mark
     {
-        cv::Mat columns;
-        cv::reduce(seen.rowRange(m_band.coreTop, m_band.coreBottom + 1), columns, 0,
-                   cv::REDUCE_MIN);
-        cv::Mat places;
-        cv::findNonZero(columns, places);
-        cv::Mat_<int> reach(1, 2, 0);
-        reach(1) = seen.cols - 1;
-        if (!places.empty()) {
-            reach(0) = places.at<cv::Point>(0).x;
-            reach(1) = places.at<cv::Point>(static_cast<int>(places.total()) - 1).x;
-        }
-        return reach;
+        cv::Rect box;
+        int area = 0;
+        double middleRow = 0.0;
+        bool isCut = false;       // by the end of what was seen
+        bool isCutInCore = false; // at the line's beginning or end
+    };
+
+    void findCuts(const cv::Mat& labels, const cv::Mat& rim, std::vector<Mark>& marks) const
+    {
+        for (int y = 0; y < labels.rows; ++y)
+            for (int x = 0; x < labels.cols; ++x)
+                if (rim.at<std::uint8_t>(y, x) != 0) {
+                    Mark& mark = marks[labels.at<int>(y, x)];
+                    mark.isCut = true;
+                    mark.isCutInCore |= y >= m_band.coreTop && y <= m_band.coreBottom;
+                }
     }
 
-    int verdict(const cv::Rect& box, int area, double middleRow, const cv::Mat& reach) const
+    Side sideOf(const Mark& mark) const
     {
-        constexpr int margin = 2;
-        const int last = box.y + box.height - 1;
-        const bool inCore = box.y <= m_band.coreBottom && last >= m_band.coreTop;
-        const bool inNeighbour = box.y <= m_band.aboveBottom || last >= m_band.belowTop;
-        if (inCore && inNeighbour)
-            return Both;
-        // A letter that the picture's end cuts through can only be misread.
-        const bool isCut = box.x <= reach.at<int>(0) + margin
-                           || box.x + box.width - 1 >= reach.at<int>(1) - margin;
-        const bool isWhole = box.width > 2 * m_band.coreHeight();
-        if (area < LeastPixels || (isCut && !isWhole))
-            return Foreign;
+        const int last = mark.box.y + mark.box.height - 1;
+        const bool inCore = mark.box.y <= m_band.coreBottom && last >= m_band.coreTop;
+        const bool inNeighbour = mark.box.y <= m_band.aboveBottom || last >= m_band.belowTop;
+        if (mark.area < LeastPixels)
+            return Side::Foreign;
+        // Half a letter can only be misread. Of a longer mark (joined letters) most is there.
+        if (mark.isCutInCore && mark.box.width < 2 * m_band.coreHeight())
+            return Side::Foreign;
         if (inCore)
-            return Ours;
-        return !inNeighbour && middleRow >= m_band.top && middleRow <= m_band.bottom ? Ours
-                                                                                     : Foreign;
+            return inNeighbour ? Side::Both : Side::Ours;
+        const bool inReach = mark.middleRow >= m_band.top && mark.middleRow <= m_band.bottom;
+        return inReach && !inNeighbour && !mark.isCut ? Side::Ours : Side::Foreign;
     }
 
-    void paint(const cv::Mat& labels, const std::vector<int>& verdicts)
+    void paint(const cv::Mat& labels, const std::vector<Mark>& marks)
     {
+        std::vector<Side> sides(marks.size(), Side::None);
+        for (std::size_t i = 1; i < marks.size(); ++i)
+            sides[i] = sideOf(marks[i]);
         m_ours = cv::Mat::zeros(labels.size(), CV_8U);
         m_foreign = cv::Mat::zeros(labels.size(), CV_8U);
         for (int y = 0; y < labels.rows; ++y)
             for (int x = 0; x < labels.cols; ++x) {
-                const int kind = verdicts[labels.at<int>(y, x)];
+                const Side side = sides[labels.at<int>(y, x)];
                 const bool inBand = y >= m_band.top && y <= m_band.bottom;
-                if (kind == Ours || (kind == Both && inBand))
+                if (side == Side::Ours || (side == Side::Both && inBand))
                     m_ours.at<std::uint8_t>(y, x) = 255;
-                else if (kind != 0)
+                else if (side != Side::None)
                     m_foreign.at<std::uint8_t>(y, x) = 255;
             }
         m_bounds = cv::boundingRect(m_ours);

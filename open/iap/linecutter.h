@@ -24,8 +24,8 @@ struct LineCutSettings
  * Cuts out the line of print that the pen followed: straight, without its neighbours, dark on
  * even white, with a white rim. 8 bit, 255 white; rows are continuous.
  *
- * Small letters (the height of an x; a Chinese character counts as two of them) come out 20 to 34
- * pixels high: print of 9 to 15 points at 300 dpi keeps its size, other print is scaled so that
+ * Small letters (the height of an x; a Chinese character counts as two of them) come out 18 to 36
+ * pixels high: print of 9 to 17 points at 300 dpi keeps its size, other print is scaled so that
  * they are 26. Vertical print comes out as a row of upright characters from left to right.
  *
  * Empty when there is no line of print at the pen's path.

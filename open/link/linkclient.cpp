@@ -21,7 +21,8 @@ int connectTo(const char* path)
     if (length == 0 || length >= sizeof address.sun_path)
         return -1;
     std::memcpy(address.sun_path, path, length);
-    const int fd = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0);
+    // Not blocking, so that a desk that hangs with a full backlog does not hang the engine.
+    const int fd = ::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (fd < 0)
         return -1;
     if (::connect(fd, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0) {
@@ -67,7 +68,11 @@ bool LinkClient::connectToDesk()
     if (m_fd < 0)
         return false;
     const desklink::Hello hello = {m_role, static_cast<std::uint32_t>(::getpid())};
-    return sendPacket(m_fd, desklink::Kind::Hello, bytesOf(hello), {});
+    if (sendPacket(m_fd, desklink::Kind::Hello, bytesOf(hello), {}))
+        return true;
+    ::close(m_fd);
+    m_fd = -1;
+    return false;
 }
 
 void LinkClient::disconnectFromDesk()

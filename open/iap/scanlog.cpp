@@ -1,0 +1,11 @@
+#include "open/iap/scanlog.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+void scanLog(const std::string& line)
+{
+    static const bool wanted = std::getenv("SWIPELINE_LOG") != nullptr;
+    if (wanted)
+        std::fprintf(stderr, "scan engine: %s\n", line.c_str());
+}
