@@ -37,7 +37,7 @@ void Loudness::apply(std::span<std::int16_t> samples)
     const int boost = m_boost;
     const float boostDb = MostBoostDb * static_cast<float>(boost) / 1000;
     const float gain = static_cast<float>(m_volume) / 100 * std::pow(10.0f, boostDb / 20);
-    const float from = m_lastGain < 0 ? gain : m_lastGain;
+    const float from = m_restart.exchange(false) ? gain : m_lastGain;
     const float step = samples.empty() ? 0 : (gain - from) / static_cast<float>(samples.size());
     float current = from;
     for (std::int16_t& sample : samples) {

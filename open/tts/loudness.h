@@ -16,13 +16,17 @@ public:
     void setBoost(int level);    // 0 to 1000 for 0 to +9 dB, clamped
     int volume() const { return m_volume; }
 
+    /* What is applied next begins at its volume, whatever came before. */
+    void restart() { m_restart = true; }
+
     /* Scales the samples in place, without clipping; a change of volume spreads over them. */
     void apply(std::span<std::int16_t> samples);
 
 private:
     std::atomic<int> m_volume = 100;
     std::atomic<int> m_boost = 0;
-    float m_lastGain = -1;
+    std::atomic<bool> m_restart = true;
+    float m_lastGain = 0;
 };
 
 } // namespace tts

@@ -28,6 +28,8 @@ void SampleQueue::begin(std::uint64_t generation)
 {
     const std::lock_guard lock(m_mutex);
     cutLocked();
+    if (m_tail.empty())
+        m_loudness.restart();
     m_textGeneration = generation;
     m_active = true;
     m_pushed = 0;

@@ -41,6 +41,14 @@ SDL_AudioDeviceID startDriver(const char* driver, SampleQueue& queue)
     return device;
 }
 
+void tellOnce(const char* reason)
+{
+    static bool told = false;
+    if (!told)
+        std::fprintf(stderr, "speech: no sound device (%s), speaking without sound\n", reason);
+    told = true;
+}
+
 } // namespace
 
 std::unique_ptr<SdlOutput> SdlOutput::open(SampleQueue& queue)
@@ -48,8 +56,7 @@ std::unique_ptr<SdlOutput> SdlOutput::open(SampleQueue& queue)
     // Only the audio part of SDL is started: the rest would take the signals of the process.
     SDL_AudioDeviceID device = startDriver(SDL_getenv("SDL_AUDIODRIVER"), queue);
     if (device == 0) {
-        std::fprintf(stderr, "speech: no sound device (%s), speaking without sound\n",
-                     SDL_GetError());
+        tellOnce(SDL_GetError());
         device = startDriver("dummy", queue);
     }
     if (device == 0)

@@ -1,0 +1,53 @@
+#include "wavfile.h"
+
+#include <QFile>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+constexpr qsizetype HeaderBytes = 44;
+
+template <typename T> T fieldAt(const QByteArray& bytes, qsizetype offset)
+{
+    return qFromLittleEndian<T>(bytes.constData() + offset);
+}
+
+bool isHeader(const QByteArray& bytes)
+{
+    if (bytes.size() < HeaderBytes || bytes.left(4) != "RIFF" || bytes.mid(8, 8) != "WAVEfmt "
+        || bytes.mid(36, 4) != "data")
+        return false;
+    const auto data = fieldAt<quint32>(bytes, 40);
+    return fieldAt<quint32>(bytes, 4) == data + 36 && fieldAt<quint32>(bytes, 16) == 16
+           && fieldAt<quint16>(bytes, 20) == 1 && fieldAt<quint16>(bytes, 22) == 1
+           && fieldAt<quint32>(bytes, 24) == 22050 && fieldAt<quint32>(bytes, 28) == 44100
+           && fieldAt<quint16>(bytes, 32) == 2 && fieldAt<quint16>(bytes, 34) == 16
+           && bytes.size() >= HeaderBytes + static_cast<qsizetype>(data);
+}
+
+} // namespace
+
+std::optional<std::vector<std::int16_t>> readWav(const QString& file)
+{
+    QFile wav(file);
+    if (!wav.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QByteArray bytes = wav.readAll();
+    if (!isHeader(bytes))
+        return std::nullopt;
+    std::vector<std::int16_t> samples(fieldAt<quint32>(bytes, 40) / 2);
+    std::memcpy(samples.data(), bytes.constData() + HeaderBytes, samples.size() * 2);
+    return samples;
+}
+
+int peakOf(const std::vector<std::int16_t>& samples, std::size_t begin)
+{
+    int peak = 0;
+    for (std::size_t i = begin; i < samples.size(); ++i)
+        peak = std::max(peak, std::abs(samples[i]));
+    return peak;
+}
