@@ -11,13 +11,6 @@
 
 namespace {
 
-int languageNumber(int menuLanguage)
-{
-    LanguageManager* const languages = LanguageManager::Instance();
-    const bool known = menuLanguage >= 0 && menuLanguage < languages->getShowLanSize();
-    return known ? languages->getLanIntByID(menuLanguage) : 0;
-}
-
 // The settings file itself is asked, not the cached settings: it holds what the launcher wrote.
 void applyMenuVoice()
 {
@@ -27,8 +20,8 @@ void applyMenuVoice()
         return settings.value(QLatin1String(key), fallback).toInt();
     };
     TTSPlayer* const player = TTSPlayer::Instance();
-    player->setLan(menuVoice(languageNumber(read("SystemSet/Lan", 0)), read("SystemSet/TTS", 0),
-                             ConfigReader::Instance()->getSpanishInfo()));
+    player->setLan(menuVoice(LanguageManager::Instance()->getLanIntByID(read("SystemSet/Lan", 0)),
+                             read("SystemSet/TTS", 0), ConfigReader::Instance()->getSpanishInfo()));
     player->setVolume(engineVolume(read("SystemSet/Volum", 4)));
     player->setSpeed(engineSpeed(read("SystemSet/Speed", 6)));
 }

@@ -1,16 +1,11 @@
 #include "engines/menuvoice.h"
 
+#include "store/voicecodes.h"
+
 #include <algorithm>
-#include <array>
 #include <limits>
 
 namespace {
-
-constexpr int English = 101;
-constexpr int EnglishVoice = 200;
-constexpr int Spanish = 105;
-constexpr int SpanishOfLatinAmerica = 202;
-constexpr std::array<int, 6> EnglishVoices = {200, 201, 203, 206, 205, 206};
 
 int scaled(int setting, int step)
 {
@@ -23,13 +18,11 @@ int scaled(int setting, int step)
 
 int menuVoice(int languageNumber, int voiceChoice, int spanishSetting)
 {
-    if (languageNumber == English || languageNumber == EnglishVoice) {
-        const bool known = voiceChoice >= 0 && voiceChoice < int(EnglishVoices.size());
-        return known ? EnglishVoices[static_cast<std::size_t>(voiceChoice)] : languageNumber;
-    }
-    if (languageNumber == Spanish && spanishSetting == 1)
-        return SpanishOfLatinAmerica;
-    return languageNumber;
+    using namespace voicecodes;
+    if (languageNumber == English || languageNumber == FirstEnglishVoice)
+        return englishVoice(voiceChoice, languageNumber);
+    return languageNumber == SpanishLanguage && spanishSetting == 1 ? SpanishVariant
+                                                                    : languageNumber;
 }
 
 int engineVolume(int setting)

@@ -30,6 +30,7 @@ struct Settings
     std::optional<std::vector<FakeTts::Report>> reports;
     int initializeResult = 0;
     int playResult = AsTheContractSays;
+    int missedStops = 0;
     bool started = false;
     ZEMBRA_TTS_HighlightCallback callback = nullptr;
     int language = 0;
@@ -194,6 +195,11 @@ void FakeTts::setPlayResult(int result)
     change([result](Settings& set) { set.playResult = result; });
 }
 
+void FakeTts::missStops(int number)
+{
+    change([number](Settings& set) { set.missedStops = number; });
+}
+
 bool FakeTts::waitUntilSpeaking()
 {
     return waitFor([] { return state().current != nullptr; });
@@ -326,7 +332,10 @@ int ZEMBRA_TTS_Stop(void)
     State& engine = state();
     {
         const std::lock_guard lock(engine.mutex);
-        ++engine.generation;
+        if (engine.set.missedStops > 0)
+            --engine.set.missedStops;
+        else
+            ++engine.generation;
     }
     engine.changed.notify_all();
     return 0;

@@ -35,6 +35,9 @@ public:
     static void setInitializeResult(int result);
     static void setPlayResult(int result);
 
+    /* The next `number` stops have no effect, as if they had come just before ZEMBRA_TTS_Play. */
+    static void missStops(int number);
+
     /* Waits until a text is being spoken, or until none is. */
     static bool waitUntilSpeaking();
     static bool waitUntilSilent();
