@@ -10,7 +10,7 @@ namespace {
 constexpr int Reduction = 4;
 constexpr int ClosingSide = 9; // pixels of the reduced picture
 // Below this the picture is dark for want of light, and noise must not become ink.
-constexpr double DarkestPaper = 24.0;
+constexpr float DarkestPaper = 24.0F;
 
 } // namespace
 
@@ -32,8 +32,8 @@ cv::Mat inkMap(const cv::Mat& grey)
         const std::uint8_t* paperRow = paper.ptr<std::uint8_t>(y);
         std::uint8_t* inkRow = ink.ptr<std::uint8_t>(y);
         for (int x = 0; x < grey.cols; ++x) {
-            const float white = std::max(static_cast<float>(DarkestPaper), float(paperRow[x]));
-            const float part = 1.0F - greyRow[x] / white;
+            const float white = std::max(DarkestPaper, float(paperRow[x]));
+            const float part = (float(paperRow[x]) - float(greyRow[x])) / white;
             inkRow[x] = static_cast<std::uint8_t>(std::clamp(part * 255.0F, 0.0F, 255.0F));
         }
     }

@@ -77,8 +77,12 @@ bool Panorama::add(const cv::Mat& ink, const Shift& place)
     const double s = std::sin(place.angle);
     const double midX = (m_frameSize.width - 1) / 2.0;
     const double midY = (m_frameSize.height - 1) / 2.0;
-    const cv::Matx23d toPatch(c, -s, place.x - area.x - c * midX + s * midY, //
-                              s, c, place.y - area.y - s * midX - c * midY);
+    // The middle of an even number of pixels lies between two: the first frame is to fall on the
+    // plane's own grid, or else everything would be interpolated once more.
+    const double gridX = midX - std::floor(midX);
+    const double gridY = midY - std::floor(midY);
+    const cv::Matx23d toPatch(c, -s, place.x + gridX - area.x - c * midX + s * midY, //
+                              s, c, place.y + gridY - area.y - s * midX - c * midY);
     cv::warpAffine(m_weighted, m_patch, toPatch, area.size(), cv::INTER_LINEAR, cv::BORDER_CONSTANT,
                    cv::Scalar());
     for (int row = firstRow; row <= lastRow; ++row)

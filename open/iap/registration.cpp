@@ -17,6 +17,7 @@ constexpr double LargestPartY = 0.30;
 constexpr int Candidates = 4;
 constexpr double ExpectationWeight = 0.06;
 constexpr double ExpectationRange = 24.0; // pixels of the full frame
+constexpr double OverlapWeight = 0.08;    // against a place where the frames hardly overlap
 constexpr float EdgeSlope = 6.0F;         // levels of ink a pixel
 constexpr int RefineSteps = 5;
 constexpr int MinRefinePixels = 60;
@@ -67,14 +68,19 @@ double correlation(const FramePyramid::Level& key, const FramePyramid::Level& fr
     return cov / std::sqrt((varA + PlainVariance) * (varB + PlainVariance));
 }
 
-/* How much a place is held against for being far from the expected one; full pixels. */
-double surprise(double x, double y, const Shift& expected)
+/* How much a place is held against, for being far from the expected one and for resting on a
+ * small overlap. Full pixels. */
+double doubt(double x, double y, const Shift& expected, cv::Size size)
 {
     const double distance = std::hypot(x - expected.x, y - expected.y);
-    return ExpectationWeight * std::min(1.0, distance / ExpectationRange);
+    const double apart = 1.0
+                         - std::max(0.0, 1.0 - std::abs(x) / size.width)
+                               * std::max(0.0, 1.0 - std::abs(y) / size.height);
+    return ExpectationWeight * std::min(1.0, distance / ExpectationRange) + OverlapWeight * apart;
 }
 
-/* The best places of the coarsest level, each a summit among its neighbours. */
+/* Places of the coarsest level that are worth a closer look: the best ones, each a summit among its
+ * neighbours, and the expected one. */
 std::vector<Place> coarsePlaces(const FramePyramid& key, const FramePyramid& frame,
                                 const Shift& expected)
 {
@@ -89,7 +95,7 @@ std::vector<Place> coarsePlaces(const FramePyramid& key, const FramePyramid& fra
         for (int dx = -rangeX; dx <= rangeX; ++dx)
             scores(dy + rangeY + 1, dx + rangeX + 1) =
                 static_cast<float>(correlation(keyLevel, frame.level(level), dx, dy)
-                                   - surprise(dx * scale, dy * scale, expected));
+                                   - doubt(dx * scale, dy * scale, expected, key.size()));
     cv::Mat_<float> highest;
     cv::dilate(scores, highest, cv::Mat());
     std::vector<Place> places;
@@ -102,6 +108,9 @@ std::vector<Place> coarsePlaces(const FramePyramid& key, const FramePyramid& fra
                       places.end(),
                       [](const Place& a, const Place& b) { return a.score > b.score; });
     places.resize(count);
+    // Between two places of this level a true one may stand out less than false ones that fall on
+    // its grid: the expected place always has its chance.
+    places.push_back({cvRound(expected.x / scale), cvRound(expected.y / scale), 0.0});
     return places;
 }
 
@@ -247,7 +256,7 @@ Registration registerFrame(const FramePyramid& key, const FramePyramid& frame,
     double bestMerit = best.score;
     for (const Place& coarse : coarsePlaces(key, frame, expected)) {
         const Place place = climbed(key, frame, 1, coarse.x * 2, coarse.y * 2, 2);
-        const double merit = place.score - surprise(place.x * 2, place.y * 2, expected);
+        const double merit = place.score - doubt(place.x * 2, place.y * 2, expected, key.size());
         if (merit > bestMerit) {
             bestMerit = merit;
             best = place;
