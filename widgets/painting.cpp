@@ -11,8 +11,11 @@ namespace {
 // Room at the left and right of a message: the frame and a gap.
 constexpr int MessageMargin = 4;
 
+// Between the lines of a message that leaves room: Chinese characters are as high as the line.
+constexpr int Leading = 2;
+
 // The column of marks at the right edge of a list, and the room at both ends of a row.
-constexpr int MarkColumn = 8;
+constexpr int MarkColumn = 10;
 constexpr int RowMargin = 2;
 
 // Between two things that stand in one line.
@@ -169,14 +172,16 @@ void drawMark(QPainter& painter, const QRect& row, Mark mark)
 void drawMessage(QPainter& painter, const QRect& box, const QString& text)
 {
     const QStringList lines = wrapText(text, box.width() - 2 * MessageMargin, MaxLines);
-    const int height = static_cast<int>(lines.size()) * LineHeight;
+    const bool framed = lines.size() < MaxLines;
+    const int pitch = framed ? LineHeight + Leading : LineHeight;
+    const int height = static_cast<int>(lines.size()) * pitch - (pitch - LineHeight);
     int top = box.top() + (box.height() - height) / 2;
-    if (lines.size() < MaxLines)
+    if (framed)
         painter.drawRect(box.adjusted(0, 0, -1, -1));
     for (const QString& line : lines) {
         const int left = box.left() + (box.width() - textWidth(line)) / 2;
         drawLine(painter, QRect(left, top, box.right() + 1 - left, LineHeight), line);
-        top += LineHeight;
+        top += pitch;
     }
 }
 

@@ -41,7 +41,8 @@ SandGlass::SandGlass(QWidget* parent) : QWidget(parent)
     label->setObjectName(QStringLiteral("label"));
     label->setGeometry(0, 0, Side, Side);
     auto* movie = new QMovie(devicePath(QStringLiteral("/apps/res/sandglass.gif")), {}, label);
-    if (movie->isValid()) {
+    // A damaged file may pass for a picture by its first bytes: its first frame decides.
+    if (movie->isValid() && movie->jumpToFrame(0) && !movie->currentPixmap().isNull()) {
         label->setMovie(movie);
         movie->start();
     } else {
