@@ -37,18 +37,18 @@ int scaled(int setting, int step)
 
 } // namespace
 
-ConfigReader* ConfigReader::config = nullptr;
+ConfigReader* ConfigReader::reader = nullptr;
 
 ConfigReader* ConfigReader::Instance()
 {
-    if (config == nullptr)
-        config = new ConfigReader;
-    return config;
+    if (reader == nullptr)
+        reader = new ConfigReader;
+    return reader;
 }
 
 void ConfigReader::quitFun()
 {
-    delete config;
+    delete reader;
 }
 
 ConfigReader::ConfigReader()

@@ -21,7 +21,7 @@ class QSettings;
 class ConfigReader
 {
 public:
-    static ConfigReader* config;
+    static ConfigReader* reader;
 
     /* The one instance; the first call reads the file and tells the speech engine its boost. */
     static ConfigReader* Instance();
