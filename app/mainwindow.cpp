@@ -1,10 +1,145 @@
 #include "app/mainwindow.h"
 
-MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent) {}
+#include "app/widgetchange.h"
+#include "editor/myedit.h"
+#include "engines/cttsthread.h"
+#include "engines/cttsthread_setup.h"
+#include "engines/cttsthreadforset.h"
+#include "engines/ocrpen.h"
+#include "engines/ttsplayer.h"
+#include "platform/qcopchannel.h"
+#include "platform/zembra_iap.h"
+#include "store/configreader.h"
+#include "store/filemanager.h"
+#include "widgets/mysubmenu.h"
 
-MainWindow::~MainWindow() = default;
+#include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
 
-void MainWindow::tirggleEditSingal(const QString& text)
+namespace {
+
+const QSize ScreenSize(256, 64);
+const QString ContinueItemName = QStringLiteral("continueItem");
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 {
-    emit signalEdit(text);
+    setupUi();
+    move(0, 0);
+    setWindowFlags(Qt::FramelessWindowHint);
+
+    m_channel = new QCopChannel(QStringLiteral("scanprocess"), this);
+    connect(m_channel, &QCopChannel::received, this, &MainWindow::handleReceived);
+
+    ScanWindow();
+
+    m_setupThread = std::make_unique<CTtsThread>();
+    m_settingsThread = std::make_unique<CTtsThreadForSet>();
+    m_menuSpeech = std::make_unique<CTTSThread>();
+    connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
+}
+
+MainWindow::~MainWindow()
+{
+    // The workers and the screens use the singletons: they go first.
+    TTSPlayer::Instance()->stop();
+    m_menuSpeech.reset();
+    m_settingsThread.reset();
+    m_setupThread.reset();
+    delete m_editor;
+    m_editor = nullptr;
+
+    // Each is made if it is not there yet, so that it is always a live object that is quit.
+    OCRPen::Instance();
+    OCRPen::quitFun();
+    TTSPlayer::Instance();
+    TTSPlayer::quitFun();
+    FileManager::Instance();
+    FileManager::quitFun();
+    ConfigReader::Instance();
+    ConfigReader::quitFun();
+    WidgetChange::Instance();
+    WidgetChange::quitFun();
+}
+
+void MainWindow::setupUi()
+{
+    if (objectName().isEmpty())
+        setObjectName(QStringLiteral("MainWindow"));
+    setFixedSize(ScreenSize);
+    auto* central = new QWidget(this);
+    central->setObjectName(QStringLiteral("centralWidget"));
+    setCentralWidget(central);
+    setWindowTitle(QCoreApplication::translate("MainWindow", "MainWindow"));
+    QMetaObject::connectSlotsByName(this);
+}
+
+void MainWindow::ScanWindow()
+{
+    FileInfo current;
+    FileManager::Instance()->getCurInfo(current);
+    if (!m_mainMenu)
+        m_mainMenu = newScanMenu(current.name);
+    WidgetChange::Instance()->Go2NewWidget(m_mainMenu);
+}
+
+MySubMenu* MainWindow::newScanMenu(const QString& fileName)
+{
+    auto* menu = new MySubMenu(tr("Scan to file"), this);
+    menu->setGeometry(QRect(QPoint(0, 0), ScreenSize));
+    const auto add = [&](const QString& text, void (MainWindow::*slot)()) {
+        connect(menu->addAction(text), &QAction::triggered, this, slot);
+    };
+    add(tr("New file"), &MainWindow::newFile);
+    add(tr("Open file"), &MainWindow::openFileMenu);
+    add(tr("Delete file"), &MainWindow::deleteFileMenu);
+    add(tr("Scan settings"), &MainWindow::newSet);
+    if (!fileName.isEmpty())
+        setContinueItem(menu, fileName);
+    connectMenu(menu, &MainWindow::mainMenuShowSlot);
+    return menu;
+}
+
+void MainWindow::setContinueItem(MySubMenu* menu, const QString& fileName)
+{
+    auto* item = menu->findChild<QAction*>(ContinueItemName, Qt::FindDirectChildrenOnly);
+    if (!item) {
+        item = new QAction(menu);
+        item->setObjectName(ContinueItemName);
+        connect(item, &QAction::triggered, this, &MainWindow::continueFile);
+        menu->insertAction(menu->actions().value(0), item);
+    }
+    item->setText(tr("Continue scan") + u' ' + fileName);
+}
+
+// A menu tells how many entries follow the current one; the speech wants the last one's index.
+void MainWindow::connectMenu(MySubMenu* menu, MenuSlot onShow)
+{
+    const auto speakWith = [this](MenuSlot slot) {
+        return [this, slot](int index, const QString& text, int following) {
+            (this->*slot)(index, text, index + following);
+        };
+    };
+    connect(menu, &MySubMenu::signalKeyPress, this, &MainWindow::keyPressSlot);
+    connect(menu, &MySubMenu::signalShow, this, speakWith(onShow));
+    connect(menu, &MySubMenu::signalUp, this, speakWith(&MainWindow::menuUpSlot));
+    connect(menu, &MySubMenu::signalDown, this, speakWith(&MainWindow::menuDownSlot));
+}
+
+bool MainWindow::eventFilter(QObject* object, QEvent* event)
+{
+    if (m_editor && object == m_editor && event->type() == QEvent::Show) {
+        ZEMBRA_IAP_SetStopSignal(0);
+        return false;
+    }
+    if (m_keyForwarder && object == m_keyForwarder && event->type() == QEvent::KeyPress) {
+        if (!m_editor)
+            return true;
+        m_editor->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(m_editor, event); // marks it as not spontaneous
+        return true;
+    }
+    return false;
 }

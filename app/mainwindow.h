@@ -2,21 +2,138 @@
 #define MAINWINDOW_H
 
 #include <QMainWindow>
+#include <QPointer>
+#include <memory>
 
-/* The controller of the whole application. */
+class CTTSThread;
+class CTtsThread;
+class CTtsThreadForSet;
+class DictScanEdit;
+class MyEdit;
+class MySubMenu;
+class QCopChannel;
+class SandGlass;
+
+/*
+ * The controller of the whole application: owns the screens and moves between them, builds and
+ * speaks the menus, and obeys the launcher.
+ *
+ * One frameless window of 256 by 64 pixels at (0, 0). Interface thread only, but for
+ * tirggleEditSingal().
+ *
+ * Its code is in several files: mainwindow.cpp (construction, navigation), mainwindow_speech.cpp
+ * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_scanflows.cpp (Scan to file).
+ */
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
     explicit MainWindow(QWidget* parent = nullptr);
+
+    /* Shuts the process's singletons down: recognition, speech, files, settings, navigation. */
     ~MainWindow() override;
+
+    /* Tells the launcher that this application is on screen. */
+    void SendShow();
+
+    /* Shows the main menu, and builds it when it does not exist yet. */
+    void ScanWindow();
+
+    /* Builds the main menu; with the item "Continue scan" when `fileName`, the current file, is
+     * not empty. Owned by this window. */
+    MySubMenu* newScanMenu(const QString& fileName);
 
     /* Hands text recognised for a new file name to the rename flow. Any thread. */
     void tirggleEditSingal(const QString& text);
 
+    bool eventFilter(QObject* object, QEvent* event) override;
+
+    /* What the launcher may ask for. */
+    void Save();
+    void SaveAll();
+    void StopAll();
+    void Back2Normal();
+    void StopOnly();
+
+    MyEdit* editor() const { return m_editor; }
+    CTTSThread* menuSpeech() const { return m_menuSpeech.get(); }
+    bool keepRunning() const { return m_keepRunning; }
+
+public slots:
+    /* One message of the launcher; unknown ones are ignored. */
+    void handleReceived(const QString& message, const QByteArray& payload);
+
+    /* A key cuts menu speech short. */
+    void keyPressSlot();
+
+    /* Speaks a menu item with its help text. `index` counts from 0, `last` is the index of the
+     * menu's last item. */
+    void menuShowSlot(int index, const QString& text, int last);
+    void menuUpSlot(int index, const QString& text, int last);
+    void menuDownSlot(int index, const QString& text, int last);
+    void mainMenuShowSlot(int index, const QString& text, int last);
+
+    /* Speaks a text and a help text with a pause between them; while the voice is still busy they
+     * wait, and of several that wait the last is kept. */
+    void talkingMenuTTS(int index, const QString& text, const QString& instruction);
+    void startSlot();
+    void finishTalkingMenu();
+
+    void newFile();
+    void continueFile();
+    void openFileMenu();
+    void openFile();
+    void deleteFileMenu();
+    void newSet();
+    void editEsc();
+    void inputDelete();
+    void editShowSlot(int index, const QString& text);
+
 signals:
     void signalEdit(const QString& text);
+
+private:
+    using MenuSlot = void (MainWindow::*)(int index, const QString& text, int last);
+
+    void setupUi();
+    void silence();
+    void hushMenu();
+    bool editorIsUsable() const;
+    void speak(const QString& text, const QString& instruction);
+
+    /* Creates the busy indicator and runs `work` once it is painted; does nothing while there is
+     * one already. */
+    void startBusy(void (MainWindow::*work)());
+    void endBusy();
+    void showNewEdit();
+    void showContinueEdit();
+    void showOpenEdit();
+    void ensureEditor();
+    /* Binds the editor to the current file and shows it. */
+    void bindAndShowEditor();
+    /* Names the current file in the menu's first item, which is added when it is missing. */
+    void setContinueItem(MySubMenu* menu, const QString& fileName);
+    void showMessage(const QString& text);
+    void connectMenu(MySubMenu* menu, MenuSlot onShow = &MainWindow::menuShowSlot);
+
+    MyEdit* m_editor = nullptr;
+    std::unique_ptr<CTtsThread> m_setupThread;
+    std::unique_ptr<CTtsThreadForSet> m_settingsThread;
+    std::unique_ptr<CTTSThread> m_menuSpeech;
+    MySubMenu* m_mainMenu = nullptr;
+    QPointer<MySubMenu> m_subMenu;
+    DictScanEdit* m_translateScreen = nullptr;
+    QPointer<QWidget> m_keyForwarder;
+    QCopChannel* m_channel = nullptr;
+    QPointer<SandGlass> m_sandGlass;
+    int m_chosenFile = -1; // display index of the file chosen in the open list
+
+    bool m_editorWasOpen = false;
+    bool m_keepRunning = true;
+    bool m_utterancePending = false;
+    QString m_pendingText;
+    QString m_pendingInstruction;
 };
 
 #endif

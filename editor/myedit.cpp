@@ -1,32 +1,215 @@
 #include "editor/myedit.h"
 
-MyEdit::MyEdit(QWidget* parent) : QTextEdit(parent) {}
+#include "app/widgetchange.h"
+#include "engines/crecthread.h"
+#include "engines/csoundthread.h"
+#include "engines/recchar.h"
+#include "engines/ttsplayer.h"
+#include "platform/zembra_iap.h"
+#include "store/filemanager.h"
+#include "widgets/messagedialog.h"
+#include "widgets/sandglass.h"
 
-MyEdit::~MyEdit() = default;
+#include "editor/appendrules.h"
 
-void MyEdit::tirggleEditSingal(_stImg* image)
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTimerEvent>
+
+namespace {
+
+constexpr int AutoSavePeriodMs = 300'000;
+constexpr int MessageMs = 2000;
+constexpr int MarkWidth = 2;
+constexpr int CaretWidth = 2;
+
+// The position mark lies over the right edge instead of taking room: all 32 columns stay.
+const QString ScrollBarStyle = QStringLiteral("QScrollBar:vertical{width:0px;}");
+const QString ScreenStyle =
+    QStringLiteral("MyEdit{background-color:black;color:white;border:none;}");
+
+} // namespace
+
+MyEdit::MyEdit(QWidget* parent) : QTextEdit(parent)
 {
-    emit signalEdit(image);
+    Init();
 }
 
-void MyEdit::tirggleTTShignlight(int offset, int length, int kind)
+MyEdit::~MyEdit()
 {
-    emit signalTTShignlight(offset, length, kind);
+    // No engine's thread may come here any more before the members go.
+    RecChar::forget(this);
+    TTSPlayer::forget(this);
+    m_soundThread.reset(); // both wait for their worker
+    m_recThread.reset();
+    m_scanner.reset();
 }
 
-int MyEdit::RecThread(_stImg* image)
+void MyEdit::Init()
 {
-    releaseImage(image);
-    return -1;
+    setObjectName(QStringLiteral("MyEdit"));
+    setStyleSheet(ScreenStyle);
+    verticalScrollBar()->setStyleSheet(ScrollBarStyle);
+    setFrameStyle(QFrame::NoFrame);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    setAcceptRichText(false);
+    setUndoRedoEnabled(false);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setCursorWidth(CaretWidth);
+    document()->setDocumentMargin(0);
+
+    m_scanner = std::make_unique<RecChar>(this);
+    m_soundThread = std::make_unique<CSoundThread>(this);
+    m_recThread = std::make_unique<CRecThread>(this);
+
+    connect(this, &MyEdit::signalEdit, this, &MyEdit::Recognize, Qt::QueuedConnection);
+    connect(m_recThread.get(), &QThread::finished, this, &MyEdit::FinishRec);
+    connect(m_soundThread.get(), &QThread::finished, this, &MyEdit::FinishSound);
+    connect(this, &MyEdit::singalSound, this, &MyEdit::Sound);
+    connect(this, &MyEdit::signalTTShignlight, this, &MyEdit::TTShignlightFun);
+    connect(this, &MyEdit::readingPrepared, this, &MyEdit::setPreparedReading);
 }
 
-int MyEdit::Recognize(_stImg* image)
+int MyEdit::setFileInfo(const FileInfo& info)
 {
-    releaseImage(image);
-    return -1;
+    m_bound = false;
+    stopAutoSave();
+    clear();
+    clearReading();
+    m_file = info;
+
+    FileManager* files = FileManager::Instance();
+    const QString text = files->readFile(info);
+    if (files->getReturnSize() > MaxFileBytes) {
+        MessageDialog(this, tr("The file is too big, do not edit the file in computer."), MessageMs)
+            .exec();
+        return -1;
+    }
+    QTextCursor cursor = textCursor();
+    cursor.insertText(text);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+    setScanInit();
+    m_autoSaveTimer = startTimer(AutoSavePeriodMs);
+    m_bound = true;
+    return 0;
 }
 
-void MyEdit::Sound(QString& text)
+int MyEdit::setScanInit()
 {
-    Q_UNUSED(text)
+    m_scanner->setEdit(this);
+    return m_scanner->init();
+}
+
+// Not toPlainText(): that one turns no-break spaces into blanks.
+QString MyEdit::documentText() const
+{
+    QString text = document()->toRawText();
+    text.replace(QChar::ParagraphSeparator, u'\n');
+    text.replace(QChar::LineSeparator, u'\n');
+    return text;
+}
+
+bool MyEdit::saveDocument()
+{
+    const QString name = FileManager::Instance()->saveFile(m_file, documentText());
+    return !name.isEmpty();
+}
+
+bool MyEdit::SaveOnly()
+{
+    if (!m_bound || FileManager::Instance()->getReturnSize() > MaxFileBytes)
+        return false;
+    return saveDocument();
+}
+
+void MyEdit::SaveAndExit()
+{
+    if (!m_bound) {
+        emit signalEsc();
+        return;
+    }
+    StopTTS();
+    stopAutoSave();
+    if (!saveDocument()) {
+        // The store has told the user. What was scanned stays on the screen, and the next attempt
+        // to leave or the timer saves it.
+        m_autoSaveTimer = startTimer(AutoSavePeriodMs);
+        return;
+    }
+    m_bound = false;
+    leaveEngine();
+    emit signalEsc();
+    WidgetChange::Instance()->Go2PrevWidget(this, m_previous);
+    emit signalDelete();
+}
+
+void MyEdit::StopOnly()
+{
+    StopTTS();
+    stopAutoSave();
+    m_bound = false;
+    leaveEngine();
+}
+
+void MyEdit::leaveEngine()
+{
+    clear();
+    clearReading();
+    ZEMBRA_IAP_Uninitialize();
+}
+
+void MyEdit::stopAutoSave()
+{
+    if (m_autoSaveTimer)
+        killTimer(m_autoSaveTimer);
+    m_autoSaveTimer = 0;
+}
+
+void MyEdit::timerEvent(QTimerEvent* event)
+{
+    if (m_autoSaveTimer && event->timerId() == m_autoSaveTimer)
+        SaveOnly();
+    else
+        QTextEdit::timerEvent(event);
+}
+
+void MyEdit::switchScanRection()
+{
+    ZEMBRA_IAP_Uninitialize();
+}
+
+void MyEdit::gotoBeginEdit()
+{
+    moveCursor(QTextCursor::Start);
+}
+
+void MyEdit::setStopFlag(bool stop)
+{
+    ZEMBRA_IAP_SetStopSignal(stop ? 1 : 0);
+}
+
+void MyEdit::showEvent(QShowEvent* event)
+{
+    QTextEdit::showEvent(event);
+    emit signalShow(0, QString());
+}
+
+// The text, and at the right edge a thin mark that tells which part of the document is seen.
+void MyEdit::paintEvent(QPaintEvent* event)
+{
+    QTextEdit::paintEvent(event);
+    const QScrollBar* bar = verticalScrollBar();
+    const int whole = bar->maximum() + bar->pageStep();
+    if (bar->maximum() <= 0 || whole <= 0)
+        return;
+    const int height = viewport()->height();
+    const int markHeight = qMax(4, height * bar->pageStep() / whole);
+    const int top = (height - markHeight) * bar->value() / bar->maximum();
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->width() - MarkWidth - 1, 0, MarkWidth + 1, height, Qt::black);
+    painter.fillRect(viewport()->width() - MarkWidth, top, MarkWidth, markHeight, Qt::white);
 }

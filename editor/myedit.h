@@ -1,11 +1,32 @@
 #ifndef MYEDIT_H
 #define MYEDIT_H
 
+#include "editor/speechtext.h"
 #include "engines/stimg.h"
+#include "store/fileinfo.h"
 
+#include <QMutex>
+#include <QPointer>
+#include <QStringList>
+#include <QTextCursor>
 #include <QTextEdit>
+#include <QTimer>
+#include <atomic>
+#include <memory>
 
-/* The screen of the Scan-to-file mode. */
+class CRecThread;
+class CSoundThread;
+class RecChar;
+class SandGlass;
+
+/*
+ * The screen of the Scan-to-file mode: the text of one scan file. It takes every scan, appends
+ * the text that is recognised, reads it aloud with the spoken word marked, and saves the text back
+ * into the scan-file store.
+ *
+ * Interface thread only, but for the functions that say otherwise. All access to the document
+ * happens there; the workers get copies.
+ */
 class MyEdit : public QTextEdit
 {
     Q_OBJECT
@@ -13,6 +34,75 @@ class MyEdit : public QTextEdit
 public:
     explicit MyEdit(QWidget* parent = nullptr);
     ~MyEdit() override;
+
+    /* Binds the editor to a file: loads its text, starts the scan engine and the auto-save timer.
+     * 0 on success; -1 when the file is over the size limit: a message is shown, the editor stays
+     * empty and unbound, and nothing will be saved over the file. */
+    int setFileInfo(const FileInfo& info);
+
+    /* Whether a file is bound. */
+    bool isBound() const { return m_bound; }
+
+    /* Number of the timer that saves every five minutes; 0 while no file is bound. */
+    int autoSaveTimer() const { return m_autoSaveTimer; }
+
+    /* Appends one recognised scan at the end of the document within the size limit, and puts the
+     * cursor where it begins. Stops speech. An empty text is ignored; one that does not fit is
+     * dropped with a message. True when it was appended. */
+    bool appendText(const QString& text);
+    bool appendScanText(QString text) { return appendText(text); }
+
+    /* The whole text, line ends as "\n", every other character as it was scanned. */
+    QString documentText() const;
+
+    /* Saves without leaving. Does nothing when no file is bound, or when the file that was read
+     * last was over the size limit. False when the store could not save. */
+    bool SaveOnly();
+
+    /* Saves, clears the editor, stops the scan engine and goes back to the previous screen; with no
+     * file bound only emits signalEsc(). */
+    void SaveAndExit();
+
+    /* Clears the text and stops the scan engine, without saving. */
+    void StopOnly();
+
+    /* Silences the editor: what is spoken, prepared or queued. */
+    void StopTTS();
+
+    /* Stops the scan engine, for a start with another scan direction. */
+    void switchScanRection();
+
+    /* Starts the scan engine for this editor; 0, or -1 when it does not start (the editor stays
+     * usable without). */
+    int setScanInit();
+
+    /* Puts the cursor at the start of the document. */
+    void gotoBeginEdit();
+
+    /* Passes the value on to the scan engine's stop signal. */
+    void setStopFlag(bool stop);
+
+    void setPrevWidget(QWidget* widget) { m_previous = widget; }
+    QWidget* getPrevWidget() const { return m_previous; }
+    RecChar* Getscanner() const { return m_scanner.get(); }
+    void setStopSoundFlag(bool on) { m_stopSoundAllowed = on; }
+    void setFlagForTalk(bool on) { m_talk = on; }
+    bool getFlagForTalk() const { return m_talk; }
+    CSoundThread* soundThread() const { return m_soundThread.get(); }
+
+    /* The place of the word being read or last read, in the document; -1 when there is none. */
+    int getStartPosition() const { return m_wordStart; }
+    int getEndPosition() const { return m_wordEnd; }
+    int getCurPosition() const { return textCursor().position(); }
+    /* The cursor's place as savePosition() stored it. */
+    int getPosition() const { return m_savedPosition; }
+    void savePosition() { m_savedPosition = textCursor().position(); }
+
+    /* Asks that the next scan leaves the cursor where the user put it. */
+    void setKeepPosition(bool keep) { m_keepPosition = keep; }
+
+    /* The word at the cursor; empty between words. */
+    QString getWordFromMyEdit() const;
 
     /* A scan has arrived. Called on the scan engine's thread; takes the record over. */
     void tirggleEditSingal(_stImg* image);
@@ -25,6 +115,9 @@ public:
      * result, -1 for a record without an image, -2 when no text came out. */
     int RecThread(_stImg* image);
 
+    /* Whether the last recognition gave no text or was doubted by the engine. */
+    bool recognitionFailed() const { return m_recognitionFailed; }
+
 public slots:
     /* Starts recognition on CRecThread. Takes the record over. 0 when started, -1 when one is
      * running already and the image was dropped. */
@@ -34,9 +127,105 @@ public slots:
      * spoken or stopped. */
     void Sound(QString& text);
 
+    void FinishRec();
+    void FinishSound();
+    /* Marks the word that is heard; the values are those of the engine's report. */
+    void TTShignlightFun(int offset, int length, int kind);
+    /* Reads the newest scan, if reading is switched on. */
+    void readDelaySlot();
+    /* Reads the last text read once more. */
+    void soundAgain();
+
 signals:
     void signalEdit(_stImg* image);
+    /* The editor is being left, or was asked to while no file is bound. */
+    void signalEsc();
+    void singalSound(QString& text);
+    /* The editor has been left. */
+    void signalDelete();
     void signalTTShignlight(int offset, int length, int kind);
+    void signalShow(int index, const QString& text);
+    /* A key was pressed or a swipe came: whoever speaks over the editor is to stop. */
+    void signalKeyPress();
+
+    /* Internal: a reading is about to be heard. Reaches the interface thread before the first of
+     * its highlight reports. */
+    void readingPrepared(const QString& source, const std::shared_ptr<const SpeechText>& prepared);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    void Init();
+    void clearReading();
+    void stopAutoSave();
+    void leaveEngine();
+    bool saveDocument();
+
+    void PressEnter();
+    void MovePrev();
+    void MoveNext();
+    void MoveUp();
+    void MoveDown();
+    void moveTo(int position);
+
+    void beginReading(const QString& text, int documentStart);
+    void setPreparedReading(const QString& source,
+                            const std::shared_ptr<const SpeechText>& prepared);
+    void markWord(int start, int length);
+
+    FileInfo m_file;
+    bool m_bound = false;
+    int m_autoSaveTimer = 0;
+    QPointer<QWidget> m_previous;
+    bool m_keepPosition = false;
+    bool m_restorePosition = false;
+    int m_savedPosition = 0;
+    int m_wordStart = -1;
+    int m_wordEnd = -1;
+
+    std::unique_ptr<RecChar> m_scanner;
+    std::unique_ptr<CRecThread> m_recThread;
+    std::unique_ptr<CSoundThread> m_soundThread;
+    QPointer<SandGlass> m_sandGlass;
+
+    // Written by the recognition worker, read once its finished() has arrived.
+    QString m_pendingText;
+    std::atomic<bool> m_recognitionFailed = false;
+
+    // Set from the scan engine's thread.
+    std::atomic<bool> m_scannedWhileReading = false;
+
+    struct ScannedText
+    {
+        QString text;
+        int start; // where it begins in the document
+    };
+    QMutex m_readQueueMutex;
+    QList<ScannedText> m_readQueue;
+
+    QMutex m_soundMutex; // one reading at a time
+    std::atomic<bool> m_reading = false;
+    std::atomic<bool> m_playing = false;
+    std::atomic<bool> m_stopSoundAllowed = true;
+    bool m_talk = false;
+
+    ScannedText m_lastRead = {QString(), 0};
+
+    // A text on its way to the voice. The cursor marks where it begins in the document and follows
+    // edits made meanwhile; `prepared` comes from the speech worker.
+    struct Reading
+    {
+        QString source;
+        QTextCursor start;
+        std::shared_ptr<const SpeechText> prepared;
+    };
+    QList<Reading> m_requested;
+    Reading m_current; // the one that is heard now
 };
 
 #endif

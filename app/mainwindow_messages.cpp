@@ -1,0 +1,116 @@
+// MainWindow, messages: what the launcher asks for, and what it is told.
+
+#include "app/mainwindow.h"
+
+#include "app/widgetchange.h"
+#include "editor/myedit.h"
+#include "engines/csoundthread.h"
+#include "engines/ttsplayer.h"
+#include "platform/oled.h"
+#include "platform/qcopchannel.h"
+#include "platform/zembra_iap.h"
+
+#include <QApplication>
+
+namespace {
+
+const QString Launcher = QStringLiteral("mainprocess");
+
+} // namespace
+
+void MainWindow::SendShow()
+{
+    QCopChannel::send(Launcher, QStringLiteral("Show(QString)"), "scan");
+}
+
+void MainWindow::handleReceived(const QString& message, const QByteArray& payload)
+{
+    if (message == QLatin1String("execute(QString)")) {
+        if (payload == "presspoweroff" || payload == "plugusb") {
+            silence();
+        } else if (payload == "stop") {
+            ZEMBRA_IAP_SetStopSignal(1);
+            StopAll();
+            close();
+        } else if (payload == "save") {
+            TTSPlayer::Instance()->stop();
+            SaveAll();
+        } else if (payload == "savenochujiao") {
+            Save();
+        } else if (payload == "stoponly") {
+            m_keepRunning = false;
+            StopOnly();
+        } else if (payload == "chujiaostop") {
+            ZEMBRA_IAP_SetStopSignal(0);
+        }
+    } else if (message == QLatin1String("USB(QString)")) {
+        if (payload == "plug")
+            StopAll();
+        else if (payload == "delete")
+            Back2Normal();
+    }
+}
+
+// Everything that speaks or waits to speak falls silent; nothing is waited for.
+void MainWindow::silence()
+{
+    TTSPlayer::Instance()->stop();
+    hushMenu();
+    if (m_editor) {
+        m_editor->soundThread()->clearContent();
+        m_editor->setFlagForTalk(false);
+    }
+    m_utterancePending = false;
+}
+
+// The disabled state doubles as the frozen state while the card belongs to the PC.
+bool MainWindow::editorIsUsable() const
+{
+    return m_editor && m_editor->isEnabled();
+}
+
+void MainWindow::Save()
+{
+    if (!editorIsUsable())
+        return;
+    m_editor->StopTTS();
+    m_editor->SaveOnly();
+}
+
+void MainWindow::SaveAll()
+{
+    if (!editorIsUsable())
+        return;
+    ZEMBRA_IAP_SetStopSignal(1);
+    oled_update_set(1);
+    Save();
+}
+
+void MainWindow::StopAll()
+{
+    m_editorWasOpen = false;
+    if (editorIsUsable()) {
+        m_editor->SaveAndExit();
+        m_editorWasOpen = true;
+    }
+    if (QWidget* current = WidgetChange::Instance()->getCurWidget())
+        current->setEnabled(false);
+}
+
+void MainWindow::Back2Normal()
+{
+    if (QWidget* current = WidgetChange::Instance()->getCurWidget()) {
+        current->setEnabled(true);
+        current->setFocus(Qt::OtherFocusReason);
+    }
+    if (m_editor && m_editorWasOpen)
+        continueFile();
+}
+
+void MainWindow::StopOnly()
+{
+    if (editorIsUsable())
+        m_editor->StopOnly();
+    QCopChannel::send(Launcher, QStringLiteral("ESC(QString)"), "escpressed");
+    QApplication::closeAllWindows();
+}

@@ -1,0 +1,119 @@
+// MainWindow, menu speech: one path by which every menu is spoken.
+
+#include "app/mainwindow.h"
+
+#include "editor/myedit.h"
+#include "editor/speechtext.h"
+#include "engines/cttsthread.h"
+#include "engines/flags.h"
+#include "engines/ttsplayer.h"
+#include "platform/qcopchannel.h"
+
+namespace {
+
+constexpr int HelpPauseMs = 500;
+
+void tellLauncher(const QByteArray& word)
+{
+    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("execute(QString)"), word);
+}
+
+} // namespace
+
+void MainWindow::keyPressSlot()
+{
+    if (!m_menuSpeech || !m_menuSpeech->isRunning())
+        return;
+    g_KeyFlag = true;
+    hushMenu();
+    TTSPlayer::Instance()->stop();
+}
+
+void MainWindow::hushMenu()
+{
+    if (!m_menuSpeech)
+        return;
+    m_menuSpeech->clearContent();
+    m_menuSpeech->clearInstruct();
+}
+
+void MainWindow::menuShowSlot(int index, const QString& text, int last)
+{
+    QString help;
+    if (index == 0)
+        help = tr("Press OK to select, or down for other options.");
+    else if (index < last)
+        help = tr("Press OK to select, or up or down for more options.");
+    else
+        help = tr("Press OK to select, or Up for other options.");
+    talkingMenuTTS(index, text, help);
+}
+
+void MainWindow::menuUpSlot(int index, const QString& text, int last)
+{
+    menuShowSlot(index, text, last);
+}
+
+void MainWindow::menuDownSlot(int index, const QString& text, int last)
+{
+    menuShowSlot(index, text, last);
+}
+
+void MainWindow::mainMenuShowSlot(int index, const QString& text, int last)
+{
+    Q_UNUSED(index)
+    Q_UNUSED(last)
+    talkingMenuTTS(0, tr("Scan to File mode. "),
+                   text + QStringLiteral("    ")
+                       + tr("Press OK to select, or down for other options."));
+}
+
+void MainWindow::talkingMenuTTS(int index, const QString& text, const QString& instruction)
+{
+    Q_UNUSED(index)
+    TTSPlayer::Instance()->stop();
+    if (m_editor)
+        m_editor->setStopSoundFlag(false);
+    // Before the worker exists too: the first menu is shown while the window is being built.
+    if (!m_menuSpeech || m_menuSpeech->isRunning()) {
+        m_pendingText = text;
+        m_pendingInstruction = instruction;
+        m_utterancePending = true;
+        return;
+    }
+    speak(text, instruction);
+}
+
+void MainWindow::speak(const QString& text, const QString& instruction)
+{
+    if (text.isEmpty())
+        m_menuSpeech->setInstructStr(instruction);
+    else if (instruction.isEmpty())
+        m_menuSpeech->setContent(text);
+    else
+        m_menuSpeech->setContent(text + pauseTag(HelpPauseMs) + instruction);
+    m_menuSpeech->start(QThread::InheritPriority);
+    tellLauncher("soundyes");
+}
+
+void MainWindow::startSlot()
+{
+    if (!std::exchange(m_utterancePending, false))
+        return;
+    speak(std::exchange(m_pendingText, QString()), std::exchange(m_pendingInstruction, QString()));
+}
+
+void MainWindow::finishTalkingMenu()
+{
+    tellLauncher("soundno");
+    TTSPlayer::Instance()->stop();
+    if (m_editor)
+        m_editor->setStopSoundFlag(true);
+    startSlot();
+}
+
+void MainWindow::editShowSlot(int index, const QString& text)
+{
+    Q_UNUSED(text)
+    talkingMenuTTS(index, QString(), tr("Scan or press Menu for options."));
+}

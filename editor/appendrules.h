@@ -1,0 +1,26 @@
+#ifndef APPENDRULES_H
+#define APPENDRULES_H
+
+#include <QString>
+
+/* The largest text a scan file may hold, in bytes of UTF-16 with line ends as "\r\n" and without
+ * the byte-order mark. */
+constexpr int MaxFileBytes = 65536;
+
+/* Length in UTF-16 code units that a text takes in a saved file: each "\n" counts two. */
+qsizetype savedLength(const QString& text);
+
+/*
+ * Whether `addition` may be appended to `document` within MaxFileBytes. A paragraph break, exactly
+ * "\n    ", counts one unit more than its length, for the line end that it is saved with.
+ */
+bool fitsIntoFile(const QString& document, const QString& addition);
+
+/*
+ * A scan as it is inserted into `document`: with one blank behind it when it ends in a letter, a
+ * digit or one of "?!.,", so that the next scan does not stick to it. The blank is left out when it
+ * alone would make the file too big to be opened again.
+ */
+QString withTrailingBlank(const QString& document, const QString& scan);
+
+#endif

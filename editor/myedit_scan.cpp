@@ -1,0 +1,109 @@
+// MyEdit, the way of a scan: image, recognition, text in the document.
+
+#include "editor/myedit.h"
+
+#include "editor/appendrules.h"
+#include "engines/crecthread.h"
+#include "engines/csoundthread.h"
+#include "engines/ocrpen.h"
+#include "engines/ttsplayer.h"
+#include "store/configreader.h"
+#include "widgets/messagedialog.h"
+#include "widgets/sandglass.h"
+
+namespace {
+
+constexpr int MessageMs = 2000;
+constexpr int NoImage = -1;
+constexpr int NoText = -2;
+const QRect BusyPlace(100, 10, 33, 33);
+
+} // namespace
+
+void MyEdit::tirggleEditSingal(_stImg* image)
+{
+    emit signalKeyPress();
+    if (m_soundThread->isRunning()) {
+        TTSPlayer::Instance()->stop();
+        m_soundThread->clearContent();
+        m_scannedWhileReading = true;
+    } else {
+        m_scannedWhileReading = false;
+    }
+    emit signalEdit(image);
+}
+
+int MyEdit::Recognize(_stImg* image)
+{
+    if (m_recThread->isRunning()) {
+        releaseImage(image);
+        return -1;
+    }
+    m_restorePosition = m_keepPosition;
+    delete m_sandGlass;
+    m_sandGlass = new SandGlass(this);
+    m_sandGlass->setGeometry(BusyPlace);
+    m_sandGlass->show();
+    m_recThread->setImg(image);
+    m_recognitionFailed = false;
+    m_recThread->start();
+    return 0;
+}
+
+int MyEdit::RecThread(_stImg* image)
+{
+    const std::unique_ptr<_stImg, decltype(&releaseImage)> owned(image, &releaseImage);
+    if (!image || !image->image)
+        return NoImage;
+    const int direction = ConfigReader::Instance()->getScanDirectInfo();
+    QString text;
+    const int result = OCRPen::Instance()->recognize(image->image, image->width, image->height,
+                                                     direction, image->flag, text);
+    if (result != 0)
+        m_recognitionFailed = true;
+    if (text.isEmpty())
+        return NoText;
+    m_pendingText = text;
+    return result;
+}
+
+void MyEdit::FinishRec()
+{
+    TTSPlayer::Instance()->stop();
+    delete m_sandGlass;
+    const QString scan = std::exchange(m_pendingText, QString());
+    if (scan.isEmpty()) {
+        m_recognitionFailed = true;
+        return;
+    }
+    if (!appendText(scan))
+        return;
+    viewport()->update();
+    clearReading();
+    {
+        const QMutexLocker lock(&m_readQueueMutex);
+        m_readQueue.append({scan, textCursor().position()});
+    }
+    const int delaySeconds = qBound(0, ConfigReader::Instance()->getDelayInfo(), 60);
+    QTimer::singleShot(delaySeconds * 1000, this, &MyEdit::readDelaySlot);
+}
+
+bool MyEdit::appendText(const QString& text)
+{
+    TTSPlayer::Instance()->stop();
+    if (text.isEmpty())
+        return false;
+    const QString document = documentText();
+    if (!fitsIntoFile(document, text)) {
+        MessageDialog(this, tr("The file is too big. Please create new file."), MessageMs).exec();
+        return false;
+    }
+    QTextCursor cursor = textCursor();
+    cursor.clearSelection();
+    if (!m_restorePosition)
+        cursor.movePosition(QTextCursor::End);
+    const int start = cursor.position();
+    cursor.insertText(withTrailingBlank(document, text));
+    moveTo(start);
+    return true;
+}

@@ -1,0 +1,64 @@
+#ifndef WINDOWFIXTURE_H
+#define WINDOWFIXTURE_H
+
+#include "app/mainwindow.h"
+#include "tests/fakes/faketts.h"
+#include "tests/fakes/qcoprecorder.h"
+#include "tests/shared/applicationstate.h"
+#include "tests/shared/messagewatcher.h"
+#include "widgets/mysubmenu.h"
+
+#include <QTest>
+
+/* The running application over scripted engines: main window on screen, launcher listening. */
+class WindowFixture
+{
+public:
+    explicit WindowFixture(const QStringList& files = {})
+    {
+        for (const QString& name : files)
+            state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name),
+                             QByteArray("\xff\xfet\0", 4));
+        state.load();
+        window = std::make_unique<MainWindow>();
+        window->show();
+        window->activateWindow();
+        if (!QTest::qWaitForWindowActive(window.get()))
+            QTest::qFail("The main window does not become active", __FILE__, __LINE__);
+    }
+
+    ~WindowFixture()
+    {
+        window.reset();
+        state.singletonsAreGone();
+    }
+
+    QWidget* current() const { return WidgetChange::Instance()->getCurWidget(); }
+    MySubMenu* menu() const { return qobject_cast<MySubMenu*>(current()); }
+
+    QStringList entries() const
+    {
+        QStringList texts;
+        for (const QAction* action : menu()->actions())
+            texts.append(action->text());
+        return texts;
+    }
+
+    void press(Qt::Key key) { QTest::keyClick(current(), key); }
+
+    /* The texts handed to the voice so far. */
+    static QStringList spoken()
+    {
+        QStringList texts;
+        for (const std::u16string& text : FakeTts::texts())
+            texts.append(QString::fromStdU16String(text));
+        return texts;
+    }
+
+    ApplicationState state;
+    MessageWatcher messages;
+    QCopRecorder launcher;
+    std::unique_ptr<MainWindow> window;
+};
+
+#endif

@@ -1,0 +1,216 @@
+#include "app/mainwindow.h"
+
+#include "editor/myedit.h"
+#include "engines/csoundthread.h"
+#include "engines/cttsthread.h"
+#include "tests/fakes/calls.h"
+#include "tests/fakes/fakeiap.h"
+#include "tests/fakes/fakeocr.h"
+#include "tests/fakes/fakeoled.h"
+#include "tests/shared/windowfixture.h"
+
+namespace {
+
+const QString Execute = QStringLiteral("execute(QString)");
+const QString Usb = QStringLiteral("USB(QString)");
+
+} // namespace
+
+class TestLauncherMessages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void powerAndUsbSilenceEverything_data();
+    void powerAndUsbSilenceEverything();
+    void stopSavesAndCloses();
+    void stopOnlyTellsAndCloses();
+    void saveKeepsRunning();
+    void saveWithoutFileOnlySilences();
+    void saveWithoutTipLeavesTheEngineAlone();
+    void stopSignalIsCleared();
+    void usbFreezesAndReopens();
+    void usbEndWithoutBeginReopensNothing();
+    void wordsBelongToTheirMessage_data();
+    void wordsBelongToTheirMessage();
+    void messagesComeOverTheChannel();
+
+private:
+    static void openEditor(WindowFixture& f, const QString& text);
+    static QByteArray savedFile(const WindowFixture& f);
+};
+
+void TestLauncherMessages::openEditor(WindowFixture& f, const QString& text)
+{
+    f.window->newFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.window->editor()->appendText(text);
+}
+
+QByteArray TestLauncherMessages::savedFile(const WindowFixture& f)
+{
+    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    return f.state.root.read(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
+}
+
+void TestLauncherMessages::powerAndUsbSilenceEverything_data()
+{
+    QTest::addColumn<QByteArray>("word");
+    QTest::newRow("power") << QByteArray("presspoweroff");
+    QTest::newRow("USB") << QByteArray("plugusb");
+}
+
+void TestLauncherMessages::powerAndUsbSilenceEverything()
+{
+    QFETCH(QByteArray, word);
+    WindowFixture f;
+    openEditor(f, QStringLiteral("one two"));
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->editor()->gotoBeginEdit();
+    f.press(Qt::Key_Return);
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    f.window->handleReceived(Execute, word);
+    QVERIFY(FakeTts::waitUntilSilent());
+    QTRY_VERIFY(!f.window->editor()->soundThread()->isRunning());
+    QVERIFY(f.window->isVisible());
+    QCOMPARE(f.current(), f.window->editor());
+}
+
+void TestLauncherMessages::stopSavesAndCloses()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    f.window->handleReceived(Execute, "stop");
+    QCOMPARE(savedFile(f), QByteArray("\xff\xfe"
+                                      "a\0 \0",
+                                      6));
+    QVERIFY(FakeIap::stopSignal());
+    QVERIFY(!f.window->isVisible());
+}
+
+void TestLauncherMessages::stopOnlyTellsAndCloses()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    f.window->handleReceived(Execute, "stoponly");
+    QVERIFY(f.launcher.waitFor(QStringLiteral("ESC(QString) escpressed")));
+    QVERIFY(!f.window->isVisible());
+    QVERIFY(!f.window->keepRunning());
+    QCOMPARE(savedFile(f), QByteArray("\xff\xfe", 2));
+    QVERIFY(!FakeIap::isStarted());
+}
+
+void TestLauncherMessages::saveKeepsRunning()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    CallLog::clear();
+    f.window->handleReceived(Execute, "save");
+    QCOMPARE(savedFile(f).size(), 6);
+    QCOMPARE(f.current(), f.window->editor());
+    QVERIFY(f.window->editor()->isBound());
+    QVERIFY(FakeIap::stopSignal());
+    QVERIFY(FakeOled::follows());
+    QCOMPARE(fakes::calls("oled_update_set"), QStringList{"oled_update_set(1)"});
+}
+
+void TestLauncherMessages::saveWithoutFileOnlySilences()
+{
+    WindowFixture f;
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    CallLog::clear();
+    f.window->handleReceived(Execute, "save");
+    QCOMPARE(fakes::calls(), QStringList{"ZEMBRA_TTS_Stop()"});
+    openEditor(f, QStringLiteral("a"));
+    f.window->editor()->setEnabled(false);
+    f.window->handleReceived(Execute, "save");
+    QCOMPARE(savedFile(f).size(), 2);
+    QVERIFY(!FakeIap::stopSignal());
+}
+
+void TestLauncherMessages::saveWithoutTipLeavesTheEngineAlone()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    CallLog::clear();
+    f.window->handleReceived(Execute, "savenochujiao");
+    QCOMPARE(savedFile(f).size(), 6);
+    QVERIFY(!FakeIap::stopSignal());
+    QVERIFY(fakes::calls("oled_update_set").isEmpty());
+}
+
+void TestLauncherMessages::stopSignalIsCleared()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    f.window->editor()->setStopFlag(true);
+    f.window->handleReceived(Execute, "chujiaostop");
+    QVERIFY(!FakeIap::stopSignal());
+}
+
+void TestLauncherMessages::usbFreezesAndReopens()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    f.window->handleReceived(Usb, "plug");
+    QCOMPARE(savedFile(f).size(), 6);
+    QVERIFY(!f.current()->isEnabled());
+    QVERIFY(f.current() != f.window->editor());
+    f.window->handleReceived(Usb, "delete");
+    QTRY_COMPARE(f.current(), f.window->editor());
+    QVERIFY(f.current()->isEnabled());
+    QCOMPARE(f.window->editor()->documentText(), QStringLiteral("a "));
+}
+
+void TestLauncherMessages::usbEndWithoutBeginReopensNothing()
+{
+    WindowFixture f({QStringLiteral("notes")});
+    QWidget* menu = f.current();
+    menu->setEnabled(false);
+    f.window->handleReceived(Usb, "delete");
+    QVERIFY(menu->isEnabled());
+    QVERIFY(menu->hasFocus());
+    QCoreApplication::processEvents();
+    QCOMPARE(f.current(), menu);
+    QVERIFY(!f.window->editor());
+}
+
+void TestLauncherMessages::wordsBelongToTheirMessage_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QByteArray>("payload");
+    QTest::newRow("USB word in execute") << Execute << QByteArray("plug");
+    QTest::newRow("execute word in USB") << Usb << QByteArray("plugusb");
+    QTest::newRow("stop in USB") << Usb << QByteArray("stop");
+    QTest::newRow("capital") << Execute << QByteArray("Stop");
+    QTest::newRow("zero behind") << Execute << QByteArray("stop\0", 5);
+    QTest::newRow("empty") << Execute << QByteArray();
+    QTest::newRow("unknown message") << QStringLiteral("Show(QString)") << QByteArray("stop");
+}
+
+void TestLauncherMessages::wordsBelongToTheirMessage()
+{
+    QFETCH(QString, message);
+    QFETCH(QByteArray, payload);
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    CallLog::clear();
+    f.window->handleReceived(message, payload);
+    QCOMPARE(fakes::calls(), QStringList());
+    QVERIFY(f.window->isVisible());
+    QCOMPARE(f.current(), f.window->editor());
+    QVERIFY(f.current()->isEnabled());
+}
+
+void TestLauncherMessages::messagesComeOverTheChannel()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("a"));
+    QVERIFY(QCopChannel::send(QStringLiteral("scanprocess"), Execute, "savenochujiao"));
+    QTRY_COMPARE(savedFile(f).size(), 6);
+}
+
+QTEST_MAIN(TestLauncherMessages)
+#include "tst_launchermessages.moc"

@@ -1,0 +1,344 @@
+#include "app/mainwindow.h"
+
+#include "editor/myedit.h"
+#include "editor/speechtext.h"
+#include "engines/cttsthread.h"
+#include "tests/fakes/calls.h"
+#include "tests/fakes/fakeiap.h"
+#include "tests/fakes/fakeocr.h"
+#include "tests/shared/windowfixture.h"
+
+#include <QSignalSpy>
+
+namespace {
+
+const QString FirstHelp = QStringLiteral("Press OK to select, or down for other options.");
+const QString MiddleHelp = QStringLiteral("Press OK to select, or up or down for more options.");
+const QString LastHelp = QStringLiteral("Press OK to select, or Up for other options.");
+
+} // namespace
+
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void windowIsTheWholeScreen();
+    void menuWithoutFileHasFourItems();
+    void menuWithFileStartsWithContinue();
+    void firstScreenIsSpokenWithItsHeading();
+    void helpDependsOnThePlaceInTheMenu();
+    void oneItemMenuGetsTheFirstHelp();
+    void emptyInstructionSpeaksTheTextAlone();
+    void emptyTextSpeaksTheInstructionAlone();
+    void lastPendingUtteranceIsSpoken();
+    void keyCutsMenuSpeechShort();
+    void launcherHearsOfMenuSpeech();
+    void newFileShowsTheEditor();
+    void secondPressWhileBusyDoesNothing();
+    void thousandFilesAllowNoNewOne();
+    void continueOpensTheCurrentFile();
+    void openListsTheFilesNewestFirst();
+    void openWithoutFilesSaysSo();
+    void openShowsTheChosenFile();
+    void leavingTheEditorReturnsToTheMenu();
+    void fileTooBigStaysInTheMenu();
+    void verticalModeIsAnnounced();
+    void editorSpeaksItsHint();
+    void showingTheEditorLetsTheEngineDeliver();
+    void escapeInTheMainMenuEndsTheApplication();
+    void endShutsTheEnginesDown();
+};
+
+void TestMainWindow::windowIsTheWholeScreen()
+{
+    const WindowFixture f;
+    QCOMPARE(f.window->size(), QSize(256, 64));
+    QCOMPARE(f.window->pos(), QPoint(0, 0));
+    QCOMPARE(f.window->objectName(), QStringLiteral("MainWindow"));
+    QCOMPARE(f.window->windowTitle(), QStringLiteral("MainWindow"));
+    QVERIFY(f.window->windowFlags().testFlag(Qt::FramelessWindowHint));
+    QCOMPARE(f.window->centralWidget()->objectName(), QStringLiteral("centralWidget"));
+    QVERIFY(f.window->keepRunning());
+}
+
+void TestMainWindow::menuWithoutFileHasFourItems()
+{
+    const WindowFixture f;
+    QCOMPARE(f.entries(), (QStringList{"New file", "Open file", "Delete file", "Scan settings"}));
+    QVERIFY(f.current()->isVisible());
+}
+
+void TestMainWindow::menuWithFileStartsWithContinue()
+{
+    const WindowFixture f({QStringLiteral("notes")});
+    QCOMPARE(f.entries(), (QStringList{"Continue scan notes", "New file", "Open file",
+                                       "Delete file", "Scan settings"}));
+}
+
+void TestMainWindow::firstScreenIsSpokenWithItsHeading()
+{
+    const WindowFixture f;
+    QTRY_COMPARE(f.spoken(), QStringList{QStringLiteral("Scan to File mode. ") + pauseTag(500)
+                                         + QStringLiteral("New file    ") + FirstHelp});
+}
+
+void TestMainWindow::helpDependsOnThePlaceInTheMenu()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    const auto moveAndHear = [&](Qt::Key key, const QString& expected) {
+        f.press(key);
+        QTRY_COMPARE(f.spoken().last(), expected);
+        QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    };
+    moveAndHear(Qt::Key_Down, QStringLiteral("Open file") + pauseTag(500) + MiddleHelp);
+    moveAndHear(Qt::Key_Down, QStringLiteral("Delete file") + pauseTag(500) + MiddleHelp);
+    moveAndHear(Qt::Key_Down, QStringLiteral("Scan settings") + pauseTag(500) + LastHelp);
+    moveAndHear(Qt::Key_Up, QStringLiteral("Delete file") + pauseTag(500) + MiddleHelp);
+    moveAndHear(Qt::Key_Up, QStringLiteral("Open file") + pauseTag(500) + MiddleHelp);
+    moveAndHear(Qt::Key_Up, QStringLiteral("New file") + pauseTag(500) + FirstHelp);
+}
+
+void TestMainWindow::oneItemMenuGetsTheFirstHelp()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.window->menuShowSlot(0, QStringLiteral("only"), 0);
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("only") + pauseTag(500) + FirstHelp);
+}
+
+void TestMainWindow::emptyInstructionSpeaksTheTextAlone()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.window->talkingMenuTTS(0, QStringLiteral("text"), QString());
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("text"));
+}
+
+void TestMainWindow::emptyTextSpeaksTheInstructionAlone()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.window->talkingMenuTTS(0, QString(), QStringLiteral("instruction"));
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("instruction"));
+}
+
+void TestMainWindow::lastPendingUtteranceIsSpoken()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->talkingMenuTTS(0, QStringLiteral("one"), QString());
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    // Both come before the worker's end is heard; each silences the voice.
+    f.window->talkingMenuTTS(0, QStringLiteral("two"), QString());
+    f.window->talkingMenuTTS(0, QStringLiteral("three"), QString());
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("three"));
+    QVERIFY(!f.spoken().contains(QStringLiteral("two")));
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+}
+
+void TestMainWindow::keyCutsMenuSpeechShort()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->talkingMenuTTS(0, QStringLiteral("long"), QString());
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    QSignalSpy finished(f.window->menuSpeech(), &QThread::finished);
+    f.window->keyPressSlot();
+    QVERIFY(!FakeTts::isSpeaking() || FakeTts::waitUntilSilent());
+    QTRY_COMPARE(finished.count(), 1);
+}
+
+void TestMainWindow::launcherHearsOfMenuSpeech()
+{
+    WindowFixture f;
+    QVERIFY(f.launcher.waitFor(QStringLiteral("execute(QString) soundno")));
+    QCOMPARE(f.launcher.messages(),
+             (QStringList{"execute(QString) soundyes", "execute(QString) soundno"}));
+    f.window->SendShow();
+    QVERIFY(f.launcher.waitFor(QStringLiteral("Show(QString) scan")));
+}
+
+void TestMainWindow::newFileShowsTheEditor()
+{
+    WindowFixture f;
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    QVERIFY(f.window->editor()->isBound());
+    QVERIFY(f.window->editor()->isVisible());
+    QVERIFY(FakeIap::isStarted());
+    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    QVERIFY(f.state.root.exists(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name)));
+    f.press(Qt::Key_Escape);
+    QCOMPARE(f.entries().first(), QStringLiteral("Continue scan ") + name);
+    QCOMPARE(f.entries().size(), 5);
+}
+
+void TestMainWindow::secondPressWhileBusyDoesNothing()
+{
+    WindowFixture f;
+    f.window->newFile();
+    f.window->newFile();
+    f.window->continueFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+    QCOMPARE(FileManager::Instance()->getFileNum(), 1);
+}
+
+void TestMainWindow::thousandFilesAllowNoNewOne()
+{
+    QStringList names;
+    for (int i = 0; i < 1000; ++i)
+        names.append(QStringLiteral("f%1").arg(i));
+    WindowFixture f(names);
+    QCOMPARE(FileManager::Instance()->getFileNum(), 1000);
+    f.window->newFile();
+    QTRY_COMPARE(f.messages.texts(),
+                 QStringList{"Max number of files exceeded. Please remove some files."});
+    QCOMPARE(FileManager::Instance()->getFileNum(), 1000);
+    QCOMPARE(f.current(), f.menu());
+    f.window->continueFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+}
+
+void TestMainWindow::continueOpensTheCurrentFile()
+{
+    WindowFixture f({QStringLiteral("notes")});
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    QCOMPARE(f.window->editor()->documentText(), QStringLiteral("t"));
+}
+
+void TestMainWindow::openListsTheFilesNewestFirst()
+{
+    WindowFixture f;
+    f.state.root.write(QStringLiteral("/apps/config/filelist.cfg"), QByteArray());
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.window->editor()->appendText(QStringLiteral("first text"));
+    f.press(Qt::Key_Escape);
+    f.window->newFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.press(Qt::Key_Escape);
+    f.window->openFileMenu();
+    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    QCOMPARE(f.entries(),
+             (QStringList{name + QStringLiteral("_1  []"), name + QStringLiteral("  [sttext]")}));
+    MySubMenu* list = f.menu();
+    f.press(Qt::Key_Escape);
+    QVERIFY(f.current() != list);
+    QCOMPARE(f.entries().size(), 5);
+}
+
+void TestMainWindow::openWithoutFilesSaysSo()
+{
+    WindowFixture f;
+    QWidget* before = f.current();
+    f.window->openFileMenu();
+    QCOMPARE(f.messages.texts(), QStringList{"No available files!"});
+    QCOMPARE(f.current(), before);
+}
+
+void TestMainWindow::openShowsTheChosenFile()
+{
+    WindowFixture f({QStringLiteral("one"), QStringLiteral("two")});
+    f.window->openFileMenu();
+    const QString first = f.entries().first().section(u' ', 0, 0);
+    const QString second = f.entries().at(1).section(u' ', 0, 0);
+    QVERIFY(first != second);
+    f.press(Qt::Key_Down);
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    FileInfo current;
+    QVERIFY(FileManager::Instance()->getCurInfo(current));
+    QCOMPARE(current.name, second);
+}
+
+void TestMainWindow::leavingTheEditorReturnsToTheMenu()
+{
+    WindowFixture f;
+    QWidget* menu = f.current();
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.press(Qt::Key_Escape);
+    QCOMPARE(f.current(), menu);
+    QVERIFY(menu->isVisible() && menu->isEnabled());
+    QVERIFY(!f.window->editor()->isVisible());
+}
+
+void TestMainWindow::fileTooBigStaysInTheMenu()
+{
+    WindowFixture f({QStringLiteral("big")});
+    QByteArray bytes("\xff\xfe", 2);
+    bytes.append(QByteArray("a\0", 2).repeated(40000));
+    f.state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/big.txt"), bytes);
+    QWidget* menu = f.current();
+    f.window->continueFile();
+    QTRY_COMPARE(f.messages.texts(),
+                 QStringList{"The file is too big, do not edit the file in computer."});
+    QTRY_COMPARE(f.current(), menu);
+    QVERIFY(menu->isVisible());
+    QCOMPARE(f.state.root.read(QStringLiteral("/mnt/mmc/e_ScanFile/big.txt")), bytes);
+}
+
+void TestMainWindow::verticalModeIsAnnounced()
+{
+    WindowFixture f;
+    ConfigReader::Instance()->setScanDirectInfo(1);
+    f.window->newFile();
+    QTRY_COMPARE(f.messages.texts(), QStringList{"Vertical Text Scan Mode!"});
+    QCOMPARE(f.current(), f.window->editor());
+    QCOMPARE(FakeIap::direction(), 1);
+}
+
+void TestMainWindow::editorSpeaksItsHint()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.window->newFile();
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("Scan or press Menu for options."));
+}
+
+void TestMainWindow::showingTheEditorLetsTheEngineDeliver()
+{
+    WindowFixture f;
+    f.window->newFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.window->editor()->setStopFlag(true);
+    QVERIFY(FakeIap::stopSignal());
+    f.window->editor()->hide();
+    f.window->editor()->show();
+    QVERIFY(!FakeIap::stopSignal());
+}
+
+void TestMainWindow::escapeInTheMainMenuEndsTheApplication()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.press(Qt::Key_Escape);
+    QVERIFY(f.launcher.waitFor(QStringLiteral("ESC(QString) escpressed")));
+    QTRY_VERIFY(!f.window->isVisible());
+}
+
+void TestMainWindow::endShutsTheEnginesDown()
+{
+    {
+        WindowFixture f;
+        f.window->newFile();
+        QTRY_COMPARE(f.current(), f.window->editor());
+        CallLog::clear();
+        f.window.reset();
+        const QStringList ends = fakes::calls();
+        QVERIFY(ends.contains(QStringLiteral("ZEMBRA_TTS_Uninitialize()")));
+        QVERIFY(ends.contains(QStringLiteral("ZEMBRA_IAP_Uninitialize()")));
+        QCOMPARE(FakeOcr::openHandles(), 0);
+        QVERIFY(!FakeTts::isStarted());
+    }
+    QCOMPARE(FakeOcr::misuses(), 0);
+}
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"

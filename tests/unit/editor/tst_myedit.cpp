@@ -1,0 +1,496 @@
+#include "editor/myedit.h"
+
+#include "app/mystyle.h"
+#include "app/palette.h"
+#include "engines/csoundthread.h"
+#include "tests/fakes/calls.h"
+#include "tests/fakes/fakeiap.h"
+#include "tests/fakes/fakeocr.h"
+#include "tests/fakes/faketts.h"
+#include "tests/fakes/qcoprecorder.h"
+#include "tests/shared/applicationstate.h"
+#include "tests/shared/messagewatcher.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+const QString TooBigToOpen =
+    QStringLiteral("The file is too big, do not edit the file in computer.");
+const QString TooBigToAppend = QStringLiteral("The file is too big. Please create new file.");
+const QString Damaged = QStringLiteral("File system is damaged, please connect to PC and repair.");
+
+QByteArray utf16File(const QString& text)
+{
+    QByteArray bytes("\xff\xfe", 2);
+    bytes.append(reinterpret_cast<const char*>(text.utf16()), 2 * text.size());
+    return bytes;
+}
+
+} // namespace
+
+class TestMyEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void bindingLoadsTheTextAndStartsTheEngine();
+    void fileAtTheLimitIsOpened();
+    void fileOverTheLimitOpensEmptyAndIsNeverSaved();
+    void swipeBecomesTextAndSpeech();
+    void swipeTellsTheLauncher();
+    void secondSwipeWhileRecognisingIsDropped();
+    void emptyResultAddsNothingAndFails();
+    void doubtedTextIsUsedAndFails();
+    void recognitionOfNoImageGivesMinusOne();
+    void recognitionOfNothingGivesMinusTwo();
+    void swipeWhileReadingSilencesAndIsRecognised();
+    void scanThatDoesNotFitIsDroppedWithAMessage();
+    void scanGoesToTheEndWhereverTheCursorIs();
+    void noBreakSpaceSurvives();
+    void escapeWithoutFileOnlyAsks();
+    void escapeSavesAndGoesBack();
+    void failedSaveKeepsTextAndScreen();
+    void stopOnlyLeavesTheFileAlone();
+    void autoSaveTimerSaves();
+    void keysAreIgnoredWhileSwiping();
+    void spokenWordIsMarked_data();
+    void spokenWordIsMarked();
+    void changedTextIsNotMarked();
+    void readingSwitchedOffStaysSilent();
+    void delayComesBeforeReading();
+    void okReadsFromTheWordAtTheCursorAndStops();
+    void readAgainReadsTheLastText();
+    void arrowsWalkWords();
+    void wordAtTheCursor();
+
+private:
+    void open(const QString& text);
+    QString savedText() const;
+    void swipe(const char16_t* text);
+
+    std::unique_ptr<ApplicationState> m_state;
+    std::unique_ptr<MessageWatcher> m_messages;
+    std::unique_ptr<QCopRecorder> m_launcher;
+    std::unique_ptr<QWidget> m_previous;
+    std::unique_ptr<MyEdit> m_edit;
+};
+
+void TestMyEdit::initTestCase()
+{
+    QApplication::setStyle(new MyStyle);
+    QApplication::setPalette(screenPalette());
+}
+
+void TestMyEdit::init()
+{
+    m_state = std::make_unique<ApplicationState>();
+    m_messages = std::make_unique<MessageWatcher>();
+    m_launcher = std::make_unique<QCopRecorder>();
+}
+
+void TestMyEdit::cleanup()
+{
+    m_edit.reset();
+    m_previous.reset();
+    m_launcher.reset();
+    m_messages.reset();
+    m_state.reset();
+}
+
+// An editor on a file with this text, shown, with a screen to go back to.
+void TestMyEdit::open(const QString& text)
+{
+    m_state->root.write(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"), utf16File(text));
+    m_state->load();
+    m_previous = std::make_unique<QWidget>();
+    WidgetChange::Instance()->Go2NewWidget(m_previous.get());
+    m_edit = std::make_unique<MyEdit>();
+    m_edit->setFixedSize(256, 64);
+    TTSPlayer::Instance()->setEdit(m_edit.get());
+    FileInfo info;
+    QVERIFY(FileManager::Instance()->getInfoByID(0, info));
+    if (m_edit->setFileInfo(info) == 0) {
+        m_edit->setPrevWidget(m_previous.get());
+        WidgetChange::Instance()->Go2NewWidget(m_edit.get());
+        m_edit->activateWindow();
+    }
+}
+
+QString TestMyEdit::savedText() const
+{
+    const QByteArray bytes = m_state->root.read(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
+    return QString(reinterpret_cast<const QChar*>(bytes.constData() + 2), bytes.size() / 2 - 1);
+}
+
+void TestMyEdit::swipe(const char16_t* text)
+{
+    FakeOcr::setResult(text);
+    QCOMPARE(FakeIap::swipe(FakeIap::pattern(40, 10)), std::optional(0));
+}
+
+void TestMyEdit::bindingLoadsTheTextAndStartsTheEngine()
+{
+    open(QStringLiteral("one\r\ntwo "));
+    QVERIFY(m_edit->isBound());
+    QCOMPARE(m_edit->documentText(), QStringLiteral("one\ntwo "));
+    QCOMPARE(m_edit->getCurPosition(), 8);
+    QVERIFY(FakeIap::isStarted());
+    QVERIFY(m_messages->texts().isEmpty());
+}
+
+void TestMyEdit::fileAtTheLimitIsOpened()
+{
+    open(QString(32768, u'a'));
+    QVERIFY(m_edit->isBound());
+    QCOMPARE(m_edit->documentText().size(), 32768);
+}
+
+void TestMyEdit::fileOverTheLimitOpensEmptyAndIsNeverSaved()
+{
+    const QString text(32769, u'a');
+    open(text);
+    QCOMPARE(m_messages->texts(), QStringList{TooBigToOpen});
+    QVERIFY(!m_edit->isBound());
+    QVERIFY(m_edit->documentText().isEmpty());
+    QVERIFY(!FakeIap::isStarted());
+    QVERIFY(!m_edit->SaveOnly());
+    m_edit->SaveAndExit();
+    QCOMPARE(savedText(), text);
+}
+
+void TestMyEdit::swipeBecomesTextAndSpeech()
+{
+    open(QStringLiteral("Before. "));
+    swipe(u"Hello world");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("Before. Hello world "));
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"Hello world"}));
+    QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
+    QVERIFY(m_launcher->messages().contains(QStringLiteral("execute(QString) soundyes")));
+    QVERIFY(!m_edit->recognitionFailed());
+    QCOMPARE(FakeOcr::lastImage().width, 40);
+    QCOMPARE(FakeOcr::openResults(), 0);
+}
+
+void TestMyEdit::swipeTellsTheLauncher()
+{
+    open(QString());
+    swipe(u"x");
+    QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) trigger")));
+    QCOMPARE(m_launcher->messages().first(), QStringLiteral("execute(QString) trigger"));
+}
+
+void TestMyEdit::secondSwipeWhileRecognisingIsDropped()
+{
+    open(QString());
+    FakeOcr::hold();
+    swipe(u"first");
+    QTRY_VERIFY(FakeOcr::waitUntilRecognizing());
+    QSignalSpy arrived(m_edit.get(), &MyEdit::signalEdit);
+    QCOMPARE(FakeIap::swipe(FakeIap::pattern(20, 10)), std::optional(0));
+    QTRY_COMPARE(arrived.count(), 1);
+    QCoreApplication::processEvents(); // Recognize() has seen it
+    FakeOcr::release();
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
+    QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
+    QCOMPARE(FakeOcr::images().size(), std::size_t(1));
+}
+
+void TestMyEdit::emptyResultAddsNothingAndFails()
+{
+    open(QStringLiteral("text"));
+    QSignalSpy finished(m_edit.get(), &MyEdit::signalEdit);
+    swipe(u"");
+    QTRY_VERIFY(m_edit->recognitionFailed());
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(m_edit->documentText(), QStringLiteral("text"));
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestMyEdit::doubtedTextIsUsedAndFails()
+{
+    open(QString());
+    FakeOcr::setResult(u"doubt", 1);
+    FakeIap::swipe(FakeIap::pattern(40, 10));
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("doubt "));
+    QVERIFY(m_edit->recognitionFailed());
+}
+
+void TestMyEdit::recognitionOfNoImageGivesMinusOne()
+{
+    open(QString());
+    auto* record = new _stImg;
+    record->buffer = new unsigned char[4];
+    QCOMPARE(m_edit->RecThread(record), -1);
+    QVERIFY(FakeOcr::images().empty());
+}
+
+void TestMyEdit::recognitionOfNothingGivesMinusTwo()
+{
+    open(QString());
+    FakeOcr::setResult(u"");
+    auto* record = new _stImg;
+    record->image = new unsigned char[4]{};
+    record->width = 2;
+    record->height = 2;
+    QCOMPARE(m_edit->RecThread(record), -2);
+    QVERIFY(m_edit->documentText().isEmpty());
+}
+
+void TestMyEdit::swipeWhileReadingSilencesAndIsRecognised()
+{
+    open(QString());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    swipe(u"first line");
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    QSignalSpy keys(m_edit.get(), &MyEdit::signalKeyPress);
+    swipe(u"second line");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first line second line "));
+    QTRY_COMPARE(FakeTts::texts().size(), std::size_t(2));
+    QCOMPARE(keys.count(), 1);
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+}
+
+void TestMyEdit::scanThatDoesNotFitIsDroppedWithAMessage()
+{
+    const QString full(32768, u'a');
+    open(full);
+    swipe(u"b");
+    QTRY_COMPARE(m_messages->texts(), QStringList{TooBigToAppend});
+    QCOMPARE(m_edit->documentText(), full);
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestMyEdit::scanGoesToTheEndWhereverTheCursorIs()
+{
+    open(QStringLiteral("one "));
+    m_edit->gotoBeginEdit();
+    QVERIFY(m_edit->appendText(QStringLiteral("two")));
+    QCOMPARE(m_edit->documentText(), QStringLiteral("one two "));
+    QCOMPARE(m_edit->getCurPosition(), 4); // where the scan begins
+}
+
+void TestMyEdit::noBreakSpaceSurvives()
+{
+    open(QStringLiteral("10\u00a0km"));
+    QVERIFY(m_edit->SaveOnly());
+    QCOMPARE(savedText(), QStringLiteral("10\u00a0km"));
+}
+
+void TestMyEdit::escapeWithoutFileOnlyAsks()
+{
+    m_state->load();
+    m_edit = std::make_unique<MyEdit>();
+    QSignalSpy asked(m_edit.get(), &MyEdit::signalEsc);
+    QSignalSpy left(m_edit.get(), &MyEdit::signalDelete);
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(asked.count(), 1);
+    QCOMPARE(left.count(), 0);
+    QCOMPARE(fakes::calls("ZEMBRA_IAP_Uninitialize").size(), 0);
+}
+
+void TestMyEdit::escapeSavesAndGoesBack()
+{
+    open(QStringLiteral("one"));
+    m_edit->appendText(QStringLiteral("\ntwo"));
+    QStringList order;
+    connect(m_edit.get(), &MyEdit::signalEsc, this, [&] { order.append(QStringLiteral("esc")); });
+    connect(m_edit.get(), &MyEdit::signalDelete, this, [&] {
+        order.append(m_edit->isVisible() ? QStringLiteral("early") : QStringLiteral("delete"));
+    });
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(order, (QStringList{QStringLiteral("esc"), QStringLiteral("delete")}));
+    QCOMPARE(savedText(), QStringLiteral("one\r\ntwo "));
+    QVERIFY(m_edit->documentText().isEmpty());
+    QVERIFY(!m_edit->isBound());
+    QVERIFY(!FakeIap::isStarted());
+    QVERIFY(m_previous->isVisible());
+    QCOMPARE(WidgetChange::Instance()->getCurWidget(), m_previous.get());
+}
+
+void TestMyEdit::failedSaveKeepsTextAndScreen()
+{
+    open(QStringLiteral("precious"));
+    const QString path = m_state->root.path(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(m_messages->texts(), QStringList{Damaged});
+    QCOMPARE(m_edit->documentText(), QStringLiteral("precious"));
+    QVERIFY(m_edit->isBound());
+    QVERIFY(m_edit->isVisible());
+
+    QVERIFY(QDir(path).removeRecursively());
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(savedText(), QStringLiteral("precious"));
+    QVERIFY(m_previous->isVisible());
+}
+
+void TestMyEdit::stopOnlyLeavesTheFileAlone()
+{
+    open(QStringLiteral("one"));
+    m_edit->appendText(QStringLiteral("two"));
+    m_edit->StopOnly();
+    QVERIFY(m_edit->documentText().isEmpty());
+    QVERIFY(!FakeIap::isStarted());
+    QCOMPARE(savedText(), QStringLiteral("one"));
+}
+
+void TestMyEdit::autoSaveTimerSaves()
+{
+    open(QStringLiteral("one "));
+    m_edit->appendText(QStringLiteral("two"));
+    QTimerEvent foreign(m_edit->autoSaveTimer() + 1000);
+    QCoreApplication::sendEvent(m_edit.get(), &foreign);
+    QCOMPARE(savedText(), QStringLiteral("one "));
+    QTimerEvent due(m_edit->autoSaveTimer());
+    QCoreApplication::sendEvent(m_edit.get(), &due);
+    QCOMPARE(savedText(), QStringLiteral("one two "));
+    QVERIFY(m_edit->isBound());
+}
+
+void TestMyEdit::keysAreIgnoredWhileSwiping()
+{
+    open(QStringLiteral("one two"));
+    QVERIFY(FakeIap::press());
+    QSignalSpy pressed(m_edit.get(), &MyEdit::signalKeyPress);
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(pressed.count(), 2);
+    QCOMPARE(m_edit->getCurPosition(), 7);
+    QVERIFY(m_edit->isBound());
+    FakeIap::liftWithoutLine();
+    QVERIFY(FakeIap::waitUntilIdle());
+}
+
+void TestMyEdit::spokenWordIsMarked_data()
+{
+    QTest::addColumn<int>("wordPause");
+    QTest::newRow("punctuation pauses") << 0;
+    QTest::newRow("word pauses") << 2;
+}
+
+void TestMyEdit::spokenWordIsMarked()
+{
+    QFETCH(int, wordPause);
+    m_state->root.setSetting(QStringLiteral("SystemSet/WORDPAUSE"), wordPause);
+    open(QStringLiteral("Old. "));
+    FakeTts::setPace(FakeTts::Pace::Held);
+    swipe(u"Pi, say, is 3.14 ok");
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    for (const auto& word : {u"Pi", u"say", u"is", u"3.14", u"ok"}) {
+        const QString expected = QString::fromUtf16(word);
+        QVERIFY(FakeTts::speakWord());
+        QTRY_VERIFY(m_edit->getStartPosition() >= 0
+                    && m_edit->documentText()
+                           .mid(m_edit->getStartPosition(),
+                                m_edit->getEndPosition() - m_edit->getStartPosition())
+                           .startsWith(expected));
+        QCOMPARE(m_edit->extraSelections().size(), 1);
+        QCOMPARE(m_edit->getCurPosition(), m_edit->getStartPosition());
+    }
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(m_edit->extraSelections().isEmpty());
+}
+
+void TestMyEdit::changedTextIsNotMarked()
+{
+    open(QString());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    swipe(u"one two");
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    m_edit->setPlainText(QStringLiteral("different"));
+    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
+    QVERIFY(FakeTts::speakWord());
+    QTRY_COMPARE(reports.count(), 1);
+    QCoreApplication::processEvents();
+    QVERIFY(m_edit->extraSelections().isEmpty());
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+}
+
+void TestMyEdit::readingSwitchedOffStaysSilent()
+{
+    m_state->root.setSetting(QStringLiteral("InfoScan/ReadControl"), 1);
+    open(QString());
+    swipe(u"silent");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("silent "));
+    m_edit->readDelaySlot(); // what the delay's end does
+    QVERIFY(!m_edit->soundThread()->isRunning());
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestMyEdit::delayComesBeforeReading()
+{
+    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
+    open(QString());
+    swipe(u"later");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("later "));
+    QVERIFY(!m_edit->soundThread()->isRunning());
+    m_edit->readDelaySlot();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"later"}));
+    // The timer of the delay finds nothing left to read.
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    m_edit->readDelaySlot();
+    QVERIFY(!m_edit->soundThread()->isRunning());
+}
+
+void TestMyEdit::okReadsFromTheWordAtTheCursorAndStops()
+{
+    open(QStringLiteral("one two three"));
+    FakeTts::setPace(FakeTts::Pace::Held);
+    m_edit->gotoBeginEdit();
+    QTest::keyClick(m_edit.get(), Qt::Key_Right);
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    QCOMPARE(FakeTts::texts().back(), std::u16string(u"two three"));
+    QVERIFY(FakeTts::speakWord());
+    QTRY_COMPARE(m_edit->getStartPosition(), 4);
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    QTRY_VERIFY(m_edit->extraSelections().isEmpty());
+    QCOMPARE(m_edit->getCurPosition(), 4); // stays where reading stopped
+}
+
+void TestMyEdit::readAgainReadsTheLastText()
+{
+    open(QString());
+    swipe(u"again");
+    QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    m_edit->soundAgain();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"again", u"again"}));
+}
+
+void TestMyEdit::arrowsWalkWords()
+{
+    open(QStringLiteral("one two\nthree"));
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    QCOMPARE(m_edit->getCurPosition(), 8);
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    QCOMPARE(m_edit->getCurPosition(), 4);
+    QTest::keyClick(m_edit.get(), Qt::Key_Right);
+    QCOMPARE(m_edit->getCurPosition(), 8);
+    QTest::keyClick(m_edit.get(), Qt::Key_Up);
+    QCOMPARE(m_edit->getCurPosition(), 0);
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    QCOMPARE(m_edit->getCurPosition(), 0);
+}
+
+void TestMyEdit::wordAtTheCursor()
+{
+    open(QStringLiteral("one, two"));
+    QCOMPARE(m_edit->getWordFromMyEdit(), QStringLiteral("two"));
+    m_edit->gotoBeginEdit();
+    QCOMPARE(m_edit->getWordFromMyEdit(), QStringLiteral("one"));
+}
+
+QTEST_MAIN(TestMyEdit)
+#include "tst_myedit.moc"
