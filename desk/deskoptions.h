@@ -1,0 +1,31 @@
+#ifndef DESKOPTIONS_H
+#define DESKOPTIONS_H
+
+#include "desk/pageloader.h"
+
+#include <QString>
+#include <QStringList>
+
+/* The command line of the desk. */
+struct DeskOptions
+{
+    QString root;   // run root, absolute
+    QString pen;    // executable, absolute
+    QString fonts;  // fontconfig file for the pen; empty: the machine's own
+    QString script; // headless: the script's file
+    QString out;    // headless: folder for pictures and sound
+    QString wav;    // empty: the sound is heard
+    QString deskShot;
+    PageSource page;
+    bool helpWanted = false;
+    QString help;  // the text of --help
+    QString error; // empty when the desk can be opened
+
+    bool isHeadless() const { return !script.isEmpty(); }
+
+    /* Reads the arguments (the program's name first). `programDir` is where the pen's executable
+     * is looked for without --pen: beside the desk's, or in ../app. */
+    static DeskOptions parse(const QStringList& arguments, const QString& programDir);
+};
+
+#endif

@@ -1,0 +1,216 @@
+#include "desk/desksession.h"
+
+#include "desk/penpicture.h"
+
+#include <chrono>
+
+namespace {
+
+const QByteArray DisplayName = QByteArrayLiteral("swipeline-pen");
+const QString LinkName = QStringLiteral("link");
+constexpr double ShortestSwipeMm = 1.0;
+
+qint64 nowUs()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
+}
+
+} // namespace
+
+DeskSession::DeskSession(DeskSetting setting, QObject* parent)
+    : QObject(parent),
+      m_setting(std::move(setting)),
+      m_feeder(m_link),
+      m_screen(penpicture::toOneBit(QImage()))
+{
+    m_quiet.start();
+}
+
+DeskSession::~DeskSession() = default;
+
+bool DeskSession::open()
+{
+    if (!m_runtimeDir.isValid()) {
+        m_error = tr("A private folder cannot be made in the temporary folder.");
+        return false;
+    }
+    const QString linkPath = m_runtimeDir.filePath(LinkName);
+    if (!m_link.listen(linkPath)) {
+        m_error = m_link.errorString();
+        return false;
+    }
+    m_compositor = std::make_unique<PenCompositor>(DisplayName);
+    m_compositor->create();
+    if (m_compositor->socketName() != DisplayName) {
+        m_error = tr("The display for the pen cannot be opened in %1.").arg(m_runtimeDir.path());
+        return false;
+    }
+    m_launcher = std::make_unique<Launcher>();
+    if (!m_launcher->isListening()) {
+        m_error = tr("The launcher's channel cannot be opened in %1.").arg(m_runtimeDir.path());
+        return false;
+    }
+    PenProcess::Setting pen;
+    pen.program = m_setting.penProgram;
+    pen.root = m_setting.root;
+    pen.waylandDisplay = QString::fromLatin1(DisplayName);
+    pen.link = linkPath;
+    pen.wav = m_setting.wav;
+    pen.fontConfig = m_setting.fontConfig;
+    pen.hostRuntimeDir = m_runtimeDir.hostDir();
+    m_pen = std::make_unique<PenProcess>(pen);
+
+    connect(m_compositor.get(), &PenCompositor::pictureChanged, this, &DeskSession::updateScreen);
+    connect(m_launcher.get(), &Launcher::logged, this, &DeskSession::stir);
+    connect(m_pen.get(), &PenProcess::started, this, &DeskSession::penStarted);
+    connect(m_pen.get(), &PenProcess::ended, this, [this](const QString& how, bool well) {
+        m_transcript.breakOff(nowUs());
+        m_launcher->reset();
+        stir();
+        emit speechChanged();
+        emit penEnded(how, well);
+    });
+    connect(&m_pageLoader, &PageLoader::loaded, this, &DeskSession::takePage);
+    connect(&m_pageLoader, &PageLoader::failed, this, &DeskSession::pageFailed);
+    connectLink();
+    connectFeeder();
+    return true;
+}
+
+void DeskSession::connectLink()
+{
+    connect(&m_link, &LinkServer::cameraSwitched, this, &DeskSession::cameraSwitched);
+    connect(&m_link, &LinkServer::swipeReported, this, [this](const SwipeReport& report) {
+        m_swipeReports.append(report);
+        stir();
+        emit swipeReported(report);
+    });
+    connect(&m_link, &LinkServer::speechBegan, this,
+            [this](quint32 id, int language, const QString& text, qint64 timeUs) {
+                m_transcript.begin(id, language, text, timeUs);
+                stir();
+                emit speechChanged();
+            });
+    connect(&m_link, &LinkServer::wordSpoken, this,
+            [this](quint32 id, int offset, int length, qint64 timeUs) {
+                m_transcript.word(id, offset, length, timeUs);
+                stir();
+                emit speechChanged();
+            });
+    connect(&m_link, &LinkServer::speechEnded, this,
+            [this](quint32 id, bool stopped, qint64 timeUs) {
+                m_transcript.end(id, stopped, timeUs);
+                stir();
+                emit speechChanged();
+            });
+    connect(&m_link, &LinkServer::engineDisconnected, this, [this](desklink::Role role) {
+        if (role != desklink::Role::Speech)
+            return;
+        m_transcript.breakOff(nowUs());
+        emit speechChanged();
+    });
+    connect(&m_link, &LinkServer::refreshSwitched, this, [this](bool on) {
+        m_refreshing = on;
+        updateScreen();
+    });
+}
+
+void DeskSession::connectFeeder()
+{
+    connect(&m_feeder, &SwipeFeeder::tipDown, this, &DeskSession::swipeStarted);
+    connect(&m_feeder, &SwipeFeeder::looksAt, this, &DeskSession::swipeLooksAt);
+    connect(&m_feeder, &SwipeFeeder::tipUp, this, [this](int frames, int lost) {
+        stir();
+        emit swipeEnded(frames, lost);
+    });
+}
+
+qint64 DeskSession::quietMs() const
+{
+    const bool busy = m_transcript.isSpeaking() || m_feeder.isSwiping() || m_pageLoader.isLoading();
+    return busy ? 0 : m_quiet.elapsed();
+}
+
+void DeskSession::startPen()
+{
+    if (m_pen->isRunning())
+        return;
+    m_refreshing = true;
+    ++m_penRuns;
+    m_pen->start();
+}
+
+void DeskSession::sendKey(Qt::Key key, bool pressed)
+{
+    stir();
+    m_compositor->sendKey(key, pressed);
+}
+
+void DeskSession::setLeftHand(bool left)
+{
+    m_setting.camera.mount.leftHand = left;
+    makeCamera();
+}
+
+bool DeskSession::swipe(QPointF fromMm, QPointF toMm, double speedMmPerS)
+{
+    if (QLineF(fromMm, toMm).length() < ShortestSwipeMm || !m_camera)
+        return false;
+    HandSettings hand;
+    hand.speedMmPerS = speedMmPerS;
+    hand.seed = ++m_swipes;
+    stir();
+    return m_feeder.swipe(m_camera, HandPath::sampled(fromMm, toMm, hand));
+}
+
+bool DeskSession::swipeLine(int line, double speedMmPerS)
+{
+    if (line < 0 || line >= m_page.lines.size())
+        return false;
+    const QLineF way = m_page.wayOver(line);
+    return swipe(way.p1(), way.p2(), speedMmPerS);
+}
+
+bool DeskSession::beginSwipe(QPointF mm)
+{
+    stir();
+    return m_camera && m_feeder.begin(m_camera, mm);
+}
+
+void DeskSession::moveSwipe(QPointF mm)
+{
+    m_feeder.move(mm);
+}
+
+void DeskSession::endSwipe(QPointF mm)
+{
+    m_feeder.lift(mm);
+}
+
+void DeskSession::updateScreen()
+{
+    if (!m_refreshing && m_compositor->hasWindow())
+        return;
+    const QImage now = penpicture::toOneBit(m_compositor->picture());
+    if (now == m_screen)
+        return;
+    m_screen = now;
+    ++m_screenChanges;
+    stir();
+    emit screenChanged();
+}
+
+void DeskSession::takePage(const PrintedPage& page)
+{
+    m_page = page;
+    makeCamera();
+    stir();
+    emit pageChanged();
+}
+
+void DeskSession::makeCamera()
+{
+    if (!m_page.isEmpty())
+        m_camera = std::make_shared<const PenCamera>(m_page.image, m_page.dpi, m_setting.camera);
+}

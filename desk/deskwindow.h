@@ -1,0 +1,56 @@
+#ifndef DESKWINDOW_H
+#define DESKWINDOW_H
+
+#include <QImage>
+#include <QSet>
+#include <QWidget>
+
+class CaptionView;
+class DeskSession;
+class LauncherView;
+class PageView;
+class PenView;
+class QCheckBox;
+class QComboBox;
+
+/*
+ * The window: pen above, page below, launcher beside it. Arrow keys, Return and the function keys
+ * go to the pen while the focus is on it; Escape and the function keys always do.
+ */
+class DeskWindow : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit DeskWindow(DeskSession& session, QWidget* parent = nullptr);
+    ~DeskWindow() override;
+
+    /* The whole window as a picture. */
+    QImage picture();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* makePageCard();
+    QWidget* makePageBar();
+    void connectPen();
+    void connectPage();
+    void choosePage();
+    void openPage();
+    void pressKey(Qt::Key key, bool pressed);
+    bool goesToPen(int key) const;
+    void showPen();
+
+    DeskSession& m_session;
+    PenView* m_pen;
+    CaptionView* m_caption;
+    PageView* m_page;
+    LauncherView* m_launcher;
+    QComboBox* m_pages = nullptr;
+    QCheckBox* m_ruler = nullptr;
+    QSet<Qt::Key> m_down; // keys of the keyboard that the pen has been told of
+};
+
+#endif

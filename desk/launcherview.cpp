@@ -1,0 +1,144 @@
+#include "desk/launcherview.h"
+
+#include "desk/desklook.h"
+#include "desk/penfiles.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int MaxMessages = 500;
+constexpr int FilesEveryMs = 1000;
+
+} // namespace
+
+LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
+    : QWidget(parent),
+      m_launcher(launcher),
+      m_root(std::move(root)),
+      m_status(new QLabel),
+      m_start(nullptr),
+      m_usb(nullptr),
+      m_messages(new QListWidget),
+      m_files(new QPlainTextEdit)
+{
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 14, 16, 14);
+    column->setSpacing(10);
+    m_status->setWordWrap(true);
+    m_status->setTextFormat(Qt::PlainText);
+    column->addWidget(m_status);
+    column->addWidget(makeSwitches());
+
+    auto* const tabs = new QTabWidget;
+    m_messages->setAccessibleName(tr("Messages between launcher and pen"));
+    m_messages->setUniformItemSizes(true);
+    m_files->setAccessibleName(tr("Files on the pen's card"));
+    m_files->setReadOnly(true);
+    m_files->setTabChangesFocus(true);
+    tabs->addTab(m_messages, tr("Messages"));
+    tabs->addTab(m_files, tr("Card"));
+    column->addWidget(tabs, 1);
+
+    connect(&m_launcher, &Launcher::logged, this, &LauncherView::addMessage);
+    connect(&m_launcher, &Launcher::usbChanged, m_usb, &QPushButton::setChecked);
+    auto* const timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, [this] {
+        if (m_files->isVisible())
+            showFiles();
+    });
+    connect(tabs, &QTabWidget::currentChanged, this, &LauncherView::showFiles);
+    timer->start(FilesEveryMs);
+    showFiles();
+}
+
+QWidget* LauncherView::makeSwitches()
+{
+    m_start = addSwitch(tr("Start the pen"), tr("Starts the pen's application"));
+    connect(m_start, &QPushButton::clicked, this, &LauncherView::startWanted);
+    m_usb = addSwitch(tr("USB cable"), tr("Plugs a USB cable into the pen, or pulls it out"));
+    m_usb->setCheckable(true);
+    connect(m_usb, &QPushButton::clicked, this, [this](bool plugged) {
+        if (plugged)
+            m_launcher.plugUsb();
+        else
+            m_launcher.unplugUsb();
+    });
+    auto* const power = addSwitch(tr("Power key"), tr("Presses the power key: the pen is silent"));
+    connect(power, &QPushButton::clicked, &m_launcher, &Launcher::pressPower);
+    auto* const save = addSwitch(tr("Save"), tr("Asks the pen to save the open file"));
+    connect(save, &QPushButton::clicked, &m_launcher, &Launcher::save);
+    auto* const stop = addSwitch(tr("Stop"), tr("Asks the pen to save and close"));
+    connect(stop, &QPushButton::clicked, &m_launcher, &Launcher::stop);
+    m_whileRunning = {m_usb, power, save, stop};
+
+    auto* const switches = new QWidget;
+    auto* const grid = new QGridLayout(switches);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(8);
+    grid->addWidget(m_start, 0, 0, 1, 4);
+    for (int i = 0; i < m_whileRunning.size(); ++i)
+        grid->addWidget(m_whileRunning.at(i), 1, i);
+    return switches;
+}
+
+QPushButton* LauncherView::addSwitch(const QString& text, const QString& tip)
+{
+    auto* const button = new QPushButton(text);
+    button->setToolTip(tip);
+    button->setAccessibleDescription(tip);
+    button->setAutoDefault(false);
+    return button;
+}
+
+void LauncherView::setPenRunning(bool running)
+{
+    m_start->setVisible(!running);
+    for (QWidget* const button : std::as_const(m_whileRunning))
+        button->setEnabled(running);
+}
+
+void LauncherView::setStatus(const QString& status, bool alarm)
+{
+    m_status->setText(status);
+    m_status->setStyleSheet(QStringLiteral("color: %1; font-weight: 600")
+                                .arg((alarm ? desklook::Alarm : desklook::Text).name()));
+}
+
+void LauncherView::addMessage(const Launcher::Entry& entry)
+{
+    // An arrow to the right is to the pen.
+    const QString arrow = entry.sent ? QStringLiteral("  \u2192  ") : QStringLiteral("  \u2190  ");
+    auto* const item =
+        new QListWidgetItem(entry.time.toString(QStringLiteral("HH:mm:ss.zzz")) + arrow
+                            + entry.message + QLatin1String("  ") + QString::fromUtf8(entry.payload)
+                            + (entry.delivered ? QString() : tr("  (nobody listens)")));
+    item->setForeground(entry.sent ? desklook::Accent : desklook::Text);
+    const QScrollBar* const bar = m_messages->verticalScrollBar();
+    const bool atEnd = bar->value() == bar->maximum();
+    m_messages->addItem(item);
+    if (m_messages->count() > MaxMessages)
+        delete m_messages->takeItem(0);
+    if (atEnd)
+        m_messages->scrollToBottom();
+}
+
+void LauncherView::showFiles()
+{
+    QString text;
+    for (const penfiles::ScanFile& file : penfiles::list(m_root))
+        text += file.path + tr(" (%1 bytes)").arg(file.bytes) + QLatin1Char('\n') + file.text
+                + QLatin1String("\n\n");
+    if (text.isEmpty())
+        text = tr("No scan files yet");
+    if (m_files->toPlainText() != text)
+        m_files->setPlainText(text);
+}

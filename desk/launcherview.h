@@ -1,0 +1,48 @@
+#ifndef LAUNCHERVIEW_H
+#define LAUNCHERVIEW_H
+
+#include "desk/launcher.h"
+
+#include <QWidget>
+
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+class QLabel;
+
+/*
+ * The launcher's side of the pen: its switches, the messages that go to and fro, and what lies on
+ * the card.
+ */
+class LauncherView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /* `root`: the run root whose scan files are shown. */
+    LauncherView(Launcher& launcher, QString root, QWidget* parent = nullptr);
+
+    void setPenRunning(bool running);
+    /* How things stand with the pen, in a few words. */
+    void setStatus(const QString& status, bool alarm);
+
+signals:
+    void startWanted();
+
+private:
+    QWidget* makeSwitches();
+    QPushButton* addSwitch(const QString& text, const QString& tip);
+    void addMessage(const Launcher::Entry& entry);
+    void showFiles();
+
+    Launcher& m_launcher;
+    const QString m_root;
+    QLabel* m_status;
+    QPushButton* m_start;
+    QPushButton* m_usb;
+    QList<QWidget*> m_whileRunning;
+    QListWidget* m_messages;
+    QPlainTextEdit* m_files;
+};
+
+#endif

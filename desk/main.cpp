@@ -1,0 +1,121 @@
+/*
+ * The desk: a pen, a page of print and the launcher, on one screen or driven by a script.
+ */
+#include "desk/deskoptions.h"
+#include "desk/desksession.h"
+#include "desk/deskwindow.h"
+#include "desk/scriptrunner.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace {
+
+constexpr int BadUsage = 2;
+constexpr int Failed = 1;
+
+bool isGiven(std::span<char* const> arguments, std::string_view option)
+{
+    return std::ranges::any_of(arguments, [option](std::string_view argument) {
+        return argument.starts_with(option)
+               && (argument.size() == option.size() || argument[option.size()] == '=');
+    });
+}
+
+int complain(const QString& error)
+{
+    const QByteArray text = error.toLocal8Bit();
+    std::fprintf(stderr, "swipeline-desk: %s\n", text.constData());
+    return BadUsage;
+}
+
+DeskSetting settingOf(const DeskOptions& options)
+{
+    DeskSetting setting;
+    setting.penProgram = options.pen;
+    setting.root = options.root;
+    setting.fontConfig = options.fonts;
+    setting.wav = options.wav;
+    return setting;
+}
+
+int runWindow(DeskSession& session, const DeskOptions& options)
+{
+    DeskWindow window(session);
+    window.show();
+    session.pageLoader().load(options.page);
+    session.startPen();
+    const int result = QApplication::exec();
+    if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
+        return complain(QStringLiteral("The picture %1 cannot be written.").arg(options.deskShot));
+    return result;
+}
+
+int runScript(DeskSession& session, const DeskOptions& options)
+{
+    QFile file(options.script);
+    if (!file.open(QIODevice::ReadOnly))
+        return complain(
+            QStringLiteral("%1 cannot be read: %2").arg(options.script, file.errorString()));
+    DeskScript script = DeskScript::parse(QString::fromUtf8(file.readAll()));
+    if (!script.error.isEmpty())
+        return complain(options.script + QLatin1String(", ") + script.error);
+    if (!QDir().mkpath(options.out))
+        return complain(QStringLiteral("The folder %1 cannot be made.").arg(options.out));
+
+    DeskWindow window(session);
+    window.show();
+    ScriptRunner runner(session, script, options.out, [&window] { return window.picture(); });
+    QObject::connect(&runner, &ScriptRunner::finished, qApp,
+                     [](bool ok) { QApplication::exit(ok ? 0 : Failed); });
+    session.pageLoader().load(options.page);
+    QTimer::singleShot(0, &runner, [&] {
+        runner.start();
+        session.startPen();
+    });
+    const int result = QApplication::exec();
+    if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
+        return complain(QStringLiteral("The picture %1 cannot be written.").arg(options.deskShot));
+    return result;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const std::span<char* const> arguments(argv, std::size_t(argc));
+    QCoreApplication::setApplicationName(QStringLiteral("swipeline-desk"));
+    const bool windowed = !isGiven(arguments, "--headless");
+    if (isGiven(arguments, "--help") || isGiven(arguments, "-h")) {
+        const QCoreApplication application(argc, argv);
+        std::fputs(qPrintable(DeskOptions::parse(QCoreApplication::arguments(), QString()).help),
+                   stdout);
+        return 0;
+    }
+    // Neither the desk nor the pen draws with a graphics driver; so none is loaded.
+    qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
+    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    if (!windowed && !chosen)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (windowed && !chosen && qEnvironmentVariableIsEmpty("DISPLAY")
+        && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        return complain(QStringLiteral("There is no display for the window. "
+                                       "Use --headless SCRIPT to run without one."));
+
+    const QApplication application(argc, argv);
+    const DeskOptions options =
+        DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
+    if (!options.error.isEmpty())
+        return complain(options.error);
+    DeskSession session(settingOf(options));
+    if (!session.open())
+        return complain(session.errorString());
+    return options.isHeadless() ? runScript(session, options) : runWindow(session, options);
+}

@@ -1,0 +1,35 @@
+#ifndef OLEDVIEW_H
+#define OLEDVIEW_H
+
+#include <QImage>
+#include <QWidget>
+
+/*
+ * The pen's display, magnified by a whole factor, as it shines behind its glass.
+ */
+class OledView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit OledView(int factor, QWidget* parent = nullptr);
+
+    /* One bit a pixel. */
+    void setScreen(const QImage& oneBit);
+    /* Text over a dark display, while the pen is off; empty for none. */
+    void setNotice(const QString& notice);
+    void setFactor(int factor);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int m_factor;
+    QImage m_oneBit;
+    QImage m_picture;
+    QString m_notice;
+};
+
+#endif

@@ -1,0 +1,79 @@
+#ifndef PAGEVIEW_H
+#define PAGEVIEW_H
+
+#include "desk/printedpage.h"
+
+#include <QAbstractScrollArea>
+#include <QFutureWatcher>
+#include <QTimer>
+
+/*
+ * The page of print on the desk. A drag is a swipe with the user's own hand, a double click swipes
+ * the line below it; with the keyboard, Up and Down choose a line and Return swipes it.
+ */
+class PageView : public QAbstractScrollArea
+{
+    Q_OBJECT
+
+public:
+    explicit PageView(QWidget* parent = nullptr);
+
+    void setPage(const PrintedPage& page);
+    /* Something to read instead of a page: it is being made, or could not be. */
+    void setNotice(const QString& notice);
+
+    /* With a ruler a drag follows the line on which it began, as far as the page knows its lines;
+     * the hand's pace stays. */
+    void setRuler(bool on) { m_ruler = on; }
+
+    /* Shows where the camera looks. */
+    void showCamera(QPointF mm, double angleDeg);
+    void hideCamera();
+
+signals:
+    void swipeBegins(QPointF mm);
+    void swipeMoves(QPointF mm);
+    void swipeEnds(QPointF mm);
+    void lineWanted(int line);
+
+protected:
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+private:
+    enum class Drag { None, Pressed, Swiping };
+
+    void scale();
+    void arrange();
+    double pixelsPerMm() const;
+    QPointF paperOrigin() const;
+    QPointF toMm(QPointF viewportPoint) const;
+    QRectF toViewport(const QRectF& mm) const;
+    QPointF handAt(QPointF viewportPoint) const;
+    void chooseLine(int line);
+    void paintPaper(QPainter& painter);
+    void paintCamera(QPainter& painter);
+
+    PrintedPage m_page;
+    QString m_notice;
+    QImage m_scaled;
+    QFutureWatcher<QImage> m_scaler;
+    bool m_ruler = true;
+    int m_line = -1; // chosen or below the mouse
+    Drag m_drag = Drag::None;
+    QPointF m_pressed; // in the viewport
+    QPointF m_mouse;
+    int m_dragLine = -1;
+    QTimer m_restTimer; // the camera goes on while the hand rests
+    bool m_cameraShown = false;
+    QPointF m_cameraMm;
+    double m_cameraAngle = 0.0;
+};
+
+#endif

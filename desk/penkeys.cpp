@@ -1,0 +1,64 @@
+#include "desk/penkeys.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+constexpr std::array<penkeys::PenKey, 9> Keys = {{
+    {Qt::Key_Escape, "Esc", "Esc", "Back, or the menu above"},
+    {Qt::Key_F12, "F12", "Set", "Quick settings (F12)"},
+    {Qt::Key_Left, "Left", "\u25C0", "Left"},
+    {Qt::Key_Up, "Up", "\u25B2", "Up"},
+    {Qt::Key_Return, "OK", "OK", "OK (Return)"},
+    {Qt::Key_Down, "Down", "\u25BC", "Down"},
+    {Qt::Key_Right, "Right", "\u25B6", "Right"},
+    {Qt::Key_F7, "F7", "\u23EA\uFE0E", "Seek backwards while held (F7)"},
+    {Qt::Key_F8, "F8", "\u23E9\uFE0E", "Seek forwards while held (F8)"},
+}};
+
+} // namespace
+
+namespace penkeys {
+
+std::span<const PenKey> all()
+{
+    return Keys;
+}
+
+std::optional<Qt::Key> fromName(const QString& name)
+{
+    const auto is = [&name](const char* other) {
+        return name.compare(QLatin1String(other), Qt::CaseInsensitive) == 0;
+    };
+    if (is("Return") || is("Enter"))
+        return Qt::Key_Return;
+    if (is("Escape"))
+        return Qt::Key_Escape;
+    const auto found =
+        std::ranges::find_if(Keys, [&is](const PenKey& key) { return is(key.name); });
+    if (found == Keys.end())
+        return std::nullopt;
+    return found->key;
+}
+
+std::optional<Qt::Key> fromKeyboard(int key)
+{
+    if (key == Qt::Key_Enter)
+        return Qt::Key_Return;
+    const auto found =
+        std::ranges::find_if(Keys, [key](const PenKey& penKey) { return penKey.key == key; });
+    if (found == Keys.end())
+        return std::nullopt;
+    return found->key;
+}
+
+QStringList names()
+{
+    QStringList result;
+    for (const PenKey& key : Keys)
+        result.append(QLatin1String(key.name));
+    return result;
+}
+
+} // namespace penkeys

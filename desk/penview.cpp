@@ -1,0 +1,168 @@
+#include "desk/penview.h"
+
+#include "desk/desklook.h"
+#include "desk/keybutton.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QPainterPath>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int TipLength = 78;
+constexpr int Shadow = 8;
+constexpr int BodyPadding = 20;
+constexpr double BodyRadius = 46.0;
+constexpr int GrilleWidth = 96;
+
+/* Positions of the groups of keys in penkeys::all(). */
+constexpr int MenuKeys = 0;
+constexpr int MoveKeys = 2;
+constexpr int SeekKeys = 7;
+
+} // namespace
+
+PenView::PenView(int factor, QWidget* parent) : QWidget(parent), m_display(new OledView(factor))
+{
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(TipLength + BodyPadding, BodyPadding, BodyPadding + Shadow + 14,
+                               BodyPadding - 4 + Shadow);
+    column->setSpacing(12);
+    column->addWidget(m_display, 0, Qt::AlignHCenter);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addSpacing(14);
+    addKeys(*row, MenuKeys, 2);
+    row->addStretch(3);
+    addKeys(*row, MoveKeys, 5);
+    row->addStretch(2);
+    addKeys(*row, SeekKeys, 2);
+    row->addStretch(1);
+    row->addSpacing(GrilleWidth);
+    column->addLayout(row);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void PenView::addKeys(QHBoxLayout& row, int first, int count)
+{
+    for (const penkeys::PenKey& key :
+         penkeys::all().subspan(std::size_t(first), std::size_t(count))) {
+        auto* const button = new KeyButton(key);
+        connect(button, &KeyButton::pressed, this, [this, k = key.key] { emit keyPressed(k); });
+        connect(button, &KeyButton::released, this, [this, k = key.key] { emit keyReleased(k); });
+        m_keys.insert(key.key, button);
+        row.addWidget(button);
+    }
+}
+
+void PenView::showKey(Qt::Key key, bool pressed)
+{
+    if (KeyButton* const button = m_keys.value(key))
+        button->showPressed(pressed);
+}
+
+void PenView::setCameraOn(bool on)
+{
+    m_cameraOn = on;
+    update();
+}
+
+void PenView::setTipPressed(bool pressed)
+{
+    m_tipPressed = pressed;
+    update();
+}
+
+void PenView::setSpeaking(bool speaking)
+{
+    m_speaking = speaking;
+    update();
+}
+
+void PenView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF body = QRectF(rect()).adjusted(TipLength, 2, -Shadow, -Shadow);
+    paintTip(painter, body);
+    paintBody(painter, body);
+    paintGrille(painter, body);
+}
+
+void PenView::paintTip(QPainter& painter, const QRectF& body) const
+{
+    const double middle = body.center().y();
+    QPainterPath cone;
+    cone.moveTo(body.left() + 30, body.top() + 40);
+    cone.cubicTo(body.left() - 10, body.top() + 70, body.left() - 40, middle - 34, body.left() - 56,
+                 middle - 22);
+    cone.lineTo(body.left() - 56, middle + 22);
+    cone.cubicTo(body.left() - 40, middle + 34, body.left() - 10, body.bottom() - 70,
+                 body.left() + 30, body.bottom() - 40);
+    cone.closeSubpath();
+    QLinearGradient shade(0, body.top(), 0, body.bottom());
+    shade.setColorAt(0.0, QColor(0x5a, 0x62, 0x6e));
+    shade.setColorAt(0.5, QColor(0x39, 0x40, 0x4a));
+    shade.setColorAt(1.0, QColor(0x22, 0x27, 0x2e));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(shade);
+    painter.drawPath(cone);
+
+    // The window of the camera, lit while the scan engine runs.
+    const QRectF window(body.left() - 70, middle - 18, 18, 36);
+    const QColor light = m_tipPressed ? QColor(0xff, 0x5a, 0x3c)
+                         : m_cameraOn ? QColor(0xff, 0xb4, 0xa0)
+                                      : QColor(0x6b, 0x70, 0x78);
+    if (m_tipPressed) {
+        QRadialGradient glow(window.center(), 44);
+        glow.setColorAt(0.0, QColor(255, 90, 60, 150));
+        glow.setColorAt(1.0, QColor(255, 90, 60, 0));
+        painter.setBrush(glow);
+        painter.drawEllipse(window.center(), 44, 44);
+    }
+    painter.setBrush(light);
+    painter.drawRoundedRect(window, 6, 6);
+}
+
+void PenView::paintBody(QPainter& painter, const QRectF& body) const
+{
+    painter.setPen(Qt::NoPen);
+    for (int i = Shadow; i > 0; i -= 2) {
+        painter.setBrush(QColor(20, 30, 45, 9));
+        painter.drawRoundedRect(body.adjusted(-i / 2.0, i / 2.0, i / 2.0, i), BodyRadius,
+                                BodyRadius);
+    }
+    QLinearGradient shade(body.topLeft(), body.bottomLeft());
+    shade.setColorAt(0.0, desklook::BodyLight);
+    shade.setColorAt(0.7, QColor(0xee, 0xf0, 0xf3));
+    shade.setColorAt(1.0, desklook::BodyDark);
+    painter.setBrush(shade);
+    painter.setPen(QPen(desklook::BodyEdge, 1));
+    painter.drawRoundedRect(body, BodyRadius, BodyRadius);
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(body.adjusted(2.5, 2.5, -2.5, -2.5), BodyRadius - 2, BodyRadius - 2);
+}
+
+void PenView::paintGrille(QPainter& painter, const QRectF& body) const
+{
+    const double row = height() - Shadow - BodyPadding - 18.0;
+    const QColor hole = m_speaking ? desklook::Accent : QColor(0x8b, 0x93, 0x9e);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(hole);
+    for (int y = -2; y <= 2; ++y) {
+        for (int x = 0; x < 6; ++x) {
+            const double stagger = y % 2 == 0 ? 0.0 : 5.0;
+            painter.drawEllipse(QPointF(body.right() - 100 + x * 10 + stagger, row + y * 7), 2.1,
+                                2.1);
+        }
+    }
+    QFont font = this->font();
+    font.setPixelSize(12);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
+    painter.setFont(font);
+    painter.setPen(QColor(0x9a, 0xa3, 0xae));
+    painter.drawText(QRectF(body.left() + 175, row - 10, 160, 20), Qt::AlignVCenter,
+                     QStringLiteral("swipeline"));
+}

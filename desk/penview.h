@@ -1,0 +1,51 @@
+#ifndef PENVIEW_H
+#define PENVIEW_H
+
+#include "desk/oledview.h"
+
+#include <QMap>
+#include <QWidget>
+
+class KeyButton;
+class QHBoxLayout;
+
+/*
+ * The pen as it lies on the desk: its body with display, keys, tip and loudspeaker.
+ */
+class PenView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit PenView(int factor, QWidget* parent = nullptr);
+
+    OledView& display() { return *m_display; }
+
+    /* A key of the keyboard that stands for a key of the pen was pressed or released. */
+    void showKey(Qt::Key key, bool pressed);
+
+    void setCameraOn(bool on);
+    void setTipPressed(bool pressed);
+    void setSpeaking(bool speaking);
+
+signals:
+    void keyPressed(Qt::Key key);
+    void keyReleased(Qt::Key key);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void addKeys(QHBoxLayout& row, int first, int count);
+    void paintTip(QPainter& painter, const QRectF& body) const;
+    void paintBody(QPainter& painter, const QRectF& body) const;
+    void paintGrille(QPainter& painter, const QRectF& body) const;
+
+    OledView* m_display;
+    QMap<Qt::Key, KeyButton*> m_keys;
+    bool m_cameraOn = false;
+    bool m_tipPressed = false;
+    bool m_speaking = false;
+};
+
+#endif

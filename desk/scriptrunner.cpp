@@ -1,0 +1,398 @@
+#include "desk/scriptrunner.h"
+
+#include "desk/desksession.h"
+#include "desk/penfiles.h"
+#include "desk/penpicture.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+using Verb = DeskCommand::Verb;
+
+namespace {
+
+constexpr int UsualTimeOutMs = 30'000;
+constexpr int PollMs = 50;  // for files on the pen and for quiet
+constexpr int IdleMs = 500; // nothing has happened for so long
+constexpr int LeaveMs = 10'000;
+constexpr int Magnification = 4;
+
+QString outcomeName(desklink::SwipeOutcome outcome)
+{
+    switch (outcome) {
+    case desklink::SwipeOutcome::Delivered:
+        return QStringLiteral("delivered");
+    case desklink::SwipeOutcome::NoPrint:
+        return QStringLiteral("no-print");
+    case desklink::SwipeOutcome::BadMotion:
+        return QStringLiteral("bad-motion");
+    case desklink::SwipeOutcome::Stopped:
+        break;
+    }
+    return QStringLiteral("stopped");
+}
+
+} // namespace
+
+ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outDir,
+                           std::function<QImage()> deskShot, QObject* parent)
+    : QObject(parent),
+      m_session(session),
+      m_script(std::move(script)),
+      m_outDir(std::move(outDir)),
+      m_deskShot(std::move(deskShot)),
+      m_timeOutMs(UsualTimeOutMs)
+{
+    m_timeOut.setSingleShot(true);
+    connect(&m_timeOut, &QTimer::timeout, this, [this] {
+        const DeskCommand& command = m_script.commands.at(m_next - 1);
+        fail(tr("line %1: \"%2\": waited in vain for %3 s")
+                 .arg(QString::number(command.line), command.source,
+                      QString::number(m_timeOut.interval() / 1000.0)));
+    });
+    m_poll.setInterval(PollMs);
+    connect(&m_poll, &QTimer::timeout, this, &ScriptRunner::check);
+    connectSession();
+}
+
+void ScriptRunner::connectSession()
+{
+    connect(&m_session, &DeskSession::screenChanged, this, &ScriptRunner::check);
+    connect(&m_session, &DeskSession::speechChanged, this, [this] {
+        const auto& utterances = m_session.transcript().utterances();
+        while (m_toldUtterances < utterances.size() && utterances.at(m_toldUtterances).endUs >= 0)
+            m_report.spoken(utterances.at(m_toldUtterances++));
+        check();
+    });
+    connect(&m_session, &DeskSession::cameraSwitched, this, &ScriptRunner::check);
+    connect(&m_session, &DeskSession::swipeEnded, this, &ScriptRunner::check);
+    connect(&m_session, &DeskSession::swipeReported, this, [this](const SwipeReport& report) {
+        m_report.event(QStringLiteral("          scan engine: ") + outcomeName(report.outcome)
+                       + QStringLiteral(", %1 frames, picture %2 x %3 ")
+                             .arg(report.frames)
+                             .arg(report.panorama.width())
+                             .arg(report.panorama.height())
+                       + report.reason);
+        check();
+    });
+    connect(&m_session, &DeskSession::pageChanged, this, &ScriptRunner::check);
+    connect(&m_session, &DeskSession::pageFailed, this, &ScriptRunner::fail);
+    connect(&m_session, &DeskSession::penEnded, this, [this](const QString& how, bool well) {
+        m_report.event(how);
+        if (well)
+            check();
+        else
+            fail(how);
+    });
+    connect(&m_session.launcher(), &Launcher::logged, this, &ScriptRunner::check);
+}
+
+void ScriptRunner::start()
+{
+    mark();
+    next();
+}
+
+void ScriptRunner::mark()
+{
+    m_mark = {m_session.screen(), m_session.transcript().utterances().size(),
+              m_session.launcher().log().size(), m_session.swipeReports().size()};
+}
+
+void ScriptRunner::next()
+{
+    if (m_finished)
+        return;
+    if (m_next == m_script.commands.size()) {
+        quit();
+        return;
+    }
+    const DeskCommand& command = m_script.commands.at(m_next++);
+    m_report.event(command.source);
+    carryOut(command);
+}
+
+void ScriptRunner::goOn()
+{
+    // By the event loop: what an action set off is taken in before the next command acts.
+    QMetaObject::invokeMethod(this, &ScriptRunner::next, Qt::QueuedConnection);
+}
+
+void ScriptRunner::carryOut(const DeskCommand& command)
+{
+    if (carryOutAction(command) || carryOutSetting(command))
+        return;
+    if (command.verb == Verb::Quit) {
+        quit();
+        return;
+    }
+    if (Condition condition = conditionOf(command)) {
+        wait(std::move(condition), [this] { goOn(); });
+        return;
+    }
+    if (holds(command, false))
+        goOn();
+    else
+        fail(
+            tr("line %1: \"%2\" does not hold").arg(QString::number(command.line), command.source));
+}
+
+/* What is done to the pen. */
+bool ScriptRunner::carryOutAction(const DeskCommand& command)
+{
+    switch (command.verb) {
+    case Verb::Key:
+        pressKey(command, 0);
+        return true;
+    case Verb::Hold:
+        pressKey(command, command.number);
+        return true;
+    case Verb::SwipeLine:
+    case Verb::SwipePath:
+        swipe(command);
+        return true;
+    case Verb::Send:
+        mark();
+        m_session.launcher().send(command.message, command.payload);
+        break;
+    case Verb::Usb:
+        mark();
+        if (command.number == 1)
+            m_session.launcher().plugUsb();
+        else
+            m_session.launcher().unplugUsb();
+        break;
+    case Verb::Power:
+        mark();
+        m_session.launcher().pressPower();
+        break;
+    case Verb::Start:
+        mark();
+        m_session.startPen();
+        break;
+    default:
+        return false;
+    }
+    goOn();
+    return true;
+}
+
+/* What is done to the desk and the script. */
+bool ScriptRunner::carryOutSetting(const DeskCommand& command)
+{
+    switch (command.verb) {
+    case Verb::Page:
+    case Verb::Text:
+        loadPage(command);
+        return true;
+    case Verb::Hand:
+        m_session.setLeftHand(command.number == 1);
+        break;
+    case Verb::Screenshot:
+        takeScreenshot(command);
+        return true;
+    case Verb::DeskShot:
+        takeDeskShot(command);
+        return true;
+    case Verb::TimeOut:
+        m_timeOutMs = command.number;
+        break;
+    case Verb::Echo:
+        m_report.event(command.text);
+        break;
+    default:
+        return false;
+    }
+    goOn();
+    return true;
+}
+
+void ScriptRunner::pressKey(const DeskCommand& command, int holdMs)
+{
+    wait([this] { return m_session.hasWindow(); },
+         [this, key = command.key, holdMs] {
+             mark();
+             m_session.sendKey(key, true);
+             QTimer::singleShot(holdMs, this, [this, key] {
+                 m_session.sendKey(key, false);
+                 goOn();
+             });
+         });
+}
+
+void ScriptRunner::swipe(const DeskCommand& command)
+{
+    // A hand waits for the camera's light, too.
+    wait([this] { return m_session.link().isCameraOn() && !m_session.page().isEmpty(); },
+         [this, command] {
+             mark();
+             const double speed =
+                 command.speed > 0.0 ? command.speed : DeskSession::UsualSpeedMmPerS;
+             const bool begun = command.verb == Verb::SwipeLine
+                                    ? m_session.swipeLine(command.number - 1, speed)
+                                    : m_session.swipe(command.from, command.to, speed);
+             if (!begun) {
+                 fail(tr("line %1: \"%2\": there is no such way on this page (it has %3 lines)")
+                          .arg(QString::number(command.line), command.source,
+                               QString::number(m_session.page().lines.size())));
+                 return;
+             }
+             wait([this] { return !m_session.isSwiping(); }, [this] { goOn(); });
+         });
+}
+
+void ScriptRunner::loadPage(const DeskCommand& command)
+{
+    PageSource source;
+    source.name = command.text;
+    source.language = command.name;
+    if (command.verb == Verb::Text)
+        source.kind = PageSource::Kind::Text;
+    else if (!PageLoader::samples().contains(command.text))
+        source.kind = PageSource::Kind::File;
+    m_session.pageLoader().load(source);
+    wait([this] { return !m_session.pageLoader().isLoading(); }, [this] { goOn(); });
+}
+
+QString ScriptRunner::savePicture(const QString& name, const QImage& picture)
+{
+    static const QRegularExpression unsafe(QStringLiteral("[^A-Za-z0-9_.-]"));
+    QString safe = name;
+    safe.replace(unsafe, QStringLiteral("_"));
+    const QString path = QDir(m_outDir).absoluteFilePath(safe + QLatin1String(".png"));
+    if (!picture.save(path))
+        return QString();
+    m_pictures.append(path);
+    return path;
+}
+
+void ScriptRunner::takeScreenshot(const DeskCommand& command)
+{
+    const QImage screen = m_session.screen();
+    if (savePicture(command.name, screen).isEmpty()
+        || savePicture(command.name + QLatin1String("-4x"),
+                       penpicture::magnified(screen, Magnification))
+               .isEmpty())
+        fail(tr("The picture %1 cannot be written to %2.").arg(command.name, m_outDir));
+    else
+        goOn();
+}
+
+void ScriptRunner::takeDeskShot(const DeskCommand& command)
+{
+    if (savePicture(command.name, m_deskShot()).isEmpty())
+        fail(tr("The picture %1 cannot be written to %2.").arg(command.name, m_outDir));
+    else
+        goOn();
+}
+
+ScriptRunner::Condition ScriptRunner::conditionOf(const DeskCommand& command) const
+{
+    switch (command.verb) {
+    case Verb::WaitScreen:
+        return [this] { return m_session.screen() != m_mark.screen; };
+    case Verb::WaitSilence:
+        return [this] { return !m_session.transcript().isSpeaking(); };
+    case Verb::WaitCamera:
+        return [this, on = command.number == 1] { return m_session.link().isCameraOn() == on; };
+    case Verb::WaitSwipe:
+        return [this, name = command.name] {
+            const auto& reports = m_session.swipeReports();
+            return reports.size() > m_mark.swipes
+                   && (name.isEmpty() || outcomeName(reports.last().outcome) == name);
+        };
+    case Verb::WaitIdle:
+        return [this] { return m_session.quietMs() >= IdleMs; };
+    case Verb::WaitExit:
+        return [this] { return !m_session.pen().isRunning(); };
+    case Verb::WaitSpoken:
+    case Verb::WaitText:
+    case Verb::WaitFile:
+    case Verb::WaitMessage:
+        return [this, command] { return holds(command, true); };
+    default:
+        return {};
+    }
+}
+
+bool ScriptRunner::holds(const DeskCommand& command, bool sinceMark) const
+{
+    const QString& root = m_session.setting().root;
+    switch (command.verb) {
+    case Verb::WaitSpoken:
+    case Verb::ExpectSpoken:
+        return m_session.transcript().contains(command.text, sinceMark ? m_mark.utterances : 0);
+    case Verb::WaitText:
+    case Verb::ExpectText:
+        return penfiles::contains(root, QStringLiteral("*"), command.text);
+    case Verb::WaitFile:
+    case Verb::ExpectFile:
+        return penfiles::contains(root, command.name, command.text);
+    case Verb::WaitMessage:
+    case Verb::ExpectMessage:
+        return m_session.launcher().hasHeard(command.message, command.payload,
+                                             sinceMark ? m_mark.messages : 0);
+    case Verb::ExpectRunning:
+        return m_session.pen().isRunning();
+    default:
+        return false;
+    }
+}
+
+void ScriptRunner::wait(Condition condition, std::function<void()> then)
+{
+    if (condition()) {
+        then();
+        return;
+    }
+    m_condition = std::move(condition);
+    m_then = std::move(then);
+    m_timeOut.start(m_timeOutMs);
+    m_poll.start();
+}
+
+void ScriptRunner::check()
+{
+    if (m_finished || !m_condition || !m_condition())
+        return;
+    m_timeOut.stop();
+    m_poll.stop();
+    m_condition = nullptr;
+    const auto then = std::exchange(m_then, nullptr);
+    then();
+}
+
+void ScriptRunner::quit()
+{
+    m_next = m_script.commands.size();
+    if (!m_session.pen().isRunning()) {
+        finish(true);
+        return;
+    }
+    // The launcher's "stop" lets the pen save; one that does not hear is switched off.
+    m_session.launcher().stop();
+    QTimer::singleShot(LeaveMs, this, [this] { m_session.pen().stop(); });
+    connect(&m_session, &DeskSession::penEnded, this, [this] { finish(true); });
+}
+
+void ScriptRunner::finish(bool ok)
+{
+    if (m_finished)
+        return;
+    m_finished = true;
+    m_timeOut.stop();
+    m_poll.stop();
+    m_report.summary(m_session, m_pictures);
+    emit finished(ok);
+}
+
+void ScriptRunner::fail(const QString& reason)
+{
+    if (m_finished)
+        return;
+    const QString picture = savePicture(QStringLiteral("failed-screen"),
+                                        penpicture::magnified(m_session.screen(), Magnification));
+    m_report.failure(m_session, reason, picture);
+    finish(false);
+}

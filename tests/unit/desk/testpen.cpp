@@ -1,0 +1,142 @@
+/*
+ * A stand-in for the pen in the tests of the desk: a window of 256 x 64 pixels that is half lit,
+ * lights the other half at Down, opens a dialog at F12, says and hears a little, and ends at
+ * Escape (well), F7 (code 3) or F8 (crash).
+ */
+#include "desk/desklink.h"
+#include "open/link/linkclient.h"
+#include "platform/qcopchannel.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QTimer>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <thread>
+
+namespace {
+
+qint64 nowUs()
+{
+    const auto now = std::chrono::steady_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
+}
+
+void say(const QString& text)
+{
+    LinkClient speech(desklink::Role::Speech);
+    speech.connectToDesk();
+    const desklink::SpeechBeginHead begin = {nowUs(), 1, 101, 5, 3};
+    speech.send(desklink::Kind::SpeechBegin, LinkClient::bytesOf(begin),
+                std::as_bytes(std::span(text.utf16(), std::size_t(text.size()))));
+    const int length = int(text.indexOf(QLatin1Char(' ')));
+    const desklink::SpeechWordBody word = {nowUs(), 1, 0, length, 0};
+    speech.send(desklink::Kind::SpeechWord, LinkClient::bytesOf(word));
+    const desklink::SpeechEndBody end = {nowUs(), 1, 0};
+    speech.send(desklink::Kind::SpeechEnd, LinkClient::bytesOf(end));
+}
+
+/* Takes frames until the tip is lifted, and reports how many came. */
+void scan(LinkClient& link)
+{
+    LinkClient::Packet packet;
+    quint32 frames = 0;
+    while (link.isConnected()) {
+        if (!link.receive(packet, -1))
+            continue;
+        if (packet.kind == desklink::Kind::Frame)
+            ++frames;
+        if (packet.kind != desklink::Kind::TipUp)
+            continue;
+        const desklink::SwipeResultHead head = {desklink::SwipeOutcome::Delivered, frames, 100, 40};
+        const char reason[] = "counted";
+        link.send(desklink::Kind::SwipeResult, LinkClient::bytesOf(head),
+                  std::as_bytes(std::span(reason, sizeof reason - 1)));
+        frames = 0;
+    }
+}
+
+class Screen : public QWidget
+{
+public:
+    Screen() : m_channel(QStringLiteral("scanprocess"))
+    {
+        setWindowFlags(Qt::FramelessWindowHint);
+        setFixedSize(256, 64);
+        connect(&m_channel, &QCopChannel::received, this,
+                [](const QString& message, const QByteArray& payload) {
+                    if (message == QLatin1String("execute(QString)") && payload == "stop")
+                        qApp->quit();
+                });
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.fillRect(rect(), Qt::black);
+        painter.fillRect(m_down ? 128 : 0, 0, 128, 64, Qt::white);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const QString mainProcess = QStringLiteral("mainprocess");
+        switch (event->key()) {
+        case Qt::Key_Down:
+            m_down = true;
+            update();
+            say(QStringLiteral("Second half"));
+            QCopChannel::send(mainProcess, QStringLiteral("execute(QString)"), "soundyes");
+            break;
+        case Qt::Key_F12:
+            showDialog();
+            break;
+        case Qt::Key_Escape:
+            QCopChannel::send(mainProcess, QStringLiteral("ESC(QString)"), "escpressed");
+            qApp->quit();
+            break;
+        case Qt::Key_F7:
+            qApp->exit(3);
+            break;
+        case Qt::Key_F8:
+            std::abort();
+        default:
+            break;
+        }
+    }
+
+private:
+    void showDialog()
+    {
+        m_dialog = std::make_unique<QDialog>(this, Qt::Dialog | Qt::FramelessWindowHint);
+        m_dialog->setFixedSize(256, 64);
+        m_dialog->setStyleSheet(QStringLiteral("background: white"));
+        m_dialog->open();
+    }
+
+    QCopChannel m_channel;
+    std::unique_ptr<QDialog> m_dialog;
+    bool m_down = false;
+};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    LinkClient link(desklink::Role::Scan);
+    link.connectToDesk();
+    link.send(desklink::Kind::CameraOn);
+    std::thread scanner([&link] { scan(link); });
+    Screen screen;
+    screen.show();
+    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("Show(QString)"), "scan");
+    std::fputs("the test pen is up\n", stderr);
+    const int result = QApplication::exec();
+    scanner.detach();
+    std::_Exit(result);
+}

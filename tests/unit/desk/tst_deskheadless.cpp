@@ -1,0 +1,143 @@
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+/* The desk's program, driven by scripts. */
+class TestDeskHeadless : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_dir = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir(m_dir->path()).mkpath("root/mnt/mmc/e_ScanFile"));
+    }
+
+    void carriesOutAScript()
+    {
+        const int code = run("wait message mainprocess Show(QString) scan\n"
+                             "key Down\n"
+                             "wait screen-change\n"
+                             "wait spoken \"second half\"\n"
+                             "screenshot half\n"
+                             "swipe line 2 speed 400\n"
+                             "wait swipe delivered\n"
+                             "desk-shot desk\n"
+                             "quit\n");
+        QVERIFY2(code == 0, m_output.constData());
+        const QImage screen(m_dir->filePath("out/half.png"));
+        QCOMPARE(screen.size(), QSize(256, 64));
+        QCOMPARE(qGray(screen.pixel(192, 32)), 255);
+        QCOMPARE(qGray(screen.pixel(64, 32)), 0);
+        QCOMPARE(QImage(m_dir->filePath("out/half-4x.png")).size(), QSize(1024, 256));
+        QVERIFY(QImage(m_dir->filePath("out/desk.png")).width() > 1000);
+        QVERIFY(m_output.contains("says \"Second half\""));
+        QVERIFY(m_output.contains("scan engine: delivered"));
+        QVERIFY(m_output.contains("Second"));
+        QVERIFY(m_output.contains("half-4x.png"));
+    }
+
+    void endsWithoutQuit()
+    {
+        QVERIFY2(run("wait idle\n") == 0, m_output.constData());
+        QVERIFY(m_output.contains("The pen has left"));
+    }
+
+    void aVainWaitFailsWithAReport()
+    {
+        QCOMPARE(run("wait message mainprocess Show(QString) scan\n"
+                     "key Down\n"
+                     "wait spoken half\n"
+                     "timeout 0.3\n"
+                     "wait spoken nonsense\n"),
+                 1);
+        QVERIFY2(m_output.contains("FAILED: line 5: \"wait spoken nonsense\""),
+                 m_output.constData());
+        QVERIFY(m_output.contains("Second half"));
+        QVERIFY(m_output.contains("the test pen is up"));
+        QVERIFY(m_output.contains("soundyes"));
+        QCOMPARE(QImage(m_dir->filePath("out/failed-screen.png")).size(), QSize(1024, 256));
+    }
+
+    void aFalseExpectationFails()
+    {
+        QCOMPARE(run("wait idle\nexpect spoken nonsense\n"), 1);
+        QVERIFY(m_output.contains("FAILED: line 2"));
+    }
+
+    void aCrashFails()
+    {
+        QCOMPARE(run("key F8\nwait spoken nonsense\n"), 1);
+        QVERIFY2(m_output.contains("FAILED: The pen crashed"), m_output.constData());
+    }
+
+    void leavingAndStartingAgain()
+    {
+        QVERIFY2(run("key Esc\nwait exit\nexpect message mainprocess ESC(QString) escpressed\n"
+                     "start\nkey Down\nwait spoken half\n")
+                     == 0,
+                 m_output.constData());
+    }
+
+    void aMissingLineFails()
+    {
+        QCOMPARE(run("swipe line 900\n"), 1);
+        QVERIFY2(m_output.contains("no such way on this page"), m_output.constData());
+    }
+
+    void anUnsoundScriptDoesNotStart()
+    {
+        QCOMPARE(run("key Up\nkye Down\n"), 2);
+        QVERIFY2(m_output.contains("line 2: there is no command \"kye\""), m_output.constData());
+    }
+
+    void withoutADisplayItSaysSo()
+    {
+        QProcess desk;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(name);
+        desk.setProcessEnvironment(environment);
+        desk.start(DESK, {"--root", m_dir->filePath("root"), "--pen", TESTPEN});
+        QVERIFY(desk.waitForFinished());
+        QCOMPARE(desk.exitCode(), 2);
+        QVERIFY(desk.readAllStandardError().contains("--headless"));
+    }
+
+    void helpNeedsNothing()
+    {
+        QProcess desk;
+        desk.start(DESK, {"--help"});
+        QVERIFY(desk.waitForFinished());
+        QCOMPARE(desk.exitCode(), 0);
+        QVERIFY(desk.readAllStandardOutput().contains("--headless"));
+    }
+
+private:
+    int run(const QByteArray& script)
+    {
+        const QString path = m_dir->filePath("script.desk");
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly))
+            return -1;
+        file.write(script);
+        file.close();
+        QProcess desk;
+        desk.setProcessChannelMode(QProcess::MergedChannels);
+        desk.start(DESK, {"--headless", path, "--root", m_dir->filePath("root"), "--pen", TESTPEN,
+                          "--out", m_dir->filePath("out")});
+        const bool ended = desk.waitForFinished(60000);
+        m_output = desk.readAll();
+        return ended && desk.exitStatus() == QProcess::NormalExit ? desk.exitCode() : -1;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    QByteArray m_output;
+};
+
+QTEST_GUILESS_MAIN(TestDeskHeadless)
+#include "tst_deskheadless.moc"
