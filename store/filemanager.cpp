@@ -64,7 +64,7 @@ int FileManager::init()
     m_files.clear();
     QByteArray bytes;
     if (plainfile::read(listPath(), MaxListBytes, bytes) != plainfile::Result::Done) {
-        if (FileWriter::Instance().create(listPath(), {}) != FileWriter::Result::Done)
+        if (FileWriter().create(listPath(), {}) != FileWriter::Result::Done)
             return -1;
         systemcalls::syncStorage();
         return 0;
@@ -200,8 +200,8 @@ bool FileManager::renameFile(QString oldName, QString newName)
     if (!scannames::isUsable(oldName) || !scannames::isUsable(newName))
         return false;
     const FileWriter::Result result =
-        FileWriter::Instance().rename(devicePath(scannames::devicePlaceOfScan(oldName)),
-                                      devicePath(scannames::devicePlaceOfScan(newName)));
+        FileWriter().rename(devicePath(scannames::devicePlaceOfScan(oldName)),
+                            devicePath(scannames::devicePlaceOfScan(newName)));
     return result == FileWriter::Result::Done;
 }
 
@@ -220,8 +220,7 @@ int FileManager::removeAt(int displayIndex)
     if (!isListed(index))
         return -1;
     const QString path = scannames::devicePlace(m_files.at(index));
-    if (path.isEmpty()
-        || FileWriter::Instance().remove(devicePath(path)) != FileWriter::Result::Done)
+    if (path.isEmpty() || FileWriter().remove(devicePath(path)) != FileWriter::Result::Done)
         return -1;
     m_files.removeAt(index);
     renumberFrom(index);
@@ -284,8 +283,7 @@ QString FileManager::createFile(const QByteArray& content)
 {
     QString name = newFileName();
     for (;;) {
-        switch (FileWriter::Instance().create(devicePath(scannames::devicePlaceOfScan(name)),
-                                              content)) {
+        switch (FileWriter().create(devicePath(scannames::devicePlaceOfScan(name)), content)) {
         case FileWriter::Result::Done:
             return name;
         case FileWriter::Result::Exists:
@@ -328,8 +326,7 @@ QString FileManager::saveFile(const FileInfo& info, const QString& text)
     const QString path = scannames::devicePlace(info);
     const QByteArray content = scantext::encode(scantext::withCarriageReturns(text));
     if (path.isEmpty()
-        || FileWriter::Instance().overwrite(devicePath(path), content)
-               != FileWriter::Result::Done) {
+        || FileWriter().overwrite(devicePath(path), content) != FileWriter::Result::Done) {
         showDamaged();
         return {};
     }
@@ -346,7 +343,7 @@ QString FileManager::saveFile(const FileInfo& info, const QString& text)
 int FileManager::flush()
 {
     const FileWriter::Result result =
-        FileWriter::Instance().replace(listPath(), filelist::format(m_current, m_files));
+        FileWriter().replace(listPath(), filelist::format(m_current, m_files));
     if (result != FileWriter::Result::Done)
         return -1;
     systemcalls::syncStorage();

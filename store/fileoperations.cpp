@@ -1,15 +1,28 @@
 #include "store/fileoperations.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-FileOperations& FileOperations::system()
+namespace {
+
+std::atomic<FileOperations*> replacement = nullptr;
+
+} // namespace
+
+FileOperations& FileOperations::current()
 {
-    static FileOperations operations;
-    return operations;
+    static FileOperations system;
+    FileOperations* const operations = replacement;
+    return operations != nullptr ? *operations : system;
+}
+
+void FileOperations::setCurrent(FileOperations* operations)
+{
+    replacement = operations;
 }
 
 int FileOperations::open(const QByteArray& path, int flags)

@@ -5,7 +5,8 @@
 #include <QtGlobal>
 
 /*
- * The system calls that FileWriter is made of, so that tests can let each of them fail. Results
+ * The system calls that reading and writing of files is made of, so that tests can let each of
+ * them fail. Results
  * are those of the calls: -1 and errno on failure. Paths are in the encoding of the file system.
  */
 class FileOperations
@@ -16,8 +17,10 @@ public:
     FileOperations& operator=(const FileOperations&) = delete;
     virtual ~FileOperations() = default;
 
-    /* The calls of this machine. */
-    static FileOperations& system();
+    /* Those in use: the calls of this machine, unless a test has put others in their place. Null
+     * brings them back; the object is not owned. */
+    static FileOperations& current();
+    static void setCurrent(FileOperations* operations);
 
     virtual int open(const QByteArray& path, int flags);
     /* The size of an open plain file; -1 when it is none. */

@@ -60,14 +60,6 @@ private:
     qint64 m_size = -1;
 };
 
-FileWriter::FileWriter(FileOperations& operations) : m_operations(operations) {}
-
-FileWriter& FileWriter::Instance()
-{
-    static FileWriter writer(FileOperations::system());
-    return writer;
-}
-
 // Writes the bytes of `content` from `from` on to `offset` of the file.
 bool FileWriter::write(OpenFile& file, const QByteArray& content, qint64 from, qint64 offset)
 {

@@ -17,7 +17,7 @@
  * Only plain files are written: a folder, device, pipe or link in place of the file is a failure;
  * it is not waited for and not written through. Paths are places on this machine (devicePath()).
  *
- * One thread at a time.
+ * A writer is made where it is needed, and holds nothing. One thread at a time.
  */
 class FileWriter
 {
@@ -27,11 +27,6 @@ public:
         Exists, // create() and rename(): something has the name already; it is untouched
         Failed
     };
-
-    explicit FileWriter(FileOperations& operations);
-
-    /* The writer of the process. */
-    static FileWriter& Instance();
 
     /* Makes a new file with this content. Never touches what exists. */
     Result create(const QString& path, const QByteArray& content);
@@ -65,7 +60,7 @@ private:
     Result update(const QString& path, const QByteArray& content,
                   bool (FileWriter::*change)(OpenFile&, const QByteArray&));
 
-    FileOperations& m_operations;
+    FileOperations& m_operations = FileOperations::current();
 };
 
 #endif

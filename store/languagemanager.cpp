@@ -20,7 +20,7 @@ bool readTable(const QString& devicePathOfTable, QStringList& rows)
         rows = localetext::lines(localetext::decode(bytes));
         return true;
     }
-    if (FileWriter::Instance().create(path, {}) != FileWriter::Result::Done)
+    if (FileWriter().create(path, {}) != FileWriter::Result::Done)
         return false;
     systemcalls::syncStorage();
     return true;

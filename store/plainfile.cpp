@@ -1,32 +1,30 @@
 #include "store/plainfile.h"
 
+#include "store/fileoperations.h"
+
 #include <QFile>
 
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace plainfile {
 
 namespace {
 
-Result readOpen(int fd, qint64 limit, QByteArray& content, qint64* size)
+Result readOpen(FileOperations& operations, int file, qint64 limit, QByteArray& content,
+                qint64* size)
 {
-    struct stat info = {};
-    if (::fstat(fd, &info) != 0)
-        return Result::Failed;
-    if (!S_ISREG(info.st_mode))
+    const qint64 length = operations.plainFileSize(file);
+    if (length < 0)
         return Result::Missing;
     if (size != nullptr)
-        *size = info.st_size;
-    if (info.st_size > limit)
+        *size = length;
+    if (length > limit)
         return Result::TooLarge;
-    QByteArray bytes(info.st_size, Qt::Uninitialized);
-    qsizetype done = 0;
-    while (done < bytes.size()) {
-        const ssize_t got =
-            ::read(fd, bytes.data() + done, static_cast<size_t>(bytes.size() - done));
+    QByteArray bytes(length, Qt::Uninitialized);
+    for (qsizetype done = 0; done < bytes.size();) {
+        const qint64 got = operations.read(file, bytes.data() + done, bytes.size() - done, done);
         if (got < 0 && errno == EINTR)
             continue;
         if (got <= 0) // nothing more: it shrank meanwhile
@@ -41,12 +39,13 @@ Result readOpen(int fd, qint64 limit, QByteArray& content, qint64* size)
 
 Result read(const QString& path, qint64 limit, QByteArray& content, qint64* size)
 {
-    const int fd = ::open(QFile::encodeName(path).constData(),
-                          O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
-    if (fd < 0)
+    FileOperations& operations = FileOperations::current();
+    const int file = operations.open(QFile::encodeName(path),
+                                     O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY);
+    if (file < 0)
         return Result::Missing;
-    const Result result = readOpen(fd, limit, content, size);
-    ::close(fd);
+    const Result result = readOpen(operations, file, limit, content, size);
+    operations.close(file);
     return result;
 }
 

@@ -39,7 +39,8 @@ QString following(const QString& name)
     const qsizetype mark = name.lastIndexOf(u'_');
     if (mark < 0)
         return numbered(name, 1);
-    return numbered(name.left(mark), name.mid(mark + 1).toLongLong() + 1);
+    const qint64 number = name.mid(mark + 1).toLongLong();
+    return number > LargestNumber ? numbered(name, 1) : numbered(name.left(mark), number + 1);
 }
 
 QString dateText(const QDate& today)
