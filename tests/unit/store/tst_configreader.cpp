@@ -80,7 +80,7 @@ private:
     QVariant stored(const QString& key)
     {
         ConfigReader::quitFun();
-        ConfigReader::config = nullptr;
+        ConfigReader::reader = nullptr;
         return QSettings(m_root->path(ConfigFile), QSettings::IniFormat).value(key);
     }
     void setOutside(const QString& key, int value)
@@ -116,9 +116,9 @@ void TestConfigReader::init()
 
 void TestConfigReader::cleanup()
 {
-    if (ConfigReader::config != nullptr)
+    if (ConfigReader::reader != nullptr)
         ConfigReader::quitFun();
-    ConfigReader::config = nullptr;
+    ConfigReader::reader = nullptr;
     OCRPen::quitFun();
     TTSPlayer::quitFun();
     Translater::quitFun();
@@ -147,7 +147,7 @@ void TestConfigReader::missingFileIsMadeWithTwoKeys()
 {
     reader();
     ConfigReader::quitFun();
-    ConfigReader::config = nullptr;
+    ConfigReader::reader = nullptr;
     const QSettings file(m_root->path(ConfigFile), QSettings::IniFormat);
     QCOMPARE(file.allKeys(), QStringList({QStringLiteral("DictTrans/LanDictInfo"),
                                           QStringLiteral("SystemSet/Statistic")}));
