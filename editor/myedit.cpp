@@ -8,9 +8,11 @@
 #include "platform/zembra_iap.h"
 #include "store/filemanager.h"
 #include "widgets/messagedialog.h"
+#include "widgets/painting.h"
 #include "widgets/sandglass.h"
 
 #include "editor/appendrules.h"
+#include "editor/caret.h"
 
 #include <QPainter>
 #include <QScrollBar>
@@ -21,10 +23,10 @@ namespace {
 
 constexpr int AutoSavePeriodMs = 300'000;
 constexpr int MessageMs = 2000;
-constexpr int MarkWidth = 2;
-constexpr int CaretWidth = 2;
 
-// The position mark lies over the right edge instead of taking room: all 32 columns stay.
+// The position mark lies over the right edge instead of taking room: all 32 columns stay. One
+// pixel wide, as the caret is: the glyphs leave their outermost columns free.
+constexpr int MarkWidth = 1;
 const QString ScrollBarStyle = QStringLiteral("QScrollBar:vertical{width:0px;}");
 const QString ScreenStyle =
     QStringLiteral("MyEdit{background-color:black;color:white;border:none;}");
@@ -51,6 +53,7 @@ void MyEdit::Init()
     setObjectName(QStringLiteral("MyEdit"));
     setStyleSheet(ScreenStyle);
     verticalScrollBar()->setStyleSheet(ScrollBarStyle);
+    setFont(painting::screenFont());
     setFrameStyle(QFrame::NoFrame);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -58,7 +61,7 @@ void MyEdit::Init()
     setAcceptRichText(false);
     setUndoRedoEnabled(false);
     setContextMenuPolicy(Qt::NoContextMenu);
-    setCursorWidth(CaretWidth);
+    setCursorWidth(caret::Width);
     document()->setDocumentMargin(0);
 
     m_scanner = std::make_unique<RecChar>(this);
@@ -210,6 +213,5 @@ void MyEdit::paintEvent(QPaintEvent* event)
     const int markHeight = qMax(4, height * bar->pageStep() / whole);
     const int top = (height - markHeight) * bar->value() / bar->maximum();
     QPainter painter(viewport());
-    painter.fillRect(viewport()->width() - MarkWidth - 1, 0, MarkWidth + 1, height, Qt::black);
     painter.fillRect(viewport()->width() - MarkWidth, top, MarkWidth, markHeight, Qt::white);
 }

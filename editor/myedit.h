@@ -177,6 +177,7 @@ private:
     void setPreparedReading(const QString& source,
                             const std::shared_ptr<const SpeechText>& prepared);
     void markWord(int start, int length);
+    void unmark();
 
     FileInfo m_file;
     bool m_bound = false;

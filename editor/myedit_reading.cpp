@@ -2,6 +2,7 @@
 
 #include "editor/myedit.h"
 
+#include "editor/caret.h"
 #include "editor/wordwalk.h"
 #include "engines/csoundthread.h"
 #include "engines/ttsplayer.h"
@@ -134,13 +135,20 @@ void MyEdit::markWord(int start, int length)
     inverse.setBackground(Qt::white);
     inverse.setForeground(Qt::black);
     setExtraSelections({{word, inverse}});
+    setCursorWidth(caret::WidthWhileMarking);
     moveTo(start);
+}
+
+void MyEdit::unmark()
+{
+    setExtraSelections({});
+    setCursorWidth(caret::Width);
 }
 
 void MyEdit::FinishSound()
 {
     tellLauncher("soundno");
-    setExtraSelections({});
+    unmark();
 }
 
 void MyEdit::StopTTS()
@@ -157,7 +165,7 @@ void MyEdit::clearReading()
     m_requested.clear();
     m_wordStart = -1;
     m_wordEnd = -1;
-    setExtraSelections({});
+    unmark();
 }
 
 QString MyEdit::getWordFromMyEdit() const

@@ -104,6 +104,7 @@ bool MyEdit::appendText(const QString& text)
         cursor.movePosition(QTextCursor::End);
     const int start = cursor.position();
     cursor.insertText(withTrailingBlank(document, text));
+    moveTo(cursor.position()); // as much of the scan as there is room for comes into view
     moveTo(start);
     return true;
 }
