@@ -9,6 +9,7 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/engines/flags.cpp
     ${CMAKE_SOURCE_DIR}/engines/menuvoice.cpp
     ${CMAKE_SOURCE_DIR}/engines/ocrpen.cpp
+    ${CMAKE_SOURCE_DIR}/engines/readingthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/recchar.cpp
     ${CMAKE_SOURCE_DIR}/engines/scanstart.cpp
     ${CMAKE_SOURCE_DIR}/engines/speechworker.cpp

@@ -1,0 +1,274 @@
+#include "editor/myedit.h"
+#include "engines/crecthread.h"
+#include "engines/csoundthread.h"
+#include "engines/cttsthread_setup.h"
+#include "engines/cttsthreadforset.h"
+#include "engines/ocrpen.h"
+#include "engines/readingthread.h"
+#include "engines/stimg.h"
+#include "engines/ttsplayer.h"
+#include "tests/fakes/calls.h"
+#include "tests/fakes/fakeocr.h"
+#include "tests/fakes/faketts.h"
+#include "tests/fakes/testroot.h"
+#include "tests/unit/engines/freshsettings.h"
+
+#include <QSettings>
+#include <QTest>
+#include <future>
+#include <memory>
+
+namespace {
+
+// Speaks what it reads, as a screen does.
+struct Speaker
+{
+    void operator()(QString& text) const { TTSPlayer::Instance()->play(text); }
+};
+
+} // namespace
+
+// The threads that read aloud, recognise, and apply language changes.
+class TestWorkers : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void onlyTheNewestTextIsRead();
+    void aTextQueuedWhileReadingIsReadNext();
+    void clearedTextsAreNotRead();
+    void stoppingAndClearingEndsTheThread();
+    void aStopBetweenTakingAndSpeakingIsNotLost();
+    void aTextQueuedAsTheThreadEndsIsReadAfterAll();
+    void destroyingAReaderWhileItReadsEndsIt();
+    void aReaderWithoutScreenEnds();
+    void anImageIsHandedOverOnce();
+    void anImageThatIsReplacedIsFreed();
+    void anImageNeverRecognisedIsFreed();
+    void withoutImageNothingIsRecognised();
+    void theDictionaryChangeIsStored();
+    void theScanLanguageChangeIsStoredAndApplied_data();
+    void theScanLanguageChangeIsStoredAndApplied();
+
+private:
+    int setting(const QString& key) const;
+
+    std::unique_ptr<TestRoot> m_root;
+};
+
+void TestWorkers::init()
+{
+    m_root = std::make_unique<TestRoot>();
+    fakes::reset();
+    freshSettings();
+    TTSPlayer::Instance();
+    CallLog::clear();
+}
+
+void TestWorkers::cleanup()
+{
+    fakes::reset();
+    OCRPen::quitFun();
+    TTSPlayer::quitFun();
+    m_root.reset();
+}
+
+int TestWorkers::setting(const QString& key) const
+{
+    return QSettings(m_root->path(QStringLiteral("/apps/config/config.ini")), QSettings::IniFormat)
+        .value(key, -99)
+        .toInt();
+}
+
+void TestWorkers::onlyTheNewestTextIsRead()
+{
+    ReadingThread thread{Speaker()};
+    thread.setContent(QStringLiteral("one"));
+    thread.setContent(QStringLiteral("two"));
+    thread.setContent(QStringLiteral("three"));
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(FakeTts::texts(), std::vector<std::u16string>{u"three"});
+}
+
+void TestWorkers::aTextQueuedWhileReadingIsReadNext()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    ReadingThread thread{Speaker()};
+    thread.setContent(QStringLiteral("first"));
+    thread.start();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    thread.setContent(QStringLiteral("dropped"));
+    thread.setContent(QStringLiteral("second"));
+    FakeTts::setPace(FakeTts::Pace::Automatic);
+    QVERIFY(thread.wait());
+    QCOMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"first", u"second"}));
+}
+
+void TestWorkers::clearedTextsAreNotRead()
+{
+    ReadingThread thread{Speaker()};
+    thread.setContent(QStringLiteral("text"));
+    thread.clearContent();
+    thread.start();
+    QVERIFY(thread.wait());
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestWorkers::stoppingAndClearingEndsTheThread()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    ReadingThread thread{Speaker()};
+    thread.setContent(QStringLiteral("first"));
+    thread.start();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    thread.setContent(QStringLiteral("second"));
+    thread.clearContent();
+    TTSPlayer::Instance()->stop();
+    QVERIFY(thread.wait());
+    QCOMPARE(FakeTts::texts(), std::vector<std::u16string>{u"first"});
+}
+
+void TestWorkers::aStopBetweenTakingAndSpeakingIsNotLost()
+{
+    std::promise<void> taken;
+    std::promise<void> stopped;
+    ReadingThread thread([&](QString& text) {
+        taken.set_value();
+        stopped.get_future().wait();
+        TTSPlayer::Instance()->play(text);
+    });
+    thread.setContent(QStringLiteral("text"));
+    thread.start();
+    taken.get_future().wait();
+    TTSPlayer::Instance()->stop();
+    stopped.set_value();
+    QVERIFY(thread.wait());
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestWorkers::aTextQueuedAsTheThreadEndsIsReadAfterAll()
+{
+    // finished() is emitted when the thread has looked into its queue for the last time and still
+    // counts as running.
+    ReadingThread thread{Speaker()};
+    bool queued = false;
+    connect(
+        &thread, &QThread::finished, &thread,
+        [&] {
+            if (!std::exchange(queued, true))
+                thread.setContent(QStringLiteral("late"));
+        },
+        Qt::DirectConnection);
+    thread.setContent(QStringLiteral("first"));
+    thread.start();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"first", u"late"}));
+    QTRY_VERIFY(thread.isFinished());
+}
+
+void TestWorkers::destroyingAReaderWhileItReadsEndsIt()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    auto thread = std::make_unique<ReadingThread>(Speaker());
+    thread->setContent(QStringLiteral("text"));
+    thread->start();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    thread->setContent(QStringLiteral("behind"));
+    thread.reset();
+    QVERIFY(!FakeTts::isSpeaking());
+    QCOMPARE(FakeTts::texts().size(), std::size_t{1});
+}
+
+void TestWorkers::aReaderWithoutScreenEnds()
+{
+    CSoundThread thread(nullptr);
+    thread.setContent(QStringLiteral("text"));
+    thread.start();
+    QVERIFY(thread.wait());
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestWorkers::anImageIsHandedOverOnce()
+{
+    // A record freed twice, or not at all, is seen by the address sanitizer.
+    MyEdit edit;
+    CRecThread thread(&edit);
+    const unsigned char pixels[6] = {};
+    thread.setImg(makeImage(pixels, 3, 2, 0));
+    thread.start();
+    QVERIFY(thread.wait());
+    thread.start();
+    QVERIFY(thread.wait());
+    QVERIFY(CallLog::count("ZEMBRA_OCR_Recognize") <= 1);
+}
+
+void TestWorkers::anImageThatIsReplacedIsFreed()
+{
+    CRecThread thread(nullptr);
+    const unsigned char pixel = 0;
+    thread.setImg(makeImage(&pixel, 1, 1, 1));
+    thread.setImg(makeImage(&pixel, 1, 1, 2));
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(CallLog::count("ZEMBRA_OCR_Recognize"), 0);
+}
+
+void TestWorkers::anImageNeverRecognisedIsFreed()
+{
+    CRecThread thread(nullptr);
+    const unsigned char pixel = 0;
+    thread.setImg(makeImage(&pixel, 1, 1, 1));
+}
+
+void TestWorkers::withoutImageNothingIsRecognised()
+{
+    MyEdit edit;
+    CallLog::clear();
+    CRecThread thread(&edit);
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(CallLog::count("ZEMBRA_OCR_Recognize"), 0);
+}
+
+void TestWorkers::theDictionaryChangeIsStored()
+{
+    CTtsThread thread;
+    thread.setFlag(3, 7);
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(ConfigReader::Instance()->getLanDict(), 3);
+    QCOMPARE(ConfigReader::Instance()->getLanDictInfo(), 7);
+    QCOMPARE(setting(QStringLiteral("DictTrans/LanDict")), 3);
+    QCOMPARE(setting(QStringLiteral("DictTrans/LanDictInfo")), 7);
+}
+
+void TestWorkers::theScanLanguageChangeIsStoredAndApplied_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("recognition");
+    QTest::addColumn<int>("voice");
+    QTest::newRow("English") << 0 << 2 << 200;
+    QTest::newRow("French") << 1 << 2 << 103;
+    QTest::newRow("Russian") << 4 << 3 << 151;
+    QTest::newRow("Chinese") << 5 << 1 << 1;
+}
+
+void TestWorkers::theScanLanguageChangeIsStoredAndApplied()
+{
+    QFETCH(int, row);
+    QFETCH(int, recognition);
+    QFETCH(int, voice);
+    CTtsThreadForSet thread;
+    thread.setFlag(row);
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(ConfigReader::Instance()->getLanInfo(), row);
+    QCOMPARE(setting(QStringLiteral("SystemSet/scanLan")), row);
+    QCOMPARE(FakeOcr::languages(), std::vector<int>{recognition});
+    QCOMPARE(FakeTts::language(), voice);
+}
+
+QTEST_MAIN(TestWorkers)
+#include "tst_workers.moc"
