@@ -9,9 +9,9 @@ inline void freshSettings()
 {
     LanguageManager::quitFun();
     LanguageManager::Instance()->init();
-    if (ConfigReader::config) {
+    if (ConfigReader::reader) {
         ConfigReader::quitFun();
-        ConfigReader::config = nullptr;
+        ConfigReader::reader = nullptr;
     }
     ConfigReader::Instance();
 }
