@@ -124,7 +124,7 @@ bool FileWriter::rewrite(OpenFile& file, const QByteArray& content)
 // Writes a file that was just made; removes it on a failure.
 bool FileWriter::fill(OpenFile& file, const QByteArray& content)
 {
-    if (write(file, content, 0, 0) && file.flushAndClose()
+    if (file.isPlain() && write(file, content, 0, 0) && file.flushAndClose()
         && m_operations.flushFolder(file.path()) == 0)
         return true;
     m_operations.remove(file.path());
