@@ -87,7 +87,8 @@ void TestMenuSpeech::ttsFirstSilencesWhatIsSpoken()
     QVERIFY(m->menu->setCurIndex(2));
     m->menu->ttsFirst();
     QVERIFY(CallLog::count("ZEMBRA_TTS_Stop") >= 1);
-    QVERIFY(CallLog::waitFor("ZEMBRA_TTS_Play"));
+    // The worker may have been ending as the text came: then it starts again from the event loop.
+    QTRY_VERIFY(CallLog::count("ZEMBRA_TTS_Play") > 0);
     QVERIFY(FakeTts::waitUntilSpeaking());
     QCOMPARE(QString::fromStdU16String(FakeTts::texts().back()), Fixture::text(2));
     QVERIFY(FakeTts::finish());
