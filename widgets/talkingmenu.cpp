@@ -12,7 +12,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QTimer>
 #include <QTimerEvent>
 #include <chrono>
 
@@ -47,6 +46,8 @@ TalkingMenu::TalkingMenu(const QString& title, QWidget* parent)
     m_numLabel->setFont(painting::screenFont());
     m_numLabel->setAlignment(Qt::AlignRight | Qt::AlignTop);
     m_numLabel->setIndent(0);
+    m_quitTimer.setSingleShot(true);
+    connect(&m_quitTimer, &QTimer::timeout, this, &TalkingMenu::threadQuitTalking);
 }
 
 TalkingMenu::~TalkingMenu() = default;
@@ -162,18 +163,16 @@ void TalkingMenu::ExitWithoutDelete()
         endApplication();
         return;
     }
-    if (!m_quitPending)
-        QTimer::singleShot(SpeechPoll, this, &TalkingMenu::threadQuitTalking);
-    m_quitPending = true;
+    m_quitTimer.start(SpeechPoll);
 }
 
 void TalkingMenu::threadQuitTalking()
 {
     if (m_worker && m_worker->isRunning()) {
-        QTimer::singleShot(SpeechPoll, this, &TalkingMenu::threadQuitTalking);
+        m_quitTimer.start(SpeechPoll);
         return;
     }
-    m_quitPending = false;
+    m_quitTimer.stop();
     endApplication();
 }
 

@@ -6,6 +6,7 @@
 #include <QBasicTimer>
 #include <QMenu>
 #include <QPointer>
+#include <QTimer>
 
 class CTTSThread;
 class QLabel;
@@ -143,13 +144,13 @@ private:
     QPointer<QWidget> m_prevQuickWidget;
     QPointer<CTTSThread> m_worker;
     QLabel* m_numLabel;
+    QTimer m_quitTimer;
     QBasicTimer m_scrollTimer;
     int m_scrollTick = 0;
     bool m_leafNode = false;
     bool m_quickFlag = false;
     bool m_showSecondText = false;
     bool m_talking = false;
-    bool m_quitPending = false;
     bool m_animated = true;
 };
 

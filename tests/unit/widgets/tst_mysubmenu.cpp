@@ -364,12 +364,13 @@ void TestMySubMenu::escapeTwiceLeavesOnce()
     m->press(Qt::Key_Escape);
     worker.end();
     QVERIFY(worker.wait());
-    // The first look after the worker's end leaves; were there a second one in the queue, it
-    // would come before the timer that is started here.
     QVERIFY(m->launcher->waitFor(EscMessage));
-    bool later = false;
-    QTimer::singleShot(std::chrono::milliseconds(20), this, [&later] { later = true; });
-    QTRY_VERIFY(later);
+    // A second look waiting in the queue would come before a timer that is started now.
+    QTimer later;
+    later.setSingleShot(true);
+    QSignalSpy over(&later, &QTimer::timeout);
+    later.start(20);
+    QVERIFY(over.wait());
     QCOMPARE(m->launcher->messages().count(EscMessage), 1);
 }
 
