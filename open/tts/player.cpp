@@ -1,37 +1,14 @@
 #include "open/tts/player.h"
 
 #include "open/tts/piecer.h"
-#include "open/tts/sdloutput.h"
 #include "open/tts/synthesizer.h"
-#include "open/tts/wavoutput.h"
-
-#include "desk/desklink.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <utility>
 
 namespace tts {
 
-namespace {
-
-constexpr const char* WavSpeedVariable = "SWIPELINE_WAV_SPEED";
-
-double wavPace()
-{
-    const char* value = std::getenv(WavSpeedVariable);
-    const double pace = value ? std::strtod(value, nullptr) : 1;
-    return pace > 0 ? std::clamp(pace, 0.1, 10000.0) : 1;
-}
-
-std::unique_ptr<AudioOutput> openOutput(SampleQueue& queue)
-{
-    const char* file = std::getenv(desklink::WavVariable);
-    if (file && *file)
-        return WavOutput::open(queue, file, wavPace());
-    return SdlOutput::open(queue);
-}
-
-} // namespace
+Player::Player(OutputFactory openOutput) : m_openOutput(std::move(openOutput)) {}
 
 bool Player::start(const std::vector<std::string>& folders)
 {
@@ -40,7 +17,7 @@ bool Player::start(const std::vector<std::string>& folders)
         return true;
     if (!Synthesizer::start(folders))
         return false;
-    m_output = openOutput(m_queue);
+    m_output = m_openOutput(m_queue);
     const std::lock_guard lock(m_stateMutex);
     m_started = m_output != nullptr;
     return m_started;

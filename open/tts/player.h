@@ -8,6 +8,8 @@
 #include "open/tts/voices.h"
 
 #include <condition_variable>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -26,6 +28,11 @@ namespace tts {
 class Player
 {
 public:
+    /* Opens the output on a queue that outlives it; null when there is none. */
+    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(SampleQueue&)>;
+
+    explicit Player(OutputFactory openOutput);
+
     bool start(const std::vector<std::string>& folders);
     bool close(); // false when not started
 
@@ -45,6 +52,7 @@ private:
     Outcome speak(std::u16string_view text, const Utterance::Manner& manner,
                   std::uint64_t generation);
 
+    const OutputFactory m_openOutput;
     Generation m_generation = 0;
     SampleQueue m_queue{m_generation};
 

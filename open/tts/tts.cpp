@@ -3,6 +3,7 @@
  */
 #include "platform/zembra_tts.h"
 
+#include "open/tts/outputchoice.h"
 #include "open/tts/player.h"
 
 #include <string>
@@ -14,7 +15,7 @@ namespace {
 /* Lives to the end of the process: another thread may still be speaking while it exits. */
 tts::Player& player()
 {
-    static tts::Player& instance = *new tts::Player;
+    static tts::Player& instance = *new tts::Player(tts::openChosenOutput);
     return instance;
 }
 
