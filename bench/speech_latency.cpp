@@ -29,7 +29,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int AudibleLevel = 200;
+constexpr int AudibleLevel = 20; // of 32768; synthetic speech has no noise below it
 
 double msBetween(Clock::time_point from, Clock::time_point to)
 {

@@ -25,8 +25,7 @@ bool isHeader(const QByteArray& bytes)
     return fieldAt<quint32>(bytes, 4) == data + 36 && fieldAt<quint32>(bytes, 16) == 16
            && fieldAt<quint16>(bytes, 20) == 1 && fieldAt<quint16>(bytes, 22) == 1
            && fieldAt<quint32>(bytes, 24) == 22050 && fieldAt<quint32>(bytes, 28) == 44100
-           && fieldAt<quint16>(bytes, 32) == 2 && fieldAt<quint16>(bytes, 34) == 16
-           && bytes.size() >= HeaderBytes + static_cast<qsizetype>(data);
+           && fieldAt<quint16>(bytes, 32) == 2 && fieldAt<quint16>(bytes, 34) == 16;
 }
 
 } // namespace
@@ -34,13 +33,19 @@ bool isHeader(const QByteArray& bytes)
 std::optional<std::vector<std::int16_t>> readWav(const QString& file)
 {
     QFile wav(file);
-    if (!wav.open(QIODevice::ReadOnly))
+    if (!wav.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return std::nullopt;
-    const QByteArray bytes = wav.readAll();
-    if (!isHeader(bytes))
+    // The header first: of a file that still grows, what it promises is there by then.
+    const QByteArray header = wav.read(HeaderBytes);
+    if (!isHeader(header))
         return std::nullopt;
-    std::vector<std::int16_t> samples(fieldAt<quint32>(bytes, 40) / 2);
-    std::memcpy(samples.data(), bytes.constData() + HeaderBytes, samples.size() * 2);
+    const auto bytes = static_cast<qsizetype>(fieldAt<quint32>(header, 40));
+    const QByteArray data = wav.read(bytes);
+    if (data.size() != bytes)
+        return std::nullopt;
+    std::vector<std::int16_t> samples(static_cast<std::size_t>(bytes) / 2);
+    if (!samples.empty())
+        std::memcpy(samples.data(), data.constData(), samples.size() * 2);
     return samples;
 }
 
