@@ -100,7 +100,7 @@ QImage cleanLine(const QString& text, PrintSettings print)
 {
     print.dpi = 300;
     print.marginMm = 1.5;
-    return PrintedPage({text}, print).picture();
+    return PrintSheet({text}, print).picture();
 }
 
 class Trial
@@ -118,7 +118,7 @@ public:
             PrintSettings print;
             print.points = 10 + i % 3;
             print.family = han ? "AR PL SungtiL GB" : i % 2 ? "Liberation Serif" : "DejaVu Serif";
-            const PrintedPage page({lines[(i + 9) % 10], lines[i], lines[(i + 1) % 10]}, print);
+            const PrintSheet page({lines[(i + 9) % 10], lines[i], lines[(i + 1) % 10]}, print);
             Swipe swipe;
             swipe.hand.seed = swipe.camera.seed = static_cast<std::uint32_t>(i + 1);
             condition.change(swipe);

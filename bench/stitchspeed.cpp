@@ -46,7 +46,7 @@ double phaseCorrelationSeconds(const std::vector<Frame>& frames)
 void printStitchSpeed(QTextStream& out)
 {
     const QStringList lines(3, QStringLiteral("Every page of the atlas smelled of warm paper."));
-    const std::vector<Frame> frames = swipeFrames(PrintedPage(lines, {}), 1, {});
+    const std::vector<Frame> frames = swipeFrames(PrintSheet(lines, {}), 1, {});
     double feeding = 0.0;
     double finishing = 0.0;
     double peer = 0.0;

@@ -16,7 +16,7 @@ Frame frameOf(const QImage& picture, std::int64_t timeUs, int dpi)
     return frame;
 }
 
-std::vector<Frame> swipeFrames(const PrintedPage& page, int line, const Swipe& swipe)
+std::vector<Frame> swipeFrames(const PrintSheet& page, int line, const Swipe& swipe)
 {
     const QRectF ink = page.lines().at(static_cast<std::size_t>(line)).inkMm;
     QPointF start;

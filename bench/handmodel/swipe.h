@@ -3,7 +3,7 @@
 
 #include "desk/camera/handpath.h"
 #include "desk/camera/pencamera.h"
-#include "desk/camera/printedpage.h"
+#include "desk/camera/printsheet.h"
 #include "open/iap/frame.h"
 
 #include <vector>
@@ -19,7 +19,7 @@ struct Swipe
 };
 
 /* The frames of the swipe over line number `line` of the page. */
-std::vector<Frame> swipeFrames(const PrintedPage& page, int line, const Swipe& swipe);
+std::vector<Frame> swipeFrames(const PrintSheet& page, int line, const Swipe& swipe);
 
 /* A camera's picture as the engine takes it. */
 Frame frameOf(const QImage& picture, std::int64_t timeUs, int dpi);

@@ -8,17 +8,17 @@ const QString MiddleLine = QStringLiteral("Nobody in the village knew who built 
 
 } // namespace
 
-PrintedPage threeLines(const PrintSettings& print)
+PrintSheet threeLines(const PrintSettings& print)
 {
-    return PrintedPage({QStringLiteral("She kept a small notebook in the pocket of her coat."),
-                        MiddleLine,
-                        QStringLiteral("A quiet rain fell on the roofs and filled the barrels.")},
-                       print);
+    return PrintSheet({QStringLiteral("She kept a small notebook in the pocket of her coat."),
+                       MiddleLine,
+                       QStringLiteral("A quiet rain fell on the roofs and filled the barrels.")},
+                      print);
 }
 
-PrintedPage blankPage()
+PrintSheet blankPage()
 {
-    return PrintedPage({QString(), QString(60, QLatin1Char(' ')), QString()}, {});
+    return PrintSheet({QString(), QString(60, QLatin1Char(' ')), QString()}, {});
 }
 
 cv::Mat cleanLine(const PrintSettings& print, const QString& text)
@@ -26,7 +26,7 @@ cv::Mat cleanLine(const PrintSettings& print, const QString& text)
     PrintSettings scanned = print;
     scanned.dpi = 300;
     scanned.marginMm = 1.5;
-    return matOf(PrintedPage({text.isEmpty() ? MiddleLine : text}, scanned).picture());
+    return matOf(PrintSheet({text.isEmpty() ? MiddleLine : text}, scanned).picture());
 }
 
 cv::Mat matOf(const QImage& picture)

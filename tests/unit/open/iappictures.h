@@ -6,10 +6,10 @@
 #include <opencv2/core.hpp>
 
 /* A page of three English lines; the middle one is meant to be swiped. */
-PrintedPage threeLines(const PrintSettings& print = {});
+PrintSheet threeLines(const PrintSettings& print = {});
 
 /* A page without print. */
-PrintedPage blankPage();
+PrintSheet blankPage();
 
 /* The middle line of threeLines() as a scanner would give it at 300 dpi, or another line. */
 cv::Mat cleanLine(const PrintSettings& print = {}, const QString& text = {});

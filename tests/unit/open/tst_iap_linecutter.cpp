@@ -15,7 +15,7 @@ constexpr double DotsPerMm = 300.0 / 25.4;
 LineStrip scannedStrip(PrintSettings print, double halfMm = 5.0)
 {
     print.dpi = 300;
-    const PrintedPage page = threeLines(print);
+    const PrintSheet page = threeLines(print);
     const QRectF line = page.lines()[1].inkMm;
     const int middle = int(line.center().y() * DotsPerMm);
     const int half = int(halfMm * DotsPerMm);
@@ -191,9 +191,9 @@ void TestLineCutter::verticalCharactersComeOutUpright()
     PrintSettings print;
     print.family = QStringLiteral("AR PL SungtiL GB");
     print.dpi = 300;
-    const QImage upright = PrintedPage({text}, print).picture();
+    const QImage upright = PrintSheet({text}, print).picture();
     print.vertical = true;
-    const PrintedPage page({text}, print);
+    const PrintSheet page({text}, print);
     LineStrip strip;
     cv::rotate(inkMap(matOf(page.picture())), strip.ink, cv::ROTATE_90_COUNTERCLOCKWISE);
     strip.ink = strip.ink.rowRange(strip.ink.rows / 2 - 52, strip.ink.rows / 2 + 52).clone();

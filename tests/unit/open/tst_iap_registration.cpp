@@ -14,12 +14,12 @@ namespace {
 constexpr double MmPerPixel = 25.4 / 300.0;
 constexpr double Degree = std::numbers::pi / 180.0;
 
-QPointF middleOfLine(const PrintedPage& page)
+QPointF middleOfLine(const PrintSheet& page)
 {
     return page.lines()[1].inkMm.center();
 }
 
-FramePyramid seenAt(const PrintedPage& page, QPointF mm, double degrees, std::uint32_t index)
+FramePyramid seenAt(const PrintSheet& page, QPointF mm, double degrees, std::uint32_t index)
 {
     const PenCamera camera(page.picture(), page.dpi());
     return FramePyramid(inkMap(matOf(camera.frameAt({mm, degrees, {}}, index))));
@@ -63,7 +63,7 @@ void TestRegistration::knownMotion()
     QFETCH(double, x);
     QFETCH(double, y);
     QFETCH(double, degrees);
-    const PrintedPage page = threeLines();
+    const PrintSheet page = threeLines();
     const QPointF mm = middleOfLine(page);
     const FramePyramid key = seenAt(page, mm, 0.0, 1);
     const FramePyramid frame = seenAt(page, mm + QPointF(x, y) * MmPerPixel, degrees, 2);
@@ -78,7 +78,7 @@ void TestRegistration::knownMotion()
 
 void TestRegistration::framesThatShareNothing()
 {
-    const PrintedPage page = threeLines();
+    const PrintSheet page = threeLines();
     const QPointF mm = middleOfLine(page);
     const FramePyramid key = seenAt(page, mm - QPointF(30.0, 0.0), 0.0, 1);
     const FramePyramid frame = seenAt(page, mm + QPointF(25.0, 2.0), 8.0, 2);
@@ -88,7 +88,7 @@ void TestRegistration::framesThatShareNothing()
 void TestRegistration::repeatedPrintGoesWhereExpected()
 {
     const QString same(60, QLatin1Char('n'));
-    const PrintedPage page({QString(), same, QString()}, {});
+    const PrintSheet page({QString(), same, QString()}, {});
     const QPointF mm = middleOfLine(page);
     const FramePyramid key = seenAt(page, mm, 0.0, 1);
     const FramePyramid frame = seenAt(page, mm + QPointF(50.0 * MmPerPixel, 0.0), 0.0, 2);
@@ -98,7 +98,7 @@ void TestRegistration::repeatedPrintGoesWhereExpected()
 
 void TestRegistration::blankPaperHasNoPrint()
 {
-    const PrintedPage page = threeLines();
+    const PrintSheet page = threeLines();
     QVERIFY(!seenAt(blankPage(), {20.0, 20.0}, 0.0, 1).hasPrint());
     QVERIFY(seenAt(page, middleOfLine(page), 0.0, 1).hasPrint());
 }
@@ -126,7 +126,7 @@ void TestRegistration::oddSizes()
 
 void TestRegistration::trackerCountsBlankAndLostFrames()
 {
-    const PrintedPage page = threeLines();
+    const PrintSheet page = threeLines();
     const PenCamera camera(page.picture(), page.dpi());
     const QPointF start = middleOfLine(page) - QPointF(20.0, 0.0);
     const auto ink = [&](QPointF mm) { return inkMap(matOf(camera.frameAt({mm, 0.0, {}}, 1))); };
@@ -147,7 +147,7 @@ void TestRegistration::trackerCountsBlankAndLostFrames()
 
 void TestRegistration::trackerGoesOnAfterAGap()
 {
-    const PrintedPage page(
+    const PrintSheet page(
         {QString(),
          QStringLiteral("left") + QString(24, QLatin1Char(' ')) + QStringLiteral("right"),
          QString()},

@@ -100,7 +100,7 @@ void TestStitcher::verticalSwipe()
     print.family = QStringLiteral("AR PL SungtiL GB");
     print.vertical = true;
     print.leading = 1.6;
-    const PrintedPage page({text, text, text}, print);
+    const PrintSheet page({text, text, text}, print);
     Swipe swipe;
     swipe.camera.mount = {leftHand, true};
     swipe.backwards = backwards;

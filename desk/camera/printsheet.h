@@ -1,5 +1,5 @@
-#ifndef PRINTEDPAGE_H
-#define PRINTEDPAGE_H
+#ifndef PRINTSHEET_H
+#define PRINTSHEET_H
 
 #include <QImage>
 #include <QRectF>
@@ -28,10 +28,10 @@ struct PrintedLine
 };
 
 /* A page of plain text, a line of print for each line given. Needs a QGuiApplication. */
-class PrintedPage
+class PrintSheet
 {
 public:
-    PrintedPage(const QStringList& lines, const PrintSettings& settings);
+    PrintSheet(const QStringList& lines, const PrintSettings& settings);
 
     const QImage& picture() const { return m_picture; } // Format_Grayscale8, 255 white
     double dpi() const { return m_settings.dpi; }

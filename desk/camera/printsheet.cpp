@@ -1,4 +1,4 @@
-#include "desk/camera/printedpage.h"
+#include "desk/camera/printsheet.h"
 
 #include <QFont>
 #include <QFontMetricsF>
@@ -22,7 +22,7 @@ QImage blankPage(double width, double height)
 
 } // namespace
 
-PrintedPage::PrintedPage(const QStringList& lines, const PrintSettings& settings)
+PrintSheet::PrintSheet(const QStringList& lines, const PrintSettings& settings)
     : m_settings(settings)
 {
     QFont font(settings.family);
@@ -35,7 +35,7 @@ PrintedPage::PrintedPage(const QStringList& lines, const PrintSettings& settings
         printRows(lines, font);
 }
 
-void PrintedPage::printRows(const QStringList& lines, const QFont& font)
+void PrintSheet::printRows(const QStringList& lines, const QFont& font)
 {
     const QFontMetricsF metrics(font);
     const double dotsPerMm = m_settings.dpi / MmPerInch;
@@ -59,7 +59,7 @@ void PrintedPage::printRows(const QStringList& lines, const QFont& font)
     }
 }
 
-void PrintedPage::printColumns(const QStringList& lines, const QFont& font)
+void PrintSheet::printColumns(const QStringList& lines, const QFont& font)
 {
     const double dotsPerMm = m_settings.dpi / MmPerInch;
     const double margin = m_settings.marginMm * dotsPerMm;
