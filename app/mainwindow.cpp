@@ -76,6 +76,11 @@ void MainWindow::setupUi()
     QMetaObject::connectSlotsByName(this);
 }
 
+void MainWindow::tirggleEditSingal(const QString& text)
+{
+    emit signalEdit(text);
+}
+
 void MainWindow::ScanWindow()
 {
     FileInfo current;
