@@ -21,6 +21,8 @@ class TestCharScanner : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
+    void cleanupTestCase();
     void init();
     void cleanup();
     void startingPassesTheDictionaryDirection();
@@ -42,26 +44,36 @@ private:
     std::unique_ptr<MainWindow> m_window;
 };
 
-void TestCharScanner::init()
+// One window for all: it ends the process's singletons for good when it goes.
+void TestCharScanner::initTestCase()
 {
     m_root = std::make_unique<TestRoot>();
-    fakes::reset();
     freshSettings();
     m_window = std::make_unique<MainWindow>();
-    m_texts.clear();
     connect(m_window.get(), &MainWindow::signalEdit, this,
             [this](const QString& text) { m_texts.append(text); });
+}
+
+void TestCharScanner::cleanupTestCase()
+{
+    m_window.reset();
+    m_root.reset();
+}
+
+void TestCharScanner::init()
+{
+    m_root->write(QStringLiteral("/apps/config/config.ini"), QByteArray());
+    freshSettings();
+    m_texts.clear();
     CallLog::clear();
 }
 
 void TestCharScanner::cleanup()
 {
     CharScanner::forget(m_window.get());
-    fakes::reset();
     OCRPen::quitFun();
     TTSPlayer::quitFun();
-    m_window.reset();
-    m_root.reset();
+    fakes::reset();
 }
 
 void TestCharScanner::startingPassesTheDictionaryDirection()
