@@ -39,6 +39,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_settingsThread = std::make_unique<CTtsThreadForSet>();
     m_menuSpeech = std::make_unique<CTTSThread>();
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
+    m_mainMenu->setSpeechWorker(m_menuSpeech.get());
 }
 
 MainWindow::~MainWindow()
@@ -127,6 +128,7 @@ void MainWindow::connectMenu(MySubMenu* menu, MenuSlot onShow)
             (this->*slot)(index, text, index + following);
         };
     };
+    menu->setSpeechWorker(m_menuSpeech.get());
     connect(menu, &MySubMenu::signalKeyPress, this, &MainWindow::keyPressSlot);
     connect(menu, &MySubMenu::signalShow, this, speakWith(onShow));
     connect(menu, &MySubMenu::signalUp, this, speakWith(&MainWindow::menuUpSlot));

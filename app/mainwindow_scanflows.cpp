@@ -54,6 +54,7 @@ void MainWindow::endBusy()
 
 void MainWindow::showMessage(const QString& text)
 {
+    talkingMenuTTS(0, text, QString());
     MessageDialog(this, text, MessageMs).exec();
     if (QWidget* current = WidgetChange::Instance()->getCurWidget())
         current->setFocus(Qt::OtherFocusReason);
