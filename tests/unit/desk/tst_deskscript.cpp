@@ -17,7 +17,8 @@ private slots:
         QTest::newRow("blanks") << "  key \t Down " << QStringList({"key", "Down"});
         QTest::newRow("quoted") << "echo \"a b\"" << QStringList({"echo", "a b"});
         QTest::newRow("empty quotes") << "send X \"\"" << QStringList({"send", "X", ""});
-        QTest::newRow("escapes") << "echo \"a\\\"b\\\\c\\nd\"" << QStringList({"echo", "a\"b\\c\nd"});
+        QTest::newRow("escapes") << "echo \"a\\\"b\\\\c\\nd\""
+                                 << QStringList({"echo", "a\"b\\c\nd"});
         QTest::newRow("comment") << "key Up # and on" << QStringList({"key", "Up"});
         QTest::newRow("hash in a word") << "echo a#b" << QStringList({"echo", "a#b"});
         QTest::newRow("hash in quotes") << "echo \"# 1\"" << QStringList({"echo", "# 1"});
