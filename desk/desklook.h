@@ -28,6 +28,10 @@ constexpr QColor KeyBottom(0x2a, 0x30, 0x38);
 constexpr QColor KeyPressed(0x1c, 0x21, 0x27);
 constexpr QColor KeyText(0xf2, 0xf5, 0xf8);
 
+/* Gives the whole program one light look, whatever the user's desktop is set to: the pen and the
+ * paper are the same for everybody. After the application object was made. */
+void apply();
+
 } // namespace desklook
 
 #endif

@@ -33,7 +33,8 @@ constexpr int LauncherWidth = 420;
 /* The display keeps its fourfold size where the screen leaves room for the page below it. */
 int factorFor(const QScreen* screen)
 {
-    if (!screen)
+    // Without a screen of its own (headless) the desk need not fit one.
+    if (!screen || QGuiApplication::platformName() == QLatin1String("offscreen"))
         return LargeFactor;
     const QSize room = screen->availableSize();
     return room.width() >= LargeWindow.width() && room.height() >= 860 ? LargeFactor : SmallFactor;
@@ -53,7 +54,13 @@ QString deskStyle()
                "QPushButton:disabled { color: #aab1ba; }"
                "QListWidget, QPlainTextEdit { border: 0; background: %3; color: %2;"
                " font-size: 12px; }"
-               "QTabWidget::pane { border: 1px solid %4; border-radius: 6px; }")
+               "QTabWidget::pane { border: 1px solid %4; border-radius: 6px; }"
+               "QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }"
+               "QScrollBar::handle:vertical { background: #c3c9d1; border-radius: 3px;"
+               " min-height: 30px; }"
+               "QScrollBar::handle:vertical:hover { background: #a4adb8; }"
+               "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
+               "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
         .arg(desklook::Desk.name(), desklook::Text.name(), desklook::Panel.name(),
              desklook::PanelEdge.name(), desklook::Accent.name());
 }

@@ -1,6 +1,7 @@
 /*
  * The desk: a pen, a page of print and the launcher, on one screen or driven by a script.
  */
+#include "desk/desklook.h"
 #include "desk/deskoptions.h"
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
@@ -110,6 +111,7 @@ int main(int argc, char** argv)
                                        "Use --headless SCRIPT to run without one."));
 
     const QApplication application(argc, argv);
+    desklook::apply();
     const DeskOptions options =
         DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
     if (!options.error.isEmpty())

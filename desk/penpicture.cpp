@@ -8,8 +8,9 @@ namespace {
 
 constexpr QRgb PanelColour = qRgb(8, 10, 12);
 constexpr QRgb UnlitColour = qRgb(14, 17, 20);
-constexpr QRgb LitColour = qRgb(226, 242, 255);
-constexpr double HaloStrength = 0.22;
+constexpr QRgb LitColour = qRgb(232, 245, 255);
+constexpr QRgb LitGapColour = qRgb(128, 140, 150); // between lit pixels: their light meets here
+constexpr double HaloStrength = 0.18;
 
 /* The light that scatters around lit pixels: the picture softened and added at low strength. */
 QImage halo(const QImage& oneBit, QSize size)
@@ -54,21 +55,22 @@ QImage luminous(const QImage& oneBit, int factor)
     result.fill(PanelColour);
     QPainter painter(&result);
     const int dot = step > 2 ? step - 1 : step;
-    const auto paintDots = [&](int state, QRgb colour) {
+    const auto paintDots = [&](uint state, int size, QRgb colour) {
         for (int y = 0; y < oneBit.height(); ++y) {
             for (int x = 0; x < oneBit.width(); ++x) {
-                if (oneBit.pixelIndex(x, y) == state)
-                    painter.fillRect(x * step, y * step, dot, dot, QColor(colour));
+                if (uint(oneBit.pixelIndex(x, y)) == state)
+                    painter.fillRect(x * step, y * step, size, size, QColor(colour));
             }
         }
     };
-    paintDots(0, UnlitColour);
+    paintDots(0, dot, UnlitColour);
     painter.setCompositionMode(QPainter::CompositionMode_Plus);
     painter.setOpacity(HaloStrength);
     painter.drawImage(0, 0, halo(oneBit, result.size()));
     painter.setOpacity(1.0);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    paintDots(1, LitColour);
+    paintDots(1, step, LitGapColour);
+    paintDots(1, dot, LitColour);
     return result;
 }
 

@@ -4,6 +4,7 @@
 #include "desk/keybutton.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
 #include <QVBoxLayout>
@@ -34,14 +35,23 @@ PenView::PenView(int factor, QWidget* parent) : QWidget(parent), m_display(new O
     row->setSpacing(8);
     row->addSpacing(14);
     addKeys(*row, MenuKeys, 2);
+    row->addSpacing(18);
+    row->addWidget(makeBrand());
     row->addStretch(3);
     addKeys(*row, MoveKeys, 5);
-    row->addStretch(2);
+    row->addStretch(4);
     addKeys(*row, SeekKeys, 2);
     row->addStretch(1);
     row->addSpacing(GrilleWidth);
     column->addLayout(row);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+QLabel* PenView::makeBrand()
+{
+    auto* const brand = new QLabel(QStringLiteral("swipeline"));
+    brand->setStyleSheet(QStringLiteral("color: #8b95a1; font-size: 13px; letter-spacing: 3px"));
+    return brand;
 }
 
 void PenView::addKeys(QHBoxLayout& row, int first, int count)
@@ -158,11 +168,4 @@ void PenView::paintGrille(QPainter& painter, const QRectF& body) const
                                 2.1);
         }
     }
-    QFont font = this->font();
-    font.setPixelSize(12);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, 3);
-    painter.setFont(font);
-    painter.setPen(QColor(0x9a, 0xa3, 0xae));
-    painter.drawText(QRectF(body.left() + 175, row - 10, 160, 20), Qt::AlignVCenter,
-                     QStringLiteral("swipeline"));
 }

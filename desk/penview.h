@@ -8,6 +8,7 @@
 
 class KeyButton;
 class QHBoxLayout;
+class QLabel;
 
 /*
  * The pen as it lies on the desk: its body with display, keys, tip and loudspeaker.
@@ -36,6 +37,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    static QLabel* makeBrand();
     void addKeys(QHBoxLayout& row, int first, int count);
     void paintTip(QPainter& painter, const QRectF& body) const;
     void paintBody(QPainter& painter, const QRectF& body) const;
