@@ -151,6 +151,10 @@ QString readCondition(DeskCommand& command, Arguments& arguments, bool wait)
         command.verb = wait ? Verb::WaitSpoken : Verb::ExpectSpoken;
         return arguments.text(&DeskCommand::text);
     }
+    if (arguments.takeIf("heard")) {
+        command.verb = wait ? Verb::WaitHeard : Verb::ExpectHeard;
+        return arguments.text(&DeskCommand::text);
+    }
     if (arguments.takeIf("text")) {
         command.verb = wait ? Verb::WaitText : Verb::ExpectText;
         return arguments.text(&DeskCommand::text);

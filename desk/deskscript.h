@@ -27,6 +27,7 @@ struct DeskCommand
         Echo,         // text
         WaitScreen,   // the screen shows something else than at the last action
         WaitSpoken,   // text
+        WaitHeard,    // text
         WaitSilence,  // nothing is being spoken
         WaitText,     // text, in any file of the scan folder
         WaitFile,     // name, text
@@ -36,6 +37,7 @@ struct DeskCommand
         WaitIdle,     //
         WaitExit,     //
         ExpectSpoken, // as the waits, but at once
+        ExpectHeard,
         ExpectText,
         ExpectFile,
         ExpectMessage,

@@ -54,7 +54,11 @@ QString deskStyle()
                "QPushButton:disabled { color: #aab1ba; }"
                "QListWidget, QPlainTextEdit { border: 0; background: %3; color: %2;"
                " font-size: 12px; }"
-               "QTabWidget::pane { border: 1px solid %4; border-radius: 6px; }"
+               "PageView { background: %3; }"
+               "QTabWidget::pane { border: 1px solid %4; border-radius: 6px; top: -1px; }"
+               "QTabBar::tab { padding: 5px 14px; border: 1px solid transparent; color: %6; }"
+               "QTabBar::tab:selected { color: %2; border-bottom: 2px solid %5; }"
+               "QTabBar::tab:focus { border: 1px solid %5; border-radius: 4px; }"
                "QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }"
                "QScrollBar::handle:vertical { background: #c3c9d1; border-radius: 3px;"
                " min-height: 30px; }"
@@ -62,7 +66,7 @@ QString deskStyle()
                "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
                "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
         .arg(desklook::Desk.name(), desklook::Text.name(), desklook::Panel.name(),
-             desklook::PanelEdge.name(), desklook::Accent.name());
+             desklook::PanelEdge.name(), desklook::Accent.name(), desklook::QuietText.name());
 }
 
 QWidget* card()

@@ -10,10 +10,12 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLoggingCategory>
 #include <QTimer>
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -72,6 +74,7 @@ int runScript(DeskSession& session, const DeskOptions& options)
         return complain(QStringLiteral("The folder %1 cannot be made.").arg(options.out));
 
     DeskWindow window(session);
+    window.setAttribute(Qt::WA_DontShowOnScreen); // drawn for pictures only
     window.show();
     ScriptRunner runner(session, script, options.out, [&window] { return window.picture(); });
     QObject::connect(&runner, &ScriptRunner::finished, qApp,
@@ -109,6 +112,14 @@ int main(int argc, char** argv)
         && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return complain(QStringLiteral("There is no display for the window. "
                                        "Use --headless SCRIPT to run without one."));
+
+    // Said once by a library that looks for a graphics driver, which is not needed here.
+    QLoggingCategory::setFilterRules(
+        QStringLiteral("qt.waylandcompositor.hardwareintegration=false"));
+    // A machine without a session of the user's has no runtime folder; Qt wants one.
+    std::optional<RuntimeDir> runtimeDir;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
+        runtimeDir.emplace();
 
     const QApplication application(argc, argv);
     desklook::apply();

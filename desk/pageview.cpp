@@ -26,6 +26,7 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
     setAccessibleDescription(
         tr("Up and Down choose a line, Return swipes it; a drag with the mouse is a swipe"));
     setFocusPolicy(Qt::StrongFocus);
+    viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
     viewport()->setCursor(Qt::CrossCursor);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -149,6 +150,9 @@ void PageView::paintEvent(QPaintEvent*)
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(desklook::Mat);
+    painter.drawRoundedRect(viewport()->rect(), 8, 8);
     if (m_page.isEmpty() || !m_notice.isEmpty()) {
         painter.setPen(desklook::QuietText);
         painter.drawText(viewport()->rect().adjusted(40, 40, -40, -40),

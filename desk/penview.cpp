@@ -104,14 +104,14 @@ void PenView::paintTip(QPainter& painter, const QRectF& body) const
 {
     const double middle = body.center().y();
     QPainterPath cone;
-    cone.moveTo(body.left() + 30, body.top() + 40);
-    cone.cubicTo(body.left() - 10, body.top() + 70, body.left() - 40, middle - 34, body.left() - 56,
-                 middle - 22);
-    cone.lineTo(body.left() - 56, middle + 22);
-    cone.cubicTo(body.left() - 40, middle + 34, body.left() - 10, body.bottom() - 70,
-                 body.left() + 30, body.bottom() - 40);
+    cone.moveTo(body.left() + 6, middle - 92);
+    cone.cubicTo(body.left() - 16, middle - 84, body.left() - 34, middle - 34, body.left() - 58,
+                 middle - 25);
+    cone.lineTo(body.left() - 58, middle + 25);
+    cone.cubicTo(body.left() - 34, middle + 34, body.left() - 16, middle + 84, body.left() + 6,
+                 middle + 92);
     cone.closeSubpath();
-    QLinearGradient shade(0, body.top(), 0, body.bottom());
+    QLinearGradient shade(0, middle - 92, 0, middle + 92);
     shade.setColorAt(0.0, QColor(0x5a, 0x62, 0x6e));
     shade.setColorAt(0.5, QColor(0x39, 0x40, 0x4a));
     shade.setColorAt(1.0, QColor(0x22, 0x27, 0x2e));
@@ -120,7 +120,7 @@ void PenView::paintTip(QPainter& painter, const QRectF& body) const
     painter.drawPath(cone);
 
     // The window of the camera, lit while the scan engine runs.
-    const QRectF window(body.left() - 70, middle - 18, 18, 36);
+    const QRectF window(body.left() - 71, middle - 19, 18, 38);
     const QColor light = m_tipPressed ? QColor(0xff, 0x5a, 0x3c)
                          : m_cameraOn ? QColor(0xff, 0xb4, 0xa0)
                                       : QColor(0x6b, 0x70, 0x78);

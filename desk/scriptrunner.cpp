@@ -307,6 +307,7 @@ ScriptRunner::Condition ScriptRunner::conditionOf(const DeskCommand& command) co
     case Verb::WaitExit:
         return [this] { return !m_session.pen().isRunning(); };
     case Verb::WaitSpoken:
+    case Verb::WaitHeard:
     case Verb::WaitText:
     case Verb::WaitFile:
     case Verb::WaitMessage:
@@ -323,6 +324,10 @@ bool ScriptRunner::holds(const DeskCommand& command, bool sinceMark) const
     case Verb::WaitSpoken:
     case Verb::ExpectSpoken:
         return m_session.transcript().contains(command.text, sinceMark ? m_mark.utterances : 0);
+    case Verb::WaitHeard:
+    case Verb::ExpectHeard:
+        return m_session.transcript().containsHeard(command.text,
+                                                    sinceMark ? m_mark.utterances : 0);
     case Verb::WaitText:
     case Verb::ExpectText:
         return penfiles::contains(root, QStringLiteral("*"), command.text);

@@ -60,6 +60,16 @@ bool Transcript::contains(const QString& text, qsizetype first) const
     return false;
 }
 
+bool Transcript::containsHeard(const QString& text, qsizetype first) const
+{
+    const QString wanted = text.simplified();
+    for (qsizetype i = first; i < m_utterances.size(); ++i) {
+        if (m_utterances.at(i).heard().contains(wanted, Qt::CaseInsensitive))
+            return true;
+    }
+    return false;
+}
+
 QString Transcript::withoutMarkup(const QString& text)
 {
     static const QRegularExpression markup(QStringLiteral("<[^<>]*>"));

@@ -47,6 +47,9 @@ public:
      * blank space do not count). */
     bool contains(const QString& text, qsizetype first = 0) const;
 
+    /* The same for the words that were heard. */
+    bool containsHeard(const QString& text, qsizetype first = 0) const;
+
     /* "<...>" left out and runs of blanks made one. */
     static QString withoutMarkup(const QString& text);
 

@@ -23,6 +23,7 @@ private slots:
                              "key Down\n"
                              "wait screen-change\n"
                              "wait spoken \"second half\"\n"
+                             "expect heard second\n"
                              "screenshot half\n"
                              "swipe line 2 speed 400\n"
                              "wait swipe delivered\n"

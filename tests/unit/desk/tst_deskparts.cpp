@@ -126,6 +126,9 @@ private slots:
         QVERIFY(transcript.contains("new  FILE"));
         QVERIFY(!transcript.contains("new file", 1));
         QVERIFY(!transcript.contains("old file"));
+        QVERIFY(transcript.containsHeard("new file"));
+        QVERIFY(!transcript.containsHeard("file."));
+        QVERIFY(!transcript.containsHeard("new file", 1));
     }
 
     void aNewTextBreaksTheOldOneOff()
