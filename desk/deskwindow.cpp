@@ -151,9 +151,9 @@ QWidget* DeskWindow::makePageBar()
     label->setBuddy(m_pages);
     auto* const open = new QPushButton(tr("&Open..."));
     open->setToolTip(tr("A picture or a PDF file as the page"));
-    m_ruler = new QCheckBox(tr("&Ruler"));
-    m_ruler->setToolTip(tr("A drag follows the line on which it began"));
-    m_ruler->setChecked(true);
+    auto* const ruler = new QCheckBox(tr("&Ruler"));
+    ruler->setToolTip(tr("A drag follows the line on which it began"));
+    ruler->setChecked(true);
     auto* const hand = new QCheckBox(tr("&Left hand"));
     hand->setToolTip(tr("The pen is held in the left hand: its camera looks the other way up"));
     auto* const hint = new QLabel(tr("Drag over a line to swipe it, or double-click it"));
@@ -161,13 +161,13 @@ QWidget* DeskWindow::makePageBar()
     row->addWidget(label);
     row->addWidget(m_pages);
     row->addWidget(open);
-    row->addWidget(m_ruler);
+    row->addWidget(ruler);
     row->addWidget(hand);
     row->addStretch();
     row->addWidget(hint);
     connect(m_pages, &QComboBox::activated, this, &DeskWindow::choosePage);
     connect(open, &QPushButton::clicked, this, &DeskWindow::openPage);
-    connect(m_ruler, &QCheckBox::toggled, m_page, &PageView::setRuler);
+    connect(ruler, &QCheckBox::toggled, m_page, &PageView::setRuler);
     connect(hand, &QCheckBox::toggled, &m_session, &DeskSession::setLeftHand);
     return bar;
 }
@@ -178,7 +178,7 @@ void DeskWindow::connectPen()
             [this](Qt::Key key) { m_session.sendKey(key, true); });
     connect(m_pen, &PenView::keyReleased, &m_session,
             [this](Qt::Key key) { m_session.sendKey(key, false); });
-    connect(&m_session, &DeskSession::screenChanged, this, &DeskWindow::showPen);
+    connect(&m_session, &DeskSession::screenChanged, this, &DeskWindow::showScreen);
     connect(&m_session, &DeskSession::penStarted, this, &DeskWindow::showPen);
     connect(&m_session, &DeskSession::penEnded, this, &DeskWindow::showPen);
     connect(&m_session, &DeskSession::speechChanged, this, [this] {
@@ -200,6 +200,9 @@ void DeskWindow::connectPage()
             [this] { m_page->setPage(m_session.page()); });
     connect(&m_session, &DeskSession::pageFailed, m_page, &PageView::setNotice);
     connect(m_page, &PageView::swipeBegins, &m_session, &DeskSession::beginSwipe);
+    connect(m_page, &PageView::swipeBegins, this, &DeskWindow::tellWhenCameraIsOff);
+    connect(m_page, &PageView::lineWanted, this, &DeskWindow::tellWhenCameraIsOff);
+    connect(&m_session, &DeskSession::swipeReported, this, &DeskWindow::tellSwipe);
     connect(m_page, &PageView::swipeMoves, &m_session, &DeskSession::moveSwipe);
     connect(m_page, &PageView::swipeEnds, &m_session, &DeskSession::endSwipe);
     connect(m_page, &PageView::lineWanted, &m_session,
@@ -210,6 +213,31 @@ void DeskWindow::connectPage()
         m_pen->setTipPressed(false);
         m_page->hideCamera();
     });
+}
+
+void DeskWindow::tellWhenCameraIsOff()
+{
+    if (!m_session.link().isCameraOn())
+        m_launcher->setStatus(
+            tr("The pen's camera is off: open a file first, for instance with \"New file\""), true);
+}
+
+void DeskWindow::tellSwipe(const SwipeReport& report)
+{
+    switch (report.outcome) {
+    case desklink::SwipeOutcome::Delivered:
+        m_launcher->setStatus(tr("A line was scanned (%1 pictures)").arg(report.frames), false);
+        break;
+    case desklink::SwipeOutcome::NoPrint:
+        m_launcher->setStatus(tr("No print was found under the pen"), true);
+        break;
+    case desklink::SwipeOutcome::BadMotion:
+        m_launcher->setStatus(tr("The swipe cannot be read: too fast, or off the line"), true);
+        break;
+    case desklink::SwipeOutcome::Stopped:
+        m_launcher->setStatus(tr("The pen did not want a swipe just now"), false);
+        break;
+    }
 }
 
 void DeskWindow::choosePage()
@@ -248,7 +276,8 @@ bool DeskWindow::eventFilter(QObject* watched, QEvent* event)
 {
     const bool press = event->type() == QEvent::KeyPress;
     if ((!press && event->type() != QEvent::KeyRelease) || !isActiveWindow()
-        || !watched->isWidgetType() || QApplication::activePopupWidget())
+        || !watched->isWidgetType() || QApplication::activePopupWidget()
+        || QApplication::activeModalWidget())
         return QWidget::eventFilter(watched, event);
     auto* const keyEvent = static_cast<QKeyEvent*>(event);
     const auto key = penkeys::fromKeyboard(keyEvent->key());
@@ -270,6 +299,17 @@ void DeskWindow::pressKey(Qt::Key key, bool pressed)
     m_session.sendKey(key, pressed);
 }
 
+void DeskWindow::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    // The release of a key that is still down would go to another window.
+    if (event->type() != QEvent::ActivationChange || isActiveWindow())
+        return;
+    const QSet<Qt::Key> down = m_down;
+    for (const Qt::Key key : down)
+        pressKey(key, false);
+}
+
 void DeskWindow::closeEvent(QCloseEvent* event)
 {
     if (!m_session.pen().isRunning()) {
@@ -283,14 +323,20 @@ void DeskWindow::closeEvent(QCloseEvent* event)
     QTimer::singleShot(LeaveMs, &m_session.pen(), &PenProcess::stop);
 }
 
+void DeskWindow::showScreen()
+{
+    m_pen->display().setScreen(m_session.screen());
+    if (m_session.pen().isRunning())
+        m_pen->display().setNotice(m_session.hasWindow() ? QString() : tr("The pen is starting"));
+}
+
 void DeskWindow::showPen()
 {
+    showScreen();
     const PenProcess& pen = m_session.pen();
     const bool running = pen.isRunning();
-    m_pen->display().setScreen(m_session.screen());
     m_launcher->setPenRunning(running);
     if (running) {
-        m_pen->display().setNotice(m_session.hasWindow() ? QString() : tr("The pen is starting"));
         m_launcher->setStatus(m_session.link().isCameraOn() ? tr("The pen waits for a swipe")
                                                             : tr("The pen is on"),
                               false);

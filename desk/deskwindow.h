@@ -10,8 +10,8 @@ class DeskSession;
 class LauncherView;
 class PageView;
 class PenView;
-class QCheckBox;
 class QComboBox;
+struct SwipeReport;
 
 /*
  * The window: pen above, page below, launcher beside it. Arrow keys, Return and the function keys
@@ -30,6 +30,7 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
@@ -37,11 +38,14 @@ private:
     QWidget* makePageBar();
     void connectPen();
     void connectPage();
+    void tellWhenCameraIsOff();
+    void tellSwipe(const SwipeReport& report);
     void choosePage();
     void openPage();
     void pressKey(Qt::Key key, bool pressed);
     bool goesToPen(int key) const;
     void showPen();
+    void showScreen();
 
     DeskSession& m_session;
     PenView* m_pen;
@@ -49,7 +53,6 @@ private:
     PageView* m_page;
     LauncherView* m_launcher;
     QComboBox* m_pages = nullptr;
-    QCheckBox* m_ruler = nullptr;
     QSet<Qt::Key> m_down; // keys of the keyboard that the pen has been told of
 };
 

@@ -53,6 +53,9 @@ int runWindow(DeskSession& session, const DeskOptions& options)
 {
     DeskWindow window(session);
     window.show();
+    QObject::connect(&session.pen(), &PenProcess::outputLine, [](const QString& line) {
+        std::fprintf(stderr, "pen: %s\n", qUtf8Printable(line));
+    });
     session.pageLoader().load(options.page);
     session.startPen();
     const int result = QApplication::exec();
@@ -73,9 +76,18 @@ int runScript(DeskSession& session, const DeskOptions& options)
     if (!QDir().mkpath(options.out))
         return complain(QStringLiteral("The folder %1 cannot be made.").arg(options.out));
 
+    QFile penLog(options.out + QLatin1String("/pen.log"));
+    if (!penLog.open(QIODevice::WriteOnly))
+        return complain(QStringLiteral("%1 cannot be written.").arg(penLog.fileName()));
+
     DeskWindow window(session);
     window.setAttribute(Qt::WA_DontShowOnScreen); // drawn for pictures only
     window.show();
+    QObject::connect(&session.pen(), &PenProcess::outputLine, &window,
+                     [&penLog](const QString& line) {
+                         penLog.write(line.toUtf8() + '\n');
+                         penLog.flush();
+                     });
     ScriptRunner runner(session, script, options.out, [&window] { return window.picture(); });
     QObject::connect(&runner, &ScriptRunner::finished, qApp,
                      [](bool ok) { QApplication::exit(ok ? 0 : Failed); });
@@ -103,7 +115,7 @@ int main(int argc, char** argv)
                    stdout);
         return 0;
     }
-    // Neither the desk nor the pen draws with a graphics driver; so none is loaded.
+    // Plain pictures need no graphics driver, neither in the pen nor where the desk is a client.
     qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
     const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     if (!windowed && !chosen)

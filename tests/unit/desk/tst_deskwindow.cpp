@@ -1,0 +1,208 @@
+#include "desk/deskwindow.h"
+
+#include "desk/desksession.h"
+#include "desk/keybutton.h"
+#include "desk/oledview.h"
+#include "desk/pageview.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+bool isLit(const QImage& screen, bool right)
+{
+    return screen.pixelIndex(right ? 192 : 64, 32) == 1;
+}
+
+} // namespace
+
+/* The window with mouse and keyboard, against a process that stands for the pen. */
+class TestDeskWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        m_root = std::make_unique<QTemporaryDir>();
+        DeskSetting setting;
+        setting.penProgram = TESTPEN;
+        setting.root = m_root->path();
+        m_desk = std::make_unique<DeskSession>(setting);
+        QVERIFY(m_desk->open());
+        m_window = std::make_unique<DeskWindow>(*m_desk);
+        m_window->show();
+        m_window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_desk->startPen();
+        QTRY_VERIFY_WITH_TIMEOUT(isLit(m_desk->screen(), false), 20000);
+    }
+
+    void cleanup()
+    {
+        m_window.reset();
+        m_desk.reset();
+    }
+
+    void keyboardGoesToThePen()
+    {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        QTRY_VERIFY(isLit(m_desk->screen(), true));
+    }
+
+    void enterOfTheNumberPadIsOk()
+    {
+        auto* const ok = key(Qt::Key_Return);
+        const QImage before = ok->grab().toImage();
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_Enter);
+        QVERIFY(ok->grab().toImage() != before);
+        QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Enter);
+        QCOMPARE(ok->grab().toImage(), before);
+    }
+
+    void keysOnThePenAreClickable()
+    {
+        QTest::mouseClick(key(Qt::Key_Down), Qt::LeftButton);
+        QTRY_VERIFY(isLit(m_desk->screen(), true));
+    }
+
+    void spaceBarPressesTheFocusedKey()
+    {
+        key(Qt::Key_Down)->setFocus();
+        QTest::keyClick(key(Qt::Key_Down), Qt::Key_Space);
+        QTRY_VERIFY(isLit(m_desk->screen(), true));
+    }
+
+    void tabReachesEverything()
+    {
+        QSet<QWidget*> reached;
+        for (int i = 0; i < 60; ++i) {
+            reached.insert(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        const auto wanted = m_window->findChildren<QWidget*>();
+        for (QWidget* const widget : wanted) {
+            const bool stop = widget->isVisible() && widget->isEnabled()
+                              && (widget->focusPolicy() & Qt::TabFocus) && !widget->focusProxy();
+            if (stop && widget->focusPolicy() != Qt::NoFocus)
+                QVERIFY2(reached.contains(widget), widget->metaObject()->className());
+        }
+        QVERIFY(reached.size() >= 18);
+    }
+
+    void pageKeepsItsArrowKeys()
+    {
+        loadPage();
+        auto* const page = m_window->findChild<PageView*>();
+        page->setFocus();
+        QSignalSpy wanted(page, &PageView::lineWanted);
+        QTest::keyClick(page, Qt::Key_Down);
+        QTest::keyClick(page, Qt::Key_Down);
+        QTest::keyClick(page, Qt::Key_Return);
+        QCOMPARE(wanted.size(), 1);
+        QCOMPARE(wanted[0][0].toInt(), 1);
+        QVERIFY(!isLit(m_desk->screen(), true));
+        QTRY_COMPARE(m_desk->swipeReports().size(), 1);
+        // Escape still is the pen's.
+        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QTest::keyClick(page, Qt::Key_Escape);
+        QVERIFY(ended.wait());
+    }
+
+    void aDragIsASwipe()
+    {
+        loadPage();
+        QWidget* const paper = m_window->findChild<PageView*>()->viewport();
+        QSignalSpy looks(m_desk.get(), &DeskSession::swipeLooksAt);
+        const QPoint start(paper->width() / 4, 150);
+        QTest::mousePress(paper, Qt::LeftButton, {}, start);
+        for (int x = 10; x <= 200; x += 10) {
+            const auto before = looks.size();
+            QTest::mouseMove(paper, start + QPoint(x, 0));
+            QTRY_VERIFY(looks.size() > before);
+        }
+        QTest::mouseRelease(paper, Qt::LeftButton, {}, start + QPoint(200, 0));
+        QTRY_COMPARE(m_desk->swipeReports().size(), 1);
+        QTRY_VERIFY(!m_desk->isSwiping());
+        QVERIFY(looks.size() > 5);
+        QVERIFY(looks.last()[0].toPointF().x() > looks.first()[0].toPointF().x() + 10.0);
+    }
+
+    void aClickIsNoSwipe()
+    {
+        loadPage();
+        QWidget* const paper = m_window->findChild<PageView*>()->viewport();
+        QTest::mouseClick(paper, Qt::LeftButton, {}, QPoint(paper->width() / 2, 150));
+        QVERIFY(!m_desk->isSwiping());
+    }
+
+    void aDoubleClickSwipesTheLine()
+    {
+        loadPage();
+        auto* const page = m_window->findChild<PageView*>();
+        QSignalSpy wanted(page, &PageView::lineWanted);
+        // Somewhere below the head of the page stands a line.
+        for (int y = 60; y < page->viewport()->height() && wanted.isEmpty(); y += 6)
+            QTest::mouseDClick(page->viewport(), Qt::LeftButton, {},
+                               QPoint(page->viewport()->width() / 3, y));
+        QCOMPARE(wanted.size(), 1);
+        QTRY_COMPARE(m_desk->swipeReports().size(), 1);
+    }
+
+    void closingLetsThePenSave()
+    {
+        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QVERIFY(!m_window->close());
+        QVERIFY(ended.wait());
+        QVERIFY(ended[0][1].toBool());
+        QCOMPARE(m_desk->launcher().log().last().payload, "stop");
+        QTRY_VERIFY(!m_window->isVisible());
+    }
+
+    void aStoppedPenCanBeStartedAgain()
+    {
+        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
+        QVERIFY(ended.wait());
+        auto* const oled = m_window->findChild<OledView*>();
+        QVERIFY(oled->accessibleDescription().contains("crashed"));
+        const auto buttons = m_window->findChildren<QAbstractButton*>();
+        for (QAbstractButton* const button : buttons) {
+            if (button->isVisible() && button->text().contains("Start the pen"))
+                button->click();
+        }
+        QTRY_VERIFY(isLit(m_desk->screen(), false));
+        QVERIFY(oled->accessibleDescription().isEmpty());
+    }
+
+private:
+    KeyButton* key(Qt::Key wanted) const
+    {
+        const auto keys = m_window->findChildren<KeyButton*>();
+        for (KeyButton* const button : keys) {
+            if (button->key() == wanted)
+                return button;
+        }
+        return nullptr;
+    }
+
+    void loadPage()
+    {
+        QTRY_VERIFY(m_desk->link().isCameraOn());
+        QSignalSpy changed(m_desk.get(), &DeskSession::pageChanged);
+        PageSource source;
+        source.name = "english";
+        m_desk->pageLoader().load(source);
+        QVERIFY(changed.wait(30000));
+    }
+
+    std::unique_ptr<QTemporaryDir> m_root;
+    std::unique_ptr<DeskSession> m_desk;
+    std::unique_ptr<DeskWindow> m_window;
+};
+
+QTEST_MAIN(TestDeskWindow)
+#include "tst_deskwindow.moc"
