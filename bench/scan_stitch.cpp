@@ -70,6 +70,7 @@ const std::vector<Condition>& conditions()
              s.camera.width = 108;
              s.camera.height = 70;
          }},
+        {"vertical (Chinese only)", [](Swipe& s) { s.camera.mount.vertical = true; }},
     };
     return all;
 }
@@ -100,6 +101,7 @@ QImage cleanLine(const QString& text, PrintSettings print)
 {
     print.dpi = 300;
     print.marginMm = 1.5;
+    print.vertical = false;
     return PrintSheet({text}, print).picture();
 }
 
@@ -108,9 +110,14 @@ class Trial
 public:
     explicit Trial(const QString& dumpFolder) : m_dumpFolder(dumpFolder) {}
 
+    /* Vertical lines are Chinese ones; other languages then add nothing. */
     Tally run(const Language& language, const Condition& condition, int lineCount, bool verbose)
     {
         const bool han = QLatin1String(language.code) == QLatin1String("zh");
+        Swipe probe;
+        condition.change(probe);
+        if (probe.camera.mount.vertical && !han)
+            return {};
         const QStringList lines = linesOf(language.code);
         Recognizer& recognizer = recognizerFor(language.model);
         Tally tally;
@@ -118,11 +125,12 @@ public:
             PrintSettings print;
             print.points = 10 + i % 3;
             print.family = han ? "AR PL SungtiL GB" : i % 2 ? "Liberation Serif" : "DejaVu Serif";
-            const PrintSheet page({lines[(i + 9) % 10], lines[i], lines[(i + 1) % 10]}, print);
             Swipe swipe;
             swipe.hand.seed = swipe.camera.seed = static_cast<std::uint32_t>(i + 1);
             condition.change(swipe);
-            Stitcher stitcher({swipe.camera.mount.leftHand, false, han});
+            print.vertical = swipe.camera.mount.vertical;
+            const PrintSheet page({lines[(i + 9) % 10], lines[i], lines[(i + 1) % 10]}, print);
+            Stitcher stitcher({swipe.camera.mount.leftHand, print.vertical, han});
             for (const Frame& frame : swipeFrames(page, 1, swipe))
                 stitcher.feed(frame);
             const SwipePicture picture = stitcher.finish();
