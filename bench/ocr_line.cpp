@@ -2,11 +2,13 @@
  * Line picture to text: the running engine beside the `tesseract` command on the same pictures.
  *
  * cmake --preset release && cmake --build --preset release --target ocr_line
- * QT_QPA_PLATFORM=offscreen build/release/bench/ocr_line [ROUNDS]
+ * QT_QPA_PLATFORM=offscreen build/release/bench/ocr_line [LINES]
  *
  * Needs tesseract-ocr with the models Latin, rus, eng and chi_sim, fonts-liberation and
- * fonts-arphic-gbsn00lp. Both sides use one thread and the same models. Ratios count more than
- * absolute figures; run it on an otherwise idle machine.
+ * fonts-arphic-gbsn00lp. Reads the first LINES lines (10) of each file of tests/data/lines. The
+ * command loads its model for every line, as a program that calls it for every scan would. Both
+ * sides use one thread and the same models. Ratios count more than absolute figures; run it on an
+ * otherwise idle machine.
  */
 #include "platform/zembra_ocr.h"
 #include "tests/unit/open/printedline.h"
@@ -14,6 +16,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QList>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -28,38 +31,39 @@
 
 namespace {
 
-struct Line
+struct Language
 {
-    const char* language;
+    const char* name;
+    const char* file; // in tests/data/lines
     int engineLanguage;
     const char* model; // of the command
-    const char* text;
 };
 
-constexpr std::array Lines = {
-    Line{"English", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "The harbour lay quiet, and only the gulls were awake."},
-    Line{"French", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "Le garçon préfère l'été à Nîmes, près du fleuve."},
-    Line{"German", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "Über den Dächern hörte man die Glocken läuten, groß und klein."},
-    Line{"Spanish", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "El niño comió una piña en la montaña aquel otoño."},
-    Line{"Italian", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "Perché la città è così bella di sera, verso il mare."},
-    Line{"Swedish", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "Sjön låg stilla när båten gled förbi ön på kvällen."},
-    Line{"Danish", ZEMBRA_OCR_LANG_LATIN, "Latin", "Røde æbler hang på træet ved den gamle gård."},
-    Line{"Norwegian", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "Båten lå på fjorden, og været var klart og kaldt."},
-    Line{"Dutch", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "De molen draait langzaam in de wind bij het water."},
-    Line{"Portuguese", ZEMBRA_OCR_LANG_LATIN, "Latin",
-         "O pão fresco da manhã não dura até ao serão."},
-    Line{"Russian", ZEMBRA_OCR_LANG_CYRILLIC, "rus+eng",
-         "Над рекой поднимался туман, и деревня ещё спала."},
-    Line{"Chinese", ZEMBRA_OCR_LANG_CHINESE, "chi_sim", "清晨的湖面很安静，只有几只小船。"},
+constexpr std::array Languages = {
+    Language{"English", "en", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"French", "fr", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"German", "de", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Spanish", "es", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Italian", "it", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Swedish", "sv", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Danish", "da", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Norwegian", "no", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Dutch", "nl", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Portuguese", "pt", ZEMBRA_OCR_LANG_LATIN, "Latin"},
+    Language{"Russian", "ru", ZEMBRA_OCR_LANG_CYRILLIC, "rus+eng"},
+    Language{"Chinese", "zh", ZEMBRA_OCR_LANG_CHINESE, "chi_sim"},
 };
+
+QStringList linesOf(const Language& language, int most)
+{
+    QFile file(QStringLiteral(SWIPELINE_SOURCE_DIR "/tests/data/lines/%1.txt")
+                   .arg(QLatin1String(language.file)));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const QStringList lines =
+        QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return lines.mid(0, most);
+}
 
 struct Cost
 {
@@ -180,15 +184,25 @@ double median(QList<double> values)
     return values.isEmpty() ? 0 : values.at(values.size() / 2);
 }
 
+/* What one of the two needed, and what it got wrong. */
 struct Series
 {
     QList<double> wall;
     QList<double> cpu;
+    int errors = 0;
 
-    void add(const Cost& cost)
+    void add(const Cost& cost, int wrong)
     {
         wall.append(cost.wallMs);
         cpu.append(cost.cpuMs);
+        errors += wrong;
+    }
+
+    void add(const Series& other)
+    {
+        wall += other.wall;
+        cpu += other.cpu;
+        errors += other.errors;
     }
 };
 
@@ -196,46 +210,54 @@ struct Totals
 {
     Series engine;
     Series command;
+    qsizetype characters = 0;
+
+    void add(const Totals& other)
+    {
+        engine.add(other.engine);
+        command.add(other.command);
+        characters += other.characters;
+    }
+
+    void print(const char* name) const
+    {
+        const auto errors = [this](const Series& series) {
+            return 100.0 * series.errors / static_cast<double>(std::max<qsizetype>(1, characters));
+        };
+        const double wall = median(engine.wall);
+        const double cpu = median(engine.cpu);
+        const double commandWall = median(command.wall);
+        const double commandCpu = median(command.cpu);
+        std::printf("%-11s %5lld %8.1f %8.1f %6.2f%% | %8.1f %8.1f %6.2f%% | %6.2f %6.2f\n", name,
+                    static_cast<long long>(engine.wall.size()), wall, cpu, errors(engine),
+                    commandWall, commandCpu, errors(command), wall / commandWall, cpu / commandCpu);
+        std::fflush(stdout);
+    }
 };
 
-void measureLine(const Line& line, RunningEngine& engine, int rounds, Totals& totals)
+/* What the engine is meant to give: apostrophes in their plain form. */
+QString plain(QString text)
 {
-    const QString wanted = QString::fromUtf8(line.text);
-    const bool chinese = line.engineLanguage == ZEMBRA_OCR_LANG_CHINESE;
-    const QImage image = printedLine(wanted, chinese ? ChineseFont : SerifFont, 44);
-    if (image.isNull()) {
-        std::printf("%-11s no font\n", line.language);
+    return text.replace(QChar(0x2019), QLatin1Char('\''));
+}
+
+void measureLine(const QString& text, const Language& language, RunningEngine& engine,
+                 double& commandMb, Totals& totals)
+{
+    const bool chinese = language.engineLanguage == ZEMBRA_OCR_LANG_CHINESE;
+    const QImage image = printedLine(text, chinese ? ChineseFont : SerifFont, 44);
+    if (image.isNull())
         return;
-    }
     QTemporaryDir folder;
     const QString picture = folder.filePath(QStringLiteral("line.png"));
     image.save(picture);
     std::vector<unsigned char> pixels = pixelsOf(image);
-
-    Totals own;
     QString read;
-    QString commandRead;
-    double commandMb = 0;
-    engine.setLanguage(line.engineLanguage);
-    const Cost first = measure([&] { read = engine.read(pixels, image); });
-    for (int round = 0; round < rounds; ++round) {
-        own.engine.add(measure([&] { read = engine.read(pixels, image); }));
-        own.command.add(runCommand(picture, line.model, &commandRead, &commandMb));
-    }
-    const double engineCpu = median(own.engine.cpu);
-    const double commandCpu = median(own.command.cpu);
-    std::printf("%-11s %7.0f %7.1f %7.1f %6.1f%% | %8.1f %8.1f %6.1f%% %6.0f | %6.2f %6.2f\n",
-                line.language, first.wallMs, median(own.engine.wall), engineCpu,
-                100.0 * editDistance(read, wanted) / static_cast<double>(wanted.size()),
-                median(own.command.wall), commandCpu,
-                100.0 * editDistance(commandRead, wanted) / static_cast<double>(wanted.size()),
-                commandMb, median(own.engine.wall) / median(own.command.wall),
-                engineCpu / commandCpu);
-    std::fflush(stdout);
-    for (const double value : std::as_const(own.engine.wall))
-        totals.engine.wall.append(value);
-    for (const double value : std::as_const(own.command.wall))
-        totals.command.wall.append(value);
+    const Cost own = measure([&] { read = engine.read(pixels, image); });
+    totals.engine.add(own, editDistance(plain(read), plain(text)));
+    const Cost command = runCommand(picture, language.model, &read, &commandMb);
+    totals.command.add(command, editDistance(plain(read), plain(text)));
+    totals.characters += text.size();
 }
 
 } // namespace
@@ -244,29 +266,36 @@ int main(int argc, char** argv)
 {
     qputenv("OMP_THREAD_LIMIT", "1");
     const QGuiApplication application(argc, argv);
-    const int rounds = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 7;
-    std::printf("One line of print, medians of %d rounds; errors in characters\n", rounds);
-    std::printf("%-11s %7s %7s %7s %7s | %8s %8s %7s %6s | %6s %6s\n", "", "first", "engine",
-                "engine", "engine", "command", "command", "command", "memory", "wall", "CPU");
-    std::printf("%-11s %7s %7s %7s %7s | %8s %8s %7s %6s | %6s %6s\n", "language", "ms", "ms",
-                "CPU ms", "errors", "ms", "CPU ms", "errors", "MB", "ratio", "ratio");
+    const int most = argc > 1 ? std::max(1, QByteArray(argv[1]).toInt()) : 10;
+    std::printf("Lines of print; medians in ms, errors in characters\n");
+    std::printf("%-11s %5s %8s %8s %7s | %8s %8s %7s | %6s %6s\n", "", "", "engine", "engine",
+                "engine", "command", "command", "command", "wall", "CPU");
+    std::printf("%-11s %5s %8s %8s %7s | %8s %8s %7s | %6s %6s\n", "language", "lines", "wall",
+                "CPU", "errors", "wall", "CPU", "errors", "ratio", "ratio");
     Totals totals;
     const double before = residentMb();
     RunningEngine engine;
-    QList<std::pair<const char*, double>> memory;
+    QStringList memory;
     const char* model = "";
-    for (const Line& line : Lines) {
-        measureLine(line, engine, rounds, totals);
-        if (qstrcmp(model, line.model) != 0)
-            memory.append({line.model, residentMb()});
-        model = line.model;
+    for (const Language& language : Languages) {
+        engine.setLanguage(language.engineLanguage);
+        std::vector<unsigned char> dot(1);
+        engine.read(dot, QImage(1, 1, QImage::Format_Grayscale8)); // waits for the model
+        Totals own;
+        double commandMb = 0;
+        for (const QString& text : linesOf(language, most))
+            measureLine(text, language, engine, commandMb, own);
+        own.print(language.name);
+        totals.add(own);
+        if (qstrcmp(model, language.model) != 0)
+            memory.append(QStringLiteral("%1 with %2 (command: %3)")
+                              .arg(residentMb(), 0, 'f', 0)
+                              .arg(QLatin1String(language.model))
+                              .arg(commandMb, 0, 'f', 0));
+        model = language.model;
     }
-    std::printf("\nall lines: engine %.1f ms, command %.1f ms, ratio %.2f\n",
-                median(totals.engine.wall), median(totals.command.wall),
-                median(totals.engine.wall) / median(totals.command.wall));
-    std::printf("resident memory: %.0f MB without a model", before);
-    for (const auto& [name, megabytes] : std::as_const(memory))
-        std::printf(", %.0f with %s", megabytes, name);
-    std::printf(" (models stay loaded)\n");
+    totals.print("all");
+    std::printf("resident memory in MB, models stay loaded: %.0f without one, %s\n", before,
+                qPrintable(memory.join(QStringLiteral(", "))));
     return 0;
 }

@@ -14,6 +14,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -130,13 +131,21 @@ private:
 };
 
 std::mutex s_reportMutex;
+std::condition_variable s_reported;
 std::vector<Clock::time_point> s_reports;
 
 int receive(int, int, int)
 {
     const std::lock_guard lock(s_reportMutex);
     s_reports.push_back(Clock::now());
+    s_reported.notify_all();
     return 0;
+}
+
+void waitForReport()
+{
+    std::unique_lock lock(s_reportMutex);
+    s_reported.wait(lock, [] { return !s_reports.empty(); });
 }
 
 class Figures
@@ -180,13 +189,16 @@ void measureStartAndStop(tts::Player& player, int rounds)
     for (int round = 0; round < rounds; ++round) {
         waitForOddMoment(round);
         s_tape.clear();
-        const Clock::time_point begin = Clock::now();
+        s_reports.clear();
+        Clock::time_point begin;
         Clock::time_point returned;
         std::thread speaker([&] {
+            begin = Clock::now();
             player.play(text);
             returned = Clock::now();
         });
-        std::this_thread::sleep_for(std::chrono::milliseconds(600 + round % 50));
+        waitForReport();
+        std::this_thread::sleep_for(std::chrono::milliseconds(500 + round % 50));
         const Clock::time_point stop = Clock::now();
         player.stop();
         const Clock::time_point called = Clock::now();
