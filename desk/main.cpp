@@ -6,6 +6,7 @@
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
 #include "desk/scriptrunner.h"
+#include "desk/unixsignals.h"
 
 #include <QApplication>
 #include <QDir>
@@ -53,6 +54,8 @@ int runWindow(DeskSession& session, const DeskOptions& options)
 {
     DeskWindow window(session);
     window.show();
+    const UnixSignals signalsOfTheSystem;
+    QObject::connect(&signalsOfTheSystem, &UnixSignals::endWanted, &window, &QWidget::close);
     QObject::connect(&session.pen(), &PenProcess::outputLine, [](const QString& line) {
         std::fprintf(stderr, "pen: %s\n", qUtf8Printable(line));
     });
@@ -91,6 +94,9 @@ int runScript(DeskSession& session, const DeskOptions& options)
     ScriptRunner runner(session, script, options.out, [&window] { return window.picture(); });
     QObject::connect(&runner, &ScriptRunner::finished, qApp,
                      [](bool ok) { QApplication::exit(ok ? 0 : Failed); });
+    const UnixSignals signalsOfTheSystem;
+    QObject::connect(&signalsOfTheSystem, &UnixSignals::endWanted, &runner,
+                     &ScriptRunner::breakOff);
     session.pageLoader().load(options.page);
     QTimer::singleShot(0, &runner, [&] {
         runner.start();

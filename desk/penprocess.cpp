@@ -4,6 +4,8 @@
 
 #include <QFileInfo>
 
+#include <unistd.h>
+
 namespace {
 
 constexpr int KillAfterMs = 3000;
@@ -31,6 +33,9 @@ PenProcess::PenProcess(Setting setting, QObject* parent)
 {
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.setInputChannelMode(QProcess::ManagedInputChannel);
+    // In a group of its own: what is typed at the desk's terminal (Ctrl+C) does not end the pen
+    // before it has saved.
+    m_process.setChildProcessModifier([] { ::setpgid(0, 0); });
     m_killTimer.setSingleShot(true);
     m_killTimer.setInterval(KillAfterMs);
     connect(&m_killTimer, &QTimer::timeout, &m_process, &QProcess::kill);

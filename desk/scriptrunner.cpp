@@ -94,6 +94,11 @@ void ScriptRunner::start()
     next();
 }
 
+void ScriptRunner::breakOff()
+{
+    fail(tr("The script was broken off."));
+}
+
 void ScriptRunner::mark()
 {
     m_mark = {m_session.screen(), m_session.transcript().utterances().size(),

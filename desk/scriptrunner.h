@@ -31,6 +31,9 @@ public:
 
     void start();
 
+    /* Ends the script as a failed one. */
+    void breakOff();
+
     /* Writes a picture as NAME.png in the output folder; the full path, empty on failure. */
     QString savePicture(const QString& name, const QImage& picture);
 

@@ -96,6 +96,27 @@ private slots:
         QVERIFY2(m_output.contains("line 2: there is no command \"kye\""), m_output.constData());
     }
 
+    void aSignalLeavesNothingBehind()
+    {
+        QVERIFY(writeScript("wait spoken nonsense\n"));
+        QVERIFY(QDir(m_dir->path()).mkpath("t"));
+        QProcess desk;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("TMPDIR", m_dir->filePath("t"));
+        desk.setProcessEnvironment(environment);
+        desk.start(DESK, arguments());
+        QByteArray output;
+        QTRY_VERIFY_WITH_TIMEOUT((output += desk.readAllStandardOutput()).contains("nonsense"),
+                                 20000);
+        QVERIFY(!QDir(m_dir->filePath("t")).isEmpty());
+        desk.terminate();
+        QVERIFY(desk.waitForFinished());
+        QCOMPARE(desk.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(desk.exitCode(), 1);
+        QVERIFY(desk.readAllStandardOutput().contains("broken off"));
+        QVERIFY(QDir(m_dir->filePath("t")).isEmpty());
+    }
+
     void withoutADisplayItSaysSo()
     {
         QProcess desk;
@@ -119,18 +140,27 @@ private slots:
     }
 
 private:
+    bool writeScript(const QByteArray& script)
+    {
+        QFile file(m_dir->filePath("script.desk"));
+        return file.open(QIODevice::WriteOnly) && file.write(script) == script.size();
+    }
+
+    QStringList arguments() const
+    {
+        return {"--headless", m_dir->filePath("script.desk"),
+                "--root",     m_dir->filePath("root"),
+                "--pen",      TESTPEN,
+                "--out",      m_dir->filePath("out")};
+    }
+
     int run(const QByteArray& script)
     {
-        const QString path = m_dir->filePath("script.desk");
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly))
+        if (!writeScript(script))
             return -1;
-        file.write(script);
-        file.close();
         QProcess desk;
         desk.setProcessChannelMode(QProcess::MergedChannels);
-        desk.start(DESK, {"--headless", path, "--root", m_dir->filePath("root"), "--pen", TESTPEN,
-                          "--out", m_dir->filePath("out")});
+        desk.start(DESK, arguments());
         const bool ended = desk.waitForFinished(60000);
         m_output = desk.readAll();
         return ended && desk.exitStatus() == QProcess::NormalExit ? desk.exitCode() : -1;
