@@ -27,7 +27,7 @@ std::optional<QString> decodeMarked(const QByteArray& bytes);
 QString decodeUtf16(QByteArrayView bytes, bool bigEndian);
 
 /* Text in the locale encoding, or in the encoding that a byte-order mark tells. What is no GBK
- * becomes U+FFFD. */
+ * becomes U+FFFD; half a pair at the end is left out. */
 QString decode(const QByteArray& bytes);
 
 /* Text to the locale encoding, without a mark. Characters that GBK does not have become "?". */

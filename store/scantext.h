@@ -13,9 +13,9 @@ QByteArray encode(const QString& text);
 /* The text with "\r\n" for each "\n": what is stored when an existing file is saved. */
 QString withCarriageReturns(const QString& text);
 
-/* The text of a file. Our own files are UTF-16 with a mark; files from a PC may be anything: a
- * mark decides, else UTF-16 shows by its zero bytes, UTF-8 and GBK by being well formed, and what
- * is none of these is taken as little-endian UTF-16. Line ends of all kinds become "\n". */
+/* The text of a file. Our own files are UTF-16 with a mark. Files from a PC may be anything: a mark
+ * decides, else what the bytes look like (store/encodingguess.h). Line ends of all kinds become
+ * "\n". */
 QString decode(const QByteArray& bytes);
 
 /* Bytes that the text takes in a saved file, without the mark: each "\n" counts as two units. */
