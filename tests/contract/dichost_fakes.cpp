@@ -1,0 +1,14 @@
+#include "tests/contract/dichost.h"
+#include "tests/fakes/fakedic.h"
+
+bool dichost::installDictionaries()
+{
+    FakeDic::reset();
+    FakeDic::Dictionary one;
+    one.entries[u"house"] = {{u"house", u"a building", 1}, {u"House", u"a chamber", 2}};
+    FakeDic::Dictionary two;
+    two.entries[u"maison"] = {{u"maison", u"house", 0}};
+    FakeDic::addPair(101, 104, u"English-German", {one, two});
+    FakeDic::addPair(103, 101, u"French-English", {two});
+    return true;
+}

@@ -1,0 +1,6 @@
+#include "tests/contract/dichost.h"
+
+bool dichost::installDictionaries()
+{
+    return false;
+}
