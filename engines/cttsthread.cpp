@@ -5,6 +5,7 @@
 #include "engines/ttsplayer.h"
 #include "platform/devicepaths.h"
 #include "store/configreader.h"
+#include "store/engineunits.h"
 #include "store/languagemanager.h"
 
 #include <QSettings>
@@ -22,8 +23,8 @@ void applyMenuVoice()
     TTSPlayer* const player = TTSPlayer::Instance();
     player->setLan(menuVoice(LanguageManager::Instance()->getLanIntByID(read("SystemSet/Lan", 0)),
                              read("SystemSet/TTS", 0), ConfigReader::Instance()->getSpanishInfo()));
-    player->setVolume(engineVolume(read("SystemSet/Volum", 4)));
-    player->setSpeed(engineSpeed(read("SystemSet/Speed", 6)));
+    player->setVolume(engineunits::volume(read("SystemSet/Volum", 4)));
+    player->setSpeed(engineunits::speed(read("SystemSet/Speed", 6)));
 }
 
 } // namespace

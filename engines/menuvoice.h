@@ -6,9 +6,4 @@
  * is 1; every other language and choice speaks with the language number itself. */
 int menuVoice(int languageNumber, int voiceChoice, int spanishSetting);
 
-/* The speech engine's volume (20 a step) and speed (8 a step) for a stored setting. Settings that
- * are out of any sense stay within what an int holds. */
-int engineVolume(int setting);
-int engineSpeed(int setting);
-
 #endif

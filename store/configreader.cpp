@@ -5,34 +5,22 @@
 #include "engines/ttsplayer.h"
 #include "platform/devicepaths.h"
 #include "platform/zembra_tts.h"
+#include "store/engineunits.h"
 #include "store/languagemanager.h"
 #include "store/voicecodes.h"
 
 #include <QSettings>
-
-#include <algorithm>
-#include <limits>
+#include <QThread>
 
 using settings::Slot;
 
 namespace {
 
-constexpr int VolumeStep = 20;
-constexpr int SpeedStep = 8;
-constexpr int SpanishVariantSpeedStep = 15;
 constexpr int FullBoost = 1000;
 
 QString fileName()
 {
     return devicePath(QStringLiteral("/apps/config/config.ini"));
-}
-
-// A setting in the engine's unit. A damaged file may hold any number.
-int scaled(int setting, int step)
-{
-    const qint64 product = static_cast<qint64>(setting) * step;
-    using Limits = std::numeric_limits<int>;
-    return static_cast<int>(std::clamp<qint64>(product, Limits::min(), Limits::max()));
 }
 
 } // namespace
@@ -88,7 +76,11 @@ int ConfigReader::readFresh(Slot slot) const
 void ConfigReader::store(Slot slot, int v)
 {
     m_values[static_cast<size_t>(slot)] = v;
-    m_settings->setValue(settings::rowOf(slot).key, v);
+    // A settings object is its own thread's; a worker's object shares the file's state with it.
+    if (QThread::currentThread() == m_settings->thread())
+        m_settings->setValue(settings::rowOf(slot).key, v);
+    else
+        QSettings(fileName(), QSettings::IniFormat).setValue(settings::rowOf(slot).key, v);
 }
 
 int ConfigReader::getHandLR()
@@ -116,13 +108,13 @@ int ConfigReader::scanLanguage() const
 
 void ConfigReader::applyVolume() const
 {
-    TTSPlayer::Instance()->setVolume(scaled(readFresh(Slot::Volume), VolumeStep));
+    TTSPlayer::Instance()->setVolume(engineunits::volume(readFresh(Slot::Volume)));
 }
 
 void ConfigReader::setVolumInfo(int v)
 {
     store(Slot::Volume, v);
-    TTSPlayer::Instance()->setVolume(scaled(v, VolumeStep));
+    TTSPlayer::Instance()->setVolume(engineunits::volume(v));
 }
 
 void ConfigReader::setSpanishInfo(int v)
@@ -151,7 +143,8 @@ void ConfigReader::setReadSpeedInfo(int v)
     store(Slot::Speed, v);
     const bool variant =
         readFresh(Slot::Spanish) == 1 && scanLanguage() == voicecodes::SpanishLanguage;
-    TTSPlayer::Instance()->setSpeed(scaled(v, variant ? SpanishVariantSpeedStep : SpeedStep));
+    TTSPlayer::Instance()->setSpeed(variant ? engineunits::spanishVariantSpeed(v)
+                                            : engineunits::speed(v));
 }
 
 void ConfigReader::setLanInfo(int v)
@@ -163,6 +156,6 @@ void ConfigReader::setLanInfo(int v)
     TTSPlayer* const player = TTSPlayer::Instance();
     player->setLan(voicecodes::forScanLanguage(getTTSInfo(), language, getSpanishInfo() == 1));
     // The faster step of the Spanish variant is for the speed setting alone.
-    player->setSpeed(scaled(readFresh(Slot::Speed), SpeedStep));
+    player->setSpeed(engineunits::speed(readFresh(Slot::Speed)));
     applyVolume();
 }

@@ -15,8 +15,8 @@ class QSettings;
  * No range is checked. A value that is no number reads as 0, a missing one as its preset
  * (store/settingstable.h). Setters write to the file at once; some also tell the engines.
  *
- * Getters may be called by any thread, once the interface thread has made the instance; setters
- * by the interface thread only.
+ * Getters may be called by any thread, once the interface thread has made the instance; setters by
+ * the interface thread, and by a worker that it waits for.
  */
 class ConfigReader
 {

@@ -1,6 +1,7 @@
 target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/store/configreader.cpp
     ${CMAKE_SOURCE_DIR}/store/encodingguess.cpp
+    ${CMAKE_SOURCE_DIR}/store/engineunits.cpp
     ${CMAKE_SOURCE_DIR}/store/filelist.cpp
     ${CMAKE_SOURCE_DIR}/store/filemanager.cpp
     ${CMAKE_SOURCE_DIR}/store/fileoperations.cpp

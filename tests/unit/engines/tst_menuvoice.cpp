@@ -1,4 +1,5 @@
 #include "engines/menuvoice.h"
+#include "store/engineunits.h"
 
 #include <QTest>
 #include <limits>
@@ -53,10 +54,11 @@ void TestMenuVoice::otherLanguagesSpeakWithTheirNumber()
 void TestMenuVoice::volumeAndSpeedAreScaled()
 {
     constexpr int Largest = std::numeric_limits<int>::max();
-    QCOMPARE(engineVolume(4), 80);
-    QCOMPARE(engineSpeed(6), 48);
-    QCOMPARE(engineVolume(Largest), Largest);
-    QCOMPARE(engineSpeed(std::numeric_limits<int>::min()), std::numeric_limits<int>::min());
+    QCOMPARE(engineunits::volume(4), 80);
+    QCOMPARE(engineunits::speed(6), 48);
+    QCOMPARE(engineunits::spanishVariantSpeed(6), 90);
+    QCOMPARE(engineunits::volume(Largest), Largest);
+    QCOMPARE(engineunits::speed(std::numeric_limits<int>::min()), std::numeric_limits<int>::min());
 }
 
 QTEST_APPLESS_MAIN(TestMenuVoice)
