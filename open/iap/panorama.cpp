@@ -61,8 +61,8 @@ bool Panorama::add(const cv::Mat& ink, const Shift& place)
     const int lastColumn = floorDivided(area.x + area.width - 1, TileSide);
     const int firstRow = floorDivided(area.y, TileSide);
     const int firstColumn = floorDivided(area.x, TileSide);
-    const auto touched =
-        static_cast<std::size_t>((lastRow - firstRow + 1) * (lastColumn - firstColumn + 1));
+    const std::size_t touched =
+        std::size_t(lastRow - firstRow + 1) * std::size_t(lastColumn - firstColumn + 1);
     if (m_tiles.size() + touched > MostTiles)
         return false;
 

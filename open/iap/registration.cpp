@@ -128,6 +128,19 @@ Place climbed(const FramePyramid& key, const FramePyramid& frame, int level, int
     return best;
 }
 
+/* Ink at a place between pixels, from the four around it. */
+float inkBetween(const cv::Mat& ink, float x, float y)
+{
+    const int left = static_cast<int>(x);
+    const int top = static_cast<int>(y);
+    const std::uint8_t* upper = ink.ptr<std::uint8_t>(top) + left;
+    const std::uint8_t* lower = upper + ink.step[0];
+    const float fx = x - float(left);
+    const float fy = y - float(top);
+    return (upper[0] * (1.0F - fx) + upper[1] * fx) * (1.0F - fy)
+           + (lower[0] * (1.0F - fx) + lower[1] * fx) * fy;
+}
+
 /* One step of least squares on the frame's edge pixels; false when it has no ground. */
 bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, double& change)
 {
@@ -135,6 +148,8 @@ bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, 
     const float s = static_cast<float>(std::sin(shift.angle));
     const float midX = static_cast<float>((keyInk.cols - 1) / 2.0 + shift.x);
     const float midY = static_cast<float>((keyInk.rows - 1) / 2.0 + shift.y);
+    const float lastX = static_cast<float>(keyInk.cols - 1);
+    const float lastY = static_cast<float>(keyInk.rows - 1);
     cv::Matx33d normal = cv::Matx33d::zeros();
     cv::Vec3d right(0.0, 0.0, 0.0);
     int used = 0;
@@ -143,16 +158,9 @@ bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, 
         const float y = s * edge.x + c * edge.y + midY;
         if (x < 0.0F || y < 0.0F)
             continue;
-        const int left = static_cast<int>(x);
-        const int top = static_cast<int>(y);
-        if (left + 1 >= keyInk.cols || top + 1 >= keyInk.rows)
+        if (x >= lastX || y >= lastY)
             continue;
-        const std::uint8_t* upper = keyInk.ptr<std::uint8_t>(top) + left;
-        const std::uint8_t* lower = upper + keyInk.step[0];
-        const float fx = x - float(left);
-        const float fy = y - float(top);
-        const float seen = (upper[0] * (1.0F - fx) + upper[1] * fx) * (1.0F - fy)
-                           + (lower[0] * (1.0F - fx) + lower[1] * fx) * fy;
+        const float seen = inkBetween(keyInk, x, y);
         const double error = double(seen) - edge.ink;
         const cv::Vec3d slope(edge.slopeX, edge.slopeY,
                               edge.slopeY * edge.x - edge.slopeX * edge.y);

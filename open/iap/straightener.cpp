@@ -46,7 +46,8 @@ double sharpness(const std::vector<Dot>& dots, double angle, std::vector<float>&
 {
     const float c = static_cast<float>(std::cos(angle));
     const float s = static_cast<float>(std::sin(angle));
-    const auto middle = static_cast<float>(rows.size() / 2);
+    const std::size_t half = rows.size() / 2; // a whole number: level dots keep to one row
+    const auto middle = static_cast<float>(half);
     std::fill(rows.begin(), rows.end(), 0.0F);
     for (const Dot& dot : dots) {
         const float y = c * dot.y - s * dot.x + middle;
