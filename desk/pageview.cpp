@@ -175,7 +175,7 @@ void PageView::paintPaper(QPainter& painter)
     painter.setPen(Qt::NoPen);
     for (int i = 6; i > 0; i -= 2) {
         painter.setBrush(QColor(20, 30, 45, 10));
-        painter.drawRoundedRect(paper.adjusted(-i / 2, 0, i / 2, i), 3, 3);
+        painter.drawRoundedRect(paper.adjusted(-i / 2.0, 0, i / 2.0, i), 3, 3);
     }
     painter.setBrush(Qt::white);
     painter.drawRect(paper);
