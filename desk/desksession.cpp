@@ -27,7 +27,12 @@ DeskSession::DeskSession(DeskSetting setting, QObject* parent)
     m_quiet.start();
 }
 
-DeskSession::~DeskSession() = default;
+DeskSession::~DeskSession()
+{
+    // The last windows go with the compositor; nobody here draws them any more.
+    if (m_compositor)
+        m_compositor->disconnect(this);
+}
 
 bool DeskSession::open()
 {

@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QWaylandBufferRef>
+#include <QWaylandClient>
 #include <QWaylandOutput>
 #include <QWaylandOutputMode>
 #include <QWaylandSeat>
@@ -24,7 +25,16 @@ PenCompositor::PenCompositor(const QByteArray& socketName, QObject* parent)
     setUseHardwareIntegrationExtension(false);
 }
 
-PenCompositor::~PenCompositor() = default;
+PenCompositor::~PenCompositor()
+{
+    // The base class would leave behind the buffers of clients that are still connected, and its
+    // seat.
+    const QList<QWaylandClient*> left = clients();
+    for (QWaylandClient* const client : left)
+        destroyClient(client);
+    if (isCreated())
+        delete defaultSeat();
+}
 
 void PenCompositor::create()
 {
