@@ -46,6 +46,8 @@ MyEdit::~MyEdit()
     m_soundThread.reset(); // both wait for their worker
     m_recThread.reset();
     m_scanner.reset();
+    for (_stImg* image : std::as_const(m_arriving))
+        releaseImage(image);
 }
 
 void MyEdit::Init()

@@ -163,6 +163,8 @@ private:
     void Init();
     void clearReading();
     void stopAutoSave();
+    /* Takes a scan from those that arrive; whoever calls owns it then. */
+    void forgetArrival(_stImg* image);
     void leaveEngine();
     bool saveDocument();
 
@@ -197,6 +199,11 @@ private:
     // Written by the recognition worker, read once its finished() has arrived.
     QString m_pendingText;
     std::atomic<bool> m_recognitionFailed = false;
+
+    // Scans between the engine's thread and Recognize(): an event that is never delivered would
+    // lose its record.
+    QMutex m_arrivingMutex;
+    QList<_stImg*> m_arriving;
 
     // Set from the scan engine's thread.
     std::atomic<bool> m_scannedWhileReading = false;

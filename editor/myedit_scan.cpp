@@ -30,11 +30,22 @@ void MyEdit::tirggleEditSingal(_stImg* image)
     } else {
         m_scannedWhileReading = false;
     }
+    {
+        const QMutexLocker lock(&m_arrivingMutex);
+        m_arriving.append(image);
+    }
     emit signalEdit(image);
+}
+
+void MyEdit::forgetArrival(_stImg* image)
+{
+    const QMutexLocker lock(&m_arrivingMutex);
+    m_arriving.removeOne(image);
 }
 
 int MyEdit::Recognize(_stImg* image)
 {
+    forgetArrival(image);
     if (m_recThread->isRunning()) {
         releaseImage(image);
         return -1;
