@@ -3,7 +3,9 @@
 #include "desk/typesetter.h"
 
 #include <QFile>
+#include <QPageSize>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -140,6 +142,33 @@ private slots:
         QCOMPARE(result.page.lines.size(), 2);
         QVERIFY(qAbs(result.page.lines[0].mm.left() - 100 * 25.4 / 150) < 0.01);
         QVERIFY(qAbs(result.page.lines[0].mm.width() - 300 * 25.4 / 150) < 0.01);
+    }
+
+    void findsLinesOfAPdfFile()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("page.pdf");
+        {
+            QPdfWriter writer(path);
+            writer.setPageSize(QPageSize(QPageSize::A5));
+            writer.setPageMargins(QMarginsF());
+            QPainter painter(&writer);
+            painter.setFont(QFont("Liberation Serif", 12));
+            const double dotsPerMm = writer.resolution() / 25.4;
+            painter.drawText(QPointF(20, 40) * dotsPerMm, "The first line");
+            painter.drawText(QPointF(20, 50) * dotsPerMm, "and the second");
+        }
+        PageSource source{PageSource::Kind::File, path, {}, 0, 0.0};
+        const PageLoader::Result result = PageLoader::loadNow(source);
+        QCOMPARE(result.error, QString());
+        QVERIFY(qAbs(result.page.sizeMm().width() - 148.0) < 0.5);
+        QCOMPARE(result.page.lines.size(), 2);
+        QVERIFY(qAbs(result.page.lines[0].mm.left() - 20.0) < 1.0);
+        // Without letters below the base line, the box ends on it.
+        QVERIFY(qAbs(result.page.lines[0].mm.bottom() - 40.0) < 0.5);
+        QVERIFY(qAbs(result.page.lines[1].mm.bottom() - 50.0) < 0.5);
+        source.pdfPage = 1;
+        QVERIFY(PageLoader::loadNow(source).error.contains("has no page 2"));
     }
 
     void tellsWhatCannotBeLoaded_data()
