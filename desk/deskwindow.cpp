@@ -196,8 +196,12 @@ void DeskWindow::connectPen()
 void DeskWindow::connectPage()
 {
     m_page->setNotice(tr("The page is being printed..."));
-    connect(&m_session, &DeskSession::pageChanged, this,
-            [this] { m_page->setPage(m_session.page()); });
+    connect(&m_session, &DeskSession::pageChanged, this, [this] {
+        m_page->setPage(m_session.page());
+        // A page of the user's own is named, but is not among the samples.
+        m_pages->setPlaceholderText(m_session.page().name);
+        m_pages->setCurrentIndex(m_pages->findText(m_session.page().name));
+    });
     connect(&m_session, &DeskSession::pageFailed, m_page, &PageView::setNotice);
     connect(m_page, &PageView::swipeBegins, &m_session, &DeskSession::beginSwipe);
     connect(m_page, &PageView::swipeBegins, this, &DeskWindow::tellWhenCameraIsOff);

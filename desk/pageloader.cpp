@@ -33,8 +33,8 @@ struct Sample
 };
 constexpr std::array<Sample, 3> Samples = {{
     {"english", "English", "en"},
-    {"german", "Deutsch", "de"},
-    {"chinese", "中文", "zh"},
+    {"german", "German", "de"},
+    {"chinese", "Chinese", "zh"},
 }};
 
 PageLoader::Result failure(const QString& error)

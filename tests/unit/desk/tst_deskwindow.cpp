@@ -6,6 +6,7 @@
 #include "desk/pageview.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -129,6 +130,20 @@ private slots:
         QTRY_VERIFY(!m_desk->isSwiping());
         QVERIFY(looks.size() > 5);
         QVERIFY(looks.last()[0].toPointF().x() > looks.first()[0].toPointF().x() + 10.0);
+    }
+
+    void theChooserNamesThePage()
+    {
+        loadPage();
+        auto* const chooser = m_window->findChild<QComboBox*>();
+        QCOMPARE(chooser->currentText(), "English");
+        QSignalSpy changed(m_desk.get(), &DeskSession::pageChanged);
+        PageSource source;
+        source.name = "chinese";
+        m_desk->pageLoader().load(source);
+        QVERIFY(changed.wait(30000));
+        QCOMPARE(chooser->currentText(), "Chinese");
+        QCOMPARE(chooser->currentData().toString(), "chinese");
     }
 
     void aClickIsNoSwipe()
