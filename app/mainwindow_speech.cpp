@@ -4,6 +4,7 @@
 
 #include "editor/myedit.h"
 #include "editor/speechtext.h"
+#include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "engines/flags.h"
 #include "engines/ttsplayer.h"
@@ -35,6 +36,7 @@ void MainWindow::hushMenu()
         return;
     m_menuSpeech->clearContent();
     m_menuSpeech->clearInstruct();
+    m_menuSpeech->forgetQueued();
 }
 
 void MainWindow::menuShowSlot(int index, const QString& text, int last)
@@ -71,6 +73,9 @@ void MainWindow::mainMenuShowSlot(int index, const QString& text, int last)
 void MainWindow::talkingMenuTTS(int index, const QString& text, const QString& instruction)
 {
     Q_UNUSED(index)
+    // Before the stop: an older item that the worker has not taken yet would be spoken after it.
+    if (m_menuSpeech)
+        m_menuSpeech->forgetQueued();
     TTSPlayer::Instance()->stop();
     if (m_editor)
         m_editor->setStopSoundFlag(false);
@@ -81,6 +86,7 @@ void MainWindow::talkingMenuTTS(int index, const QString& text, const QString& i
         m_utterancePending = true;
         return;
     }
+    m_utterancePending = false;
     speak(text, instruction);
 }
 
@@ -105,8 +111,14 @@ void MainWindow::startSlot()
 
 void MainWindow::finishTalkingMenu()
 {
-    tellLauncher("soundno");
-    TTSPlayer::Instance()->stop();
+    // The end is heard late: a newer utterance, or the editor, may have the voice by now. It must
+    // not be silenced, and it tells of its own end.
+    if (m_menuSpeech->isRunning())
+        return;
+    if (!m_editor || !m_editor->soundThread()->isRunning()) {
+        tellLauncher("soundno");
+        TTSPlayer::Instance()->stop();
+    }
     if (m_editor)
         m_editor->setStopSoundFlag(true);
     startSlot();

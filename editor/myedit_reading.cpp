@@ -147,8 +147,10 @@ void MyEdit::unmark()
 
 void MyEdit::FinishSound()
 {
-    tellLauncher("soundno");
     unmark();
+    // Heard late, when the next reading has begun already: that one tells of its end.
+    if (!m_soundThread->isRunning())
+        tellLauncher("soundno");
 }
 
 void MyEdit::StopTTS()

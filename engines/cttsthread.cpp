@@ -65,6 +65,12 @@ void CTTSThread::clearInstruct()
     m_instructions.clear();
 }
 
+void CTTSThread::forgetQueued()
+{
+    m_contents.clear();
+    m_instructions.clear();
+}
+
 void CTTSThread::run()
 {
     const auto muted = [] { return ConfigReader::Instance()->getTalkingMenuInfo() == 1; };

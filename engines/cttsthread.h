@@ -32,6 +32,10 @@ public:
     /* Forgets the queued instructions. Any thread. */
     void clearInstruct();
 
+    /* Forgets all that is queued. With a stop of the player after it, nothing that was queued
+     * before is spoken, whether the thread has taken it already or not. Any thread. */
+    void forgetQueued();
+
 protected:
     void run() override;
 

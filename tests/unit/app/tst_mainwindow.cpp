@@ -2,6 +2,7 @@
 
 #include "editor/myedit.h"
 #include "editor/speechtext.h"
+#include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakeiap.h"
@@ -32,6 +33,9 @@ private slots:
     void emptyInstructionSpeaksTheTextAlone();
     void emptyTextSpeaksTheInstructionAlone();
     void lastPendingUtteranceIsSpoken();
+    void ofManyItemsTheLastIsHeard();
+    void utteranceBegunBeforeTheEndIsHeardIsSpoken();
+    void readingBegunDuringMenuSpeechIsNotSilenced();
     void keyCutsMenuSpeechShort();
     void launcherHearsOfMenuSpeech();
     void newFileShowsTheEditor();
@@ -131,13 +135,74 @@ void TestMainWindow::lastPendingUtteranceIsSpoken()
     FakeTts::setPace(FakeTts::Pace::Held);
     f.window->talkingMenuTTS(0, QStringLiteral("one"), QString());
     QTRY_VERIFY(FakeTts::isSpeaking());
-    // Both come before the worker's end is heard; each silences the voice.
+    FakeTts::missStops(2); // the worker is still speaking when both come
     f.window->talkingMenuTTS(0, QStringLiteral("two"), QString());
     f.window->talkingMenuTTS(0, QStringLiteral("three"), QString());
+    QVERIFY(FakeTts::finish());
     QTRY_COMPARE(f.spoken().last(), QStringLiteral("three"));
     QVERIFY(!f.spoken().contains(QStringLiteral("two")));
     QVERIFY(FakeTts::finish());
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+}
+
+// The items meet the worker in every state: starting, speaking, ending, its end not yet heard.
+void TestMainWindow::ofManyItemsTheLastIsHeard()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    for (int round = 0; round < 20; ++round) {
+        const QString last = QStringLiteral("last of %1").arg(round);
+        for (int i = 0; i < 10; ++i) {
+            f.window->talkingMenuTTS(0, QStringLiteral("item"), QString());
+            if (i % 3 == round % 3)
+                QCoreApplication::processEvents();
+        }
+        f.window->talkingMenuTTS(0, last, QString());
+        QTRY_VERIFY(FakeTts::isSpeaking() && f.spoken().last() == last);
+        QCoreApplication::processEvents();
+        QVERIFY(FakeTts::isSpeaking() && f.spoken().last() == last);
+        QVERIFY(FakeTts::finish());
+        QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    }
+}
+
+// The worker has ended, but its end waits in the event queue when the next item comes.
+void TestMainWindow::utteranceBegunBeforeTheEndIsHeardIsSpoken()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->talkingMenuTTS(0, QStringLiteral("one"), QString());
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    f.window->keyPressSlot();
+    QVERIFY(f.window->menuSpeech()->wait());
+    f.window->talkingMenuTTS(0, QStringLiteral("two"), QString());
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    CallLog::clear();
+    QCoreApplication::processEvents(); // the end of "one" is heard
+    QCOMPARE(fakes::calls("ZEMBRA_TTS_Stop"), QStringList());
+    QVERIFY(!f.launcher.messages().last().endsWith(QStringLiteral("soundno")));
+    QCOMPARE(f.spoken().last(), QStringLiteral("two"));
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(f.launcher.messages().last().endsWith(QStringLiteral("soundno")));
+}
+
+void TestMainWindow::readingBegunDuringMenuSpeechIsNotSilenced()
+{
+    WindowFixture f({QStringLiteral("notes")});
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->continueFile();
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("Scan or press Menu for options."));
+    f.press(Qt::Key_Return);
+    QVERIFY(f.window->menuSpeech()->wait());
+    CallLog::clear();
+    QCoreApplication::processEvents(); // the end of the hint is heard
+    QCOMPARE(fakes::calls("ZEMBRA_TTS_Stop"), QStringList());
+    QTRY_COMPARE(f.spoken().last(), QStringLiteral("t"));
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!f.window->editor()->soundThread()->isRunning());
 }
 
 void TestMainWindow::keyCutsMenuSpeechShort()

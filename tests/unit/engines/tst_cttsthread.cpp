@@ -24,6 +24,7 @@ private slots:
     void onlyTheNewestInstructionIsSpoken();
     void clearedInstructionsAreNotSpoken();
     void clearContentLeavesTheQueue();
+    void forgottenTextsAreNotSpoken();
     void withNothingQueuedItEnds();
     void aTextQueuedWhileSpeakingIsSpokenNext();
     void aKeyEndsItAfterTheCurrentText();
@@ -113,6 +114,16 @@ void TestCTTSThread::clearContentLeavesTheQueue()
     thread.clearContent();
     QVERIFY(runs(thread));
     QCOMPARE(FakeTts::texts(), std::vector<std::u16string>{u"queued"});
+}
+
+void TestCTTSThread::forgottenTextsAreNotSpoken()
+{
+    CTTSThread thread;
+    thread.setContent(QStringLiteral("item"));
+    thread.setInstructStr(QStringLiteral("instruction"));
+    thread.forgetQueued();
+    QVERIFY(runs(thread));
+    QVERIFY(FakeTts::texts().empty());
 }
 
 void TestCTTSThread::withNothingQueuedItEnds()
