@@ -54,12 +54,12 @@ void MainWindow::handleReceived(const QString& message, const QByteArray& payloa
 // Everything that speaks or waits to speak falls silent; nothing is waited for.
 void MainWindow::silence()
 {
-    TTSPlayer::Instance()->stop();
     hushMenu();
     if (m_editor) {
-        m_editor->soundThread()->clearContent();
+        m_editor->StopTTS(); // a scan that waits for its read delay, too
         m_editor->setFlagForTalk(false);
     }
+    TTSPlayer::Instance()->stop();
     m_utterancePending = false;
 }
 

@@ -23,6 +23,7 @@ class TestLauncherMessages : public QObject
 private slots:
     void powerAndUsbSilenceEverything_data();
     void powerAndUsbSilenceEverything();
+    void powerSilencesAScanThatWaitsForItsDelay();
     void stopSavesAndCloses();
     void stopOnlyTellsAndCloses();
     void saveKeepsRunning();
@@ -75,6 +76,21 @@ void TestLauncherMessages::powerAndUsbSilenceEverything()
     QTRY_VERIFY(!f.window->editor()->soundThread()->isRunning());
     QVERIFY(f.window->isVisible());
     QCOMPARE(f.current(), f.window->editor());
+}
+
+void TestLauncherMessages::powerSilencesAScanThatWaitsForItsDelay()
+{
+    WindowFixture f;
+    ConfigReader::Instance()->setDelayInfo(3);
+    openEditor(f, QString());
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    FakeOcr::setResult(u"later");
+    FakeIap::swipe(FakeIap::pattern(40, 10));
+    QTRY_COMPARE(f.window->editor()->documentText(), QStringLiteral("later "));
+    f.window->handleReceived(Execute, "presspoweroff");
+    f.window->editor()->readDelaySlot(); // what the delay's end does
+    QVERIFY(!f.window->editor()->soundThread()->isRunning());
+    QVERIFY(!f.spoken().contains(QStringLiteral("later")));
 }
 
 void TestLauncherMessages::stopSavesAndCloses()
