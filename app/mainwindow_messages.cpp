@@ -7,20 +7,14 @@
 #include "engines/csoundthread.h"
 #include "engines/ttsplayer.h"
 #include "platform/oled.h"
-#include "platform/qcopchannel.h"
 #include "platform/zembra_iap.h"
+#include "store/launcher.h"
 
 #include <QApplication>
 
-namespace {
-
-const QString Launcher = QStringLiteral("mainprocess");
-
-} // namespace
-
 void MainWindow::SendShow()
 {
-    QCopChannel::send(Launcher, QStringLiteral("Show(QString)"), "scan");
+    launcher::tellShown();
 }
 
 void MainWindow::handleReceived(const QString& message, const QByteArray& payload)
@@ -111,6 +105,6 @@ void MainWindow::StopOnly()
 {
     if (editorIsUsable())
         m_editor->StopOnly();
-    QCopChannel::send(Launcher, QStringLiteral("ESC(QString)"), "escpressed");
+    launcher::tellLeft();
     QApplication::closeAllWindows();
 }

@@ -8,16 +8,11 @@
 #include "engines/cttsthread.h"
 #include "engines/flags.h"
 #include "engines/ttsplayer.h"
-#include "platform/qcopchannel.h"
+#include "store/launcher.h"
 
 namespace {
 
 constexpr int HelpPauseMs = 500;
-
-void tellLauncher(const QByteArray& word)
-{
-    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("execute(QString)"), word);
-}
 
 } // namespace
 
@@ -99,7 +94,7 @@ void MainWindow::speak(const QString& text, const QString& instruction)
     else
         m_menuSpeech->setContent(text + pauseTag(HelpPauseMs) + instruction);
     m_menuSpeech->start(QThread::InheritPriority);
-    tellLauncher("soundyes");
+    launcher::tellSoundBegins();
 }
 
 void MainWindow::startSlot()
@@ -116,7 +111,7 @@ void MainWindow::finishTalkingMenu()
     if (m_menuSpeech->isRunning())
         return;
     if (!m_editor || !m_editor->soundThread()->isRunning()) {
-        tellLauncher("soundno");
+        launcher::tellSoundEnds();
         TTSPlayer::Instance()->stop();
     }
     if (m_editor)

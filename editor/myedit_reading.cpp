@@ -6,10 +6,10 @@
 #include "editor/wordwalk.h"
 #include "engines/csoundthread.h"
 #include "engines/ttsplayer.h"
-#include "platform/qcopchannel.h"
 #include "platform/zembra_tts.h"
 #include "store/configreader.h"
 #include "store/languagemanager.h"
+#include "store/launcher.h"
 
 #include <QScopeGuard>
 
@@ -17,11 +17,6 @@ namespace {
 
 constexpr int LanguageWithoutSpeech = 3;
 constexpr int ReadingOn = 0; // value of the read control setting
-
-void tellLauncher(const QByteArray& word)
-{
-    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("execute(QString)"), word);
-}
 
 SpeechSettings currentSettings()
 {
@@ -67,7 +62,7 @@ void MyEdit::beginReading(const QString& text, int documentStart)
     m_requested.append({text, start, nullptr});
     m_soundThread->setContent(text);
     m_soundThread->start(QThread::InheritPriority);
-    tellLauncher("soundyes");
+    launcher::tellSoundBegins();
 }
 
 void MyEdit::Sound(QString& text)
@@ -75,7 +70,7 @@ void MyEdit::Sound(QString& text)
     const QMutexLocker lock(&m_soundMutex);
     m_reading = true;
     const auto finished = qScopeGuard([this] { m_reading = false; });
-    tellLauncher("soundyes");
+    launcher::tellSoundBegins();
     const SpeechSettings settings = currentSettings();
     if (settings.language == LanguageWithoutSpeech)
         return;
@@ -150,7 +145,7 @@ void MyEdit::FinishSound()
     unmark();
     // Heard late, when the next reading has begun already: that one tells of its end.
     if (!m_soundThread->isRunning())
-        tellLauncher("soundno");
+        launcher::tellSoundEnds();
 }
 
 void MyEdit::StopTTS()

@@ -5,6 +5,7 @@
 #include "engines/scanstart.h"
 #include "engines/stimg.h"
 #include "store/configreader.h"
+#include "store/launcher.h"
 
 Receiver<MainWindow> CharScanner::editScan;
 
@@ -35,7 +36,7 @@ int CharScanner::ReceivePanoImage(void* context, unsigned char* image, int width
 {
     Q_UNUSED(context)
     Q_UNUSED(extra)
-    scanstart::sendTrigger();
+    launcher::tellSwipe();
     if (!image)
         return -1;
     if (!isSaneImageSize(width, height))

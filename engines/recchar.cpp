@@ -5,6 +5,7 @@
 #include "engines/stimg.h"
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
+#include "store/launcher.h"
 
 Receiver<MyEdit> RecChar::editScan;
 QStack<MyEdit*> RecChar::editStatck;
@@ -51,7 +52,7 @@ int RecChar::ReceivePanoImage(void* context, unsigned char* image, int width, in
     Q_UNUSED(context)
     Q_UNUSED(extra)
     TTSPlayer::Instance()->stop();
-    scanstart::sendTrigger();
+    launcher::tellSwipe();
     if (!image)
         return -1;
 

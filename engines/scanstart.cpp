@@ -1,6 +1,5 @@
 #include "engines/scanstart.h"
 
-#include "platform/qcopchannel.h"
 #include "store/configreader.h"
 #include "store/languagemanager.h"
 
@@ -16,12 +15,6 @@ int startEngine(int direction, ZEMBRA_IAP_PanoImageCallback callback)
     ZEMBRA_IAP_SetLangPara(language == 1 ? ZEMBRA_IAP_SCRIPT_HAN : ZEMBRA_IAP_SCRIPT_ALPHA);
     ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, callback);
     return result;
-}
-
-void sendTrigger()
-{
-    QCopChannel::send(QStringLiteral("mainprocess"), QStringLiteral("execute(QString)"),
-                      QByteArrayLiteral("trigger"));
 }
 
 } // namespace scanstart

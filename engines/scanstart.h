@@ -10,9 +10,6 @@ namespace scanstart {
  * direction, and registers `callback`. The result of the engine's start: 0 for success. */
 int startEngine(int direction, ZEMBRA_IAP_PanoImageCallback callback);
 
-/* Tells the launcher that a swipe has happened. Any thread. */
-void sendTrigger();
-
 } // namespace scanstart
 
 #endif

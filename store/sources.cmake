@@ -7,6 +7,7 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/store/fileoperations.cpp
     ${CMAKE_SOURCE_DIR}/store/filewriter.cpp
     ${CMAKE_SOURCE_DIR}/store/languagemanager.cpp
+    ${CMAKE_SOURCE_DIR}/store/launcher.cpp
     ${CMAKE_SOURCE_DIR}/store/localetext.cpp
     ${CMAKE_SOURCE_DIR}/store/plainfile.cpp
     ${CMAKE_SOURCE_DIR}/store/scannames.cpp

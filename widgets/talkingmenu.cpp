@@ -3,8 +3,8 @@
 #include "app/widgetchange.h"
 #include "engines/cttsthread.h"
 #include "engines/ttsplayer.h"
-#include "platform/qcopchannel.h"
 #include "platform/zembra_iap.h"
+#include "store/launcher.h"
 #include "widgets/painting.h"
 
 #include <QActionEvent>
@@ -18,11 +18,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds SpeechPoll{10};
-
-void tellMainProcess(const char* message, const char* text)
-{
-    QCopChannel::send(QStringLiteral("mainprocess"), QString::fromLatin1(message), text);
-}
 
 bool scanEngineIsBusy()
 {
@@ -125,13 +120,13 @@ void TalkingMenu::ttsCurentItem()
         return;
     m_worker->setContent(currentText());
     m_worker->start(QThread::InheritPriority);
-    tellMainProcess("execute(QString)", "soundyes");
+    launcher::tellSoundBegins();
     m_talking = true;
 }
 
 void TalkingMenu::FinishTTS()
 {
-    tellMainProcess("execute(QString)", "soundno");
+    launcher::tellSoundEnds();
     m_talking = false;
 }
 
@@ -178,7 +173,7 @@ void TalkingMenu::threadQuitTalking()
 
 void TalkingMenu::endApplication()
 {
-    tellMainProcess("ESC(QString)", "escpressed");
+    launcher::tellLeft();
     QApplication::closeAllWindows();
 }
 
