@@ -1,0 +1,211 @@
+#include "platform/zembra_ocr.h"
+
+#include "ocrengine.h"
+#include "printedline.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+namespace {
+
+QImage vertical(const QString& text)
+{
+    // Characters of a column, as the scan engine orders them: upright, side by side.
+    return printedLine(text, ChineseFont, 44);
+}
+
+} // namespace
+
+/* What comes of a picture. */
+class TstOcrReading : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { m_engine = std::make_unique<OcrEngine>(); }
+    void cleanupTestCase() { m_engine.reset(); }
+    void readsPrint_data();
+    void readsPrint();
+    void readsSmallAndLargePrint();
+    void readsFaintAndInvertedPrint();
+    void readsVerticalOrder();
+    void readsManyTimesTheSame();
+    void paperGivesNothing();
+    void noiseGivesNothing();
+    void dirtGivesNothing();
+    void oddSizesAreHarmless_data();
+    void oddSizesAreHarmless();
+
+private:
+    std::unique_ptr<OcrEngine> m_engine; // with its models loaded, for tests that only read
+};
+
+void TstOcrReading::readsPrint_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("font");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("allowed");
+    const auto add = [](const char* name, int language, const char* font, const char* text,
+                        int allowed = 0) {
+        QTest::newRow(name) << language << QString::fromLatin1(font) << QString::fromUtf8(text)
+                            << allowed;
+    };
+    const int latin = ZEMBRA_OCR_LANG_LATIN;
+    add("English", latin, SerifFont, "The harbour lay quiet, and only the gulls were awake.");
+    add("English sans", latin, SansFont, "It isn't far: 12 miles, or 3.5 hours on foot.");
+    add("French", latin, SerifFont, "Le garçon préfère l'été à Nîmes, près du fleuve.");
+    add("German", latin, SerifFont,
+        "Über den Dächern hörte man die Glocken läuten, groß und klein.");
+    add("Spanish", latin, SerifFont, "El niño comió una piña en la montaña aquel otoño.");
+    add("Italian", latin, SerifFont, "Perché la città è così bella di sera, verso il mare.");
+    add("Swedish", latin, SerifFont, "Sjön låg stilla när båten gled förbi ön på kvällen.");
+    add("Danish", latin, SerifFont, "Røde æbler hang på træet ved den gamle gård.");
+    add("Norwegian", latin, SerifFont, "Båten lå på fjorden, og været var klart og kaldt.");
+    add("Dutch", latin, SerifFont, "De molen draait langzaam in de wind bij het water.");
+    add("Portuguese", latin, SerifFont, "O pão fresco da manhã não dura até ao serão.");
+    add("Russian", ZEMBRA_OCR_LANG_CYRILLIC, SerifFont,
+        "Над рекой поднимался туман, и деревня ещё спала.", 1);
+    add("Russian with English", ZEMBRA_OCR_LANG_CYRILLIC, SerifFont,
+        "Он открыл файл Readme и начал читать.", 1);
+    add("Chinese", ZEMBRA_OCR_LANG_CHINESE, ChineseFont, "清晨的湖面很安静，只有几只小船。", 1);
+}
+
+void TstOcrReading::readsPrint()
+{
+    QFETCH(int, language);
+    QFETCH(QString, font);
+    QFETCH(QString, text);
+    QFETCH(int, allowed);
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(language), ZEMBRA_OCR_OK);
+    const QImage image = printedLine(text, font.toLatin1().constData(), 44);
+    QVERIFY(!image.isNull());
+    QString read;
+    QCOMPARE(engine.read(image, &read), ZEMBRA_OCR_OK);
+    QVERIFY2(editDistance(read, text) <= allowed, qPrintable(read));
+}
+
+void TstOcrReading::readsSmallAndLargePrint()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    const QString text = QStringLiteral("Every page has a margin of its own.");
+    for (const int pixelSize : {22, 32, 64, 120, 240}) {
+        QString read;
+        QCOMPARE(engine.read(printedLine(text, SerifFont, pixelSize), &read), ZEMBRA_OCR_OK);
+        QCOMPARE(read, text);
+    }
+}
+
+void TstOcrReading::readsFaintAndInvertedPrint()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    const QString text = QStringLiteral("Pencil marks fade with the years.");
+    QImage faint = printedLine(text, SerifFont, 44);
+    for (int y = 0; y < faint.height(); ++y)
+        for (int x = 0; x < faint.width(); ++x)
+            faint.scanLine(y)[x] = static_cast<uchar>(150 + faint.constScanLine(y)[x] / 4);
+    QString read;
+    QCOMPARE(engine.read(faint, &read), ZEMBRA_OCR_OK);
+    QCOMPARE(read, text);
+    faint.invertPixels();
+    QCOMPARE(engine.read(faint, &read), ZEMBRA_OCR_OK);
+    QCOMPARE(read, text);
+}
+
+void TstOcrReading::readsVerticalOrder()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
+    const QString text = QStringLiteral("清晨的湖面很安静");
+    QString read;
+    engine.read(vertical(text), &read, ZEMBRA_OCR_VERTICAL);
+    QVERIFY2(editDistance(read, text) <= 1, qPrintable(read));
+}
+
+void TstOcrReading::readsManyTimesTheSame()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    const QStringList texts = {QStringLiteral("First line of two."), QStringLiteral("Second one.")};
+    for (int round = 0; round < 6; ++round) {
+        QString read;
+        engine.read(printedLine(texts.at(round % 2), SerifFont, 44), &read);
+        QCOMPARE(read, texts.at(round % 2));
+    }
+}
+
+void TstOcrReading::paperGivesNothing()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    for (const int grey : {0, 128, 255}) {
+        QString read;
+        const std::vector<unsigned char> pixels(1000 * 100, static_cast<unsigned char>(grey));
+        QCOMPARE(engine.read(pixels, 1000, 100, &read), ZEMBRA_OCR_OK);
+        QVERIFY(read.isEmpty());
+    }
+}
+
+void TstOcrReading::noiseGivesNothing()
+{
+    QRandomGenerator random(1);
+    for (const int language :
+         {ZEMBRA_OCR_LANG_LATIN, ZEMBRA_OCR_LANG_CYRILLIC, ZEMBRA_OCR_LANG_CHINESE}) {
+        OcrEngine& engine = *m_engine;
+        QCOMPARE(engine.setLanguage(language), ZEMBRA_OCR_OK);
+        for (int round = 0; round < 4; ++round) {
+            std::vector<unsigned char> pixels(600 * 80);
+            for (unsigned char& pixel : pixels)
+                pixel = static_cast<unsigned char>(random.bounded(256));
+            QString read;
+            QCOMPARE(engine.read(pixels, 600, 80, &read), ZEMBRA_OCR_OK);
+            QVERIFY2(read.isEmpty(), qPrintable(read));
+        }
+    }
+}
+
+void TstOcrReading::dirtGivesNothing()
+{
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    std::vector<unsigned char> pixels(800 * 80, 250);
+    for (const int at : {900, 13000, 30000, 50123})
+        pixels[static_cast<std::size_t>(at)] = 10;
+    QString read;
+    QCOMPARE(engine.read(pixels, 800, 80, &read), ZEMBRA_OCR_OK);
+    QVERIFY2(read.isEmpty(), qPrintable(read));
+}
+
+void TstOcrReading::oddSizesAreHarmless_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<int>("height");
+    for (const auto& [width, height] :
+         {std::pair(1, 1), std::pair(2, 2), std::pair(1, 500), std::pair(500, 1), std::pair(3, 3),
+          std::pair(32767, 8), std::pair(8, 32767), std::pair(2000, 2000)})
+        QTest::addRow("%dx%d", width, height) << width << height;
+}
+
+void TstOcrReading::oddSizesAreHarmless()
+{
+    QFETCH(int, width);
+    QFETCH(int, height);
+    OcrEngine& engine = *m_engine;
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    std::vector<unsigned char> pixels(static_cast<std::size_t>(width)
+                                      * static_cast<std::size_t>(height));
+    for (std::size_t i = 0; i < pixels.size(); ++i)
+        pixels[i] = (i / 3) % 5 == 0 ? 0 : 255;
+    QString read;
+    QVERIFY(engine.read(pixels, width, height, &read) >= 0);
+}
+
+QTEST_MAIN(TstOcrReading)
+#include "tst_ocr_reading.moc"
