@@ -17,7 +17,7 @@
  * a Hello. Without the variable, or without a desk, the engines work on their own (and the scan
  * engine has no camera).
  *
- * One packet is one message: a DeskLinkHeader, then `length` bytes of body. Both ends run on the
+ * One packet is one message: a Header, then `length` bytes of body. Both ends run on the
  * same machine from the same build: native byte order, no negotiation. A packet with another
  * magic number or version, with an unknown kind, or whose length does not fit is ignored.
  * Times are microseconds of CLOCK_MONOTONIC.
@@ -31,7 +31,7 @@ namespace desklink {
 
 constexpr std::uint32_t Magic = 0x4c445753; // "SWDL"
 constexpr std::uint16_t Version = 1;
-constexpr std::uint32_t MaxPacketBytes = 96 * 1024;
+constexpr std::uint32_t MaxPacketBytes = 112 * 1024; // holds the largest frame
 constexpr const char* SocketVariable = "SWIPELINE_DESK";
 constexpr const char* WavVariable = "SWIPELINE_WAV";
 

@@ -2,19 +2,11 @@
 
 #include "desk/penpicture.h"
 
-#include <chrono>
-
 namespace {
 
 const QByteArray DisplayName = QByteArrayLiteral("swipeline-pen");
 const QString LinkName = QStringLiteral("link");
 constexpr double ShortestSwipeMm = 1.0;
-
-qint64 nowUs()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-}
 
 } // namespace
 
@@ -70,7 +62,7 @@ bool DeskSession::open()
     connect(m_launcher.get(), &Launcher::logged, this, &DeskSession::stir);
     connect(m_pen.get(), &PenProcess::started, this, &DeskSession::penStarted);
     connect(m_pen.get(), &PenProcess::ended, this, [this](const QString& how, bool well) {
-        m_transcript.breakOff(nowUs());
+        m_transcript.breakOff(desklink::nowUs());
         m_launcher->reset();
         stir();
         emit speechChanged();
@@ -112,7 +104,7 @@ void DeskSession::connectLink()
     connect(&m_link, &LinkServer::engineDisconnected, this, [this](desklink::Role role) {
         if (role != desklink::Role::Speech)
             return;
-        m_transcript.breakOff(nowUs());
+        m_transcript.breakOff(desklink::nowUs());
         emit speechChanged();
     });
     connect(&m_link, &LinkServer::refreshSwitched, this, [this](bool on) {

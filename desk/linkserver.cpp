@@ -3,17 +3,15 @@
 #include <QFile>
 #include <QSocketNotifier>
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstring>
-#include <optional>
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/uio.h>
 #include <sys/un.h>
 #include <unistd.h>
 
+using desklink::Bytes;
 using desklink::Kind;
 
 namespace {
@@ -23,17 +21,7 @@ constexpr int FramePatienceMs = 20;
 constexpr int TipPatienceMs = 500;
 constexpr int PacketsPerTurn = 64; // then the rest of the desk has its turn
 
-/* The record at the start of a body; empty when the body is too short. */
-template <typename T> std::optional<T> headOf(std::span<const std::byte> body)
-{
-    if (body.size() < sizeof(T))
-        return std::nullopt;
-    T value;
-    std::memcpy(&value, body.data(), sizeof value);
-    return value;
-}
-
-QString utf16After(std::span<const std::byte> body, std::size_t offset)
+QString utf16After(Bytes body, std::size_t offset)
 {
     const std::size_t units = (body.size() - offset) / sizeof(char16_t);
     QString text(qsizetype(units), Qt::Uninitialized);
@@ -99,15 +87,15 @@ bool LinkServer::fail(const QString& what)
 bool LinkServer::sendTip(Kind kind, qint64 timeUs)
 {
     const desklink::Tip tip = {timeUs};
-    return send(kind, std::as_bytes(std::span(&tip, 1)), {}, TipPatienceMs);
+    return send(kind, desklink::bytesOf(tip), {}, TipPatienceMs);
 }
 
-bool LinkServer::sendFrame(const desklink::FrameHead& head, Body pixels)
+bool LinkServer::sendFrame(const desklink::FrameHead& head, Bytes pixels)
 {
-    return send(Kind::Frame, std::as_bytes(std::span(&head, 1)), pixels, FramePatienceMs);
+    return send(Kind::Frame, desklink::bytesOf(head), pixels, FramePatienceMs);
 }
 
-bool LinkServer::send(Kind kind, Body head, Body tail, int patienceMs)
+bool LinkServer::send(Kind kind, Bytes head, Bytes tail, int patienceMs)
 {
     std::shared_ptr<Descriptor> scan;
     {
@@ -116,19 +104,7 @@ bool LinkServer::send(Kind kind, Body head, Body tail, int patienceMs)
     }
     if (!scan)
         return false;
-    desklink::Header header = {desklink::Magic, desklink::Version, kind,
-                               quint32(head.size() + tail.size())};
-    const auto piece = [](const void* data, std::size_t size) {
-        return iovec{const_cast<void*>(data), size};
-    };
-    std::array<iovec, 3> pieces = {piece(&header, sizeof header), piece(head.data(), head.size()),
-                                   piece(tail.data(), tail.size())};
-    msghdr message = {};
-    message.msg_iov = pieces.data();
-    message.msg_iovlen = pieces.size();
-    const auto attempt = [&] {
-        return ::sendmsg(scan->get(), &message, MSG_DONTWAIT | MSG_NOSIGNAL) >= 0;
-    };
+    const auto attempt = [&] { return desklink::sendPacket(scan->get(), kind, head, tail); };
     if (attempt())
         return true;
     if (errno != EAGAIN && errno != EWOULDBLOCK)
@@ -161,15 +137,12 @@ void LinkServer::read(Connection* connection)
             drop(connection);
             return;
         }
-        const Body packet(m_buffer.data(), std::size_t(got));
-        const auto header = headOf<desklink::Header>(packet);
-        if (header && header->magic == desklink::Magic && header->version == desklink::Version
-            && header->length == packet.size() - sizeof(desklink::Header))
-            handle(*connection, header->kind, packet.subspan(sizeof(desklink::Header)));
+        if (const auto packet = desklink::packetIn(Bytes(m_buffer).first(std::size_t(got))))
+            handle(*connection, packet->kind, packet->body);
     }
 }
 
-void LinkServer::handle(Connection& connection, Kind kind, Body body)
+void LinkServer::handle(Connection& connection, Kind kind, Bytes body)
 {
     if (kind == Kind::Hello) {
         greet(connection, body);
@@ -183,8 +156,8 @@ void LinkServer::handle(Connection& connection, Kind kind, Body body)
         switchCamera(kind == Kind::CameraOn);
         break;
     case Kind::SwipeResult:
-        if (const auto head = headOf<desklink::SwipeResultHead>(body)) {
-            const Body reason = body.subspan(sizeof *head);
+        if (const auto head = desklink::recordOf<desklink::SwipeResultHead>(body)) {
+            const Bytes reason = body.subspan(sizeof *head);
             emit swipeReported({head->outcome, head->frames,
                                 QSize(int(head->width), int(head->height)),
                                 QString::fromUtf8(reinterpret_cast<const char*>(reason.data()),
@@ -192,7 +165,7 @@ void LinkServer::handle(Connection& connection, Kind kind, Body body)
         }
         break;
     case Kind::Refresh:
-        if (const auto refresh = headOf<desklink::RefreshBody>(body))
+        if (const auto refresh = desklink::recordOf<desklink::RefreshBody>(body))
             emit refreshSwitched(refresh->on != 0);
         break;
     default:
@@ -200,24 +173,24 @@ void LinkServer::handle(Connection& connection, Kind kind, Body body)
     }
 }
 
-void LinkServer::handleSpeech(Kind kind, Body body)
+void LinkServer::handleSpeech(Kind kind, Bytes body)
 {
     if (kind == Kind::SpeechBegin) {
-        if (const auto head = headOf<desklink::SpeechBeginHead>(body))
+        if (const auto head = desklink::recordOf<desklink::SpeechBeginHead>(body))
             emit speechBegan(head->utterance, head->language, utf16After(body, sizeof *head),
                              head->timeUs);
     } else if (kind == Kind::SpeechWord) {
-        if (const auto word = headOf<desklink::SpeechWordBody>(body))
+        if (const auto word = desklink::recordOf<desklink::SpeechWordBody>(body))
             emit wordSpoken(word->utterance, word->offset, word->length, word->timeUs);
     } else if (kind == Kind::SpeechEnd) {
-        if (const auto end = headOf<desklink::SpeechEndBody>(body))
+        if (const auto end = desklink::recordOf<desklink::SpeechEndBody>(body))
             emit speechEnded(end->utterance, end->stopped != 0, end->timeUs);
     }
 }
 
-void LinkServer::greet(Connection& connection, Body body)
+void LinkServer::greet(Connection& connection, Bytes body)
 {
-    const auto hello = headOf<desklink::Hello>(body);
+    const auto hello = desklink::recordOf<desklink::Hello>(body);
     if (!hello)
         return;
     connection.role = hello->role;

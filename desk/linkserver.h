@@ -1,7 +1,7 @@
 #ifndef LINKSERVER_H
 #define LINKSERVER_H
 
-#include "desk/desklink.h"
+#include "desk/linkpacket.h"
 
 #include <QObject>
 #include <QSize>
@@ -9,7 +9,6 @@
 #include <cstddef>
 #include <memory>
 #include <mutex>
-#include <span>
 #include <vector>
 
 class QSocketNotifier;
@@ -50,7 +49,7 @@ public:
      * a moment for room in its queue (tips 500 ms, frames 20 ms). False: the message was lost.
      * Any thread. */
     bool sendTip(desklink::Kind kind, qint64 timeUs);
-    bool sendFrame(const desklink::FrameHead& head, std::span<const std::byte> pixels);
+    bool sendFrame(const desklink::FrameHead& head, desklink::Bytes pixels);
 
 signals:
     void engineConnected(desklink::Role role);
@@ -73,17 +72,16 @@ private:
         desklink::Role role = {};
         bool known = false;
     };
-    using Body = std::span<const std::byte>;
 
     bool fail(const QString& what);
     void accept();
     void read(Connection* connection);
-    void handle(Connection& connection, desklink::Kind kind, Body body);
-    void handleSpeech(desklink::Kind kind, Body body);
-    void greet(Connection& connection, Body body);
+    void handle(Connection& connection, desklink::Kind kind, desklink::Bytes body);
+    void handleSpeech(desklink::Kind kind, desklink::Bytes body);
+    void greet(Connection& connection, desklink::Bytes body);
     void drop(Connection* connection);
     void switchCamera(bool on);
-    bool send(desklink::Kind kind, Body head, Body tail, int patienceMs);
+    bool send(desklink::Kind kind, desklink::Bytes head, desklink::Bytes tail, int patienceMs);
 
     QString m_error;
     QString m_path;

@@ -5,7 +5,6 @@
 
 #include <QFileInfo>
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 
 namespace {
@@ -40,8 +39,7 @@ QString messageLine(const Launcher::Entry& entry)
 ScriptReport::ScriptReport()
 {
     m_clock.start();
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    m_startUs = std::chrono::duration_cast<std::chrono::microseconds>(now).count();
+    m_startUs = desklink::nowUs();
 }
 
 void ScriptReport::line(const QString& text) const

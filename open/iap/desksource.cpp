@@ -9,6 +9,9 @@
 
 namespace {
 
+static_assert(sizeof(desklink::Header) + sizeof(desklink::FrameHead) + MaxFrameSide * MaxFrameSide
+              <= desklink::MaxPacketBytes);
+
 desklink::SwipeOutcome onTheLink(SwipeReport::Outcome outcome)
 {
     switch (outcome) {
@@ -27,18 +30,17 @@ desklink::SwipeOutcome onTheLink(SwipeReport::Outcome outcome)
 /* A frame out of a packet's body; an invalid one when the body does not hold what it says. */
 Frame unpacked(const std::vector<std::byte>& body)
 {
-    desklink::FrameHead head = {};
-    if (body.size() < sizeof head)
+    const auto head = desklink::recordOf<desklink::FrameHead>(body);
+    if (!head)
         return {};
-    std::memcpy(&head, body.data(), sizeof head);
     Frame frame;
-    frame.timeUs = head.timeUs;
-    frame.width = head.width;
-    frame.height = head.height;
-    frame.dpi = head.dpi;
-    frame.pixels.resize(body.size() - sizeof head);
+    frame.timeUs = head->timeUs;
+    frame.width = head->width;
+    frame.height = head->height;
+    frame.dpi = head->dpi;
+    frame.pixels.resize(body.size() - sizeof *head);
     if (!frame.pixels.empty())
-        std::memcpy(frame.pixels.data(), body.data() + sizeof head, frame.pixels.size());
+        std::memcpy(frame.pixels.data(), body.data() + sizeof *head, frame.pixels.size());
     return frame;
 }
 
@@ -114,6 +116,6 @@ void DeskSource::report(const SwipeReport& report)
     const desklink::SwipeResultHead head = {
         onTheLink(report.outcome), static_cast<std::uint32_t>(report.frames),
         static_cast<std::uint32_t>(report.width), static_cast<std::uint32_t>(report.height)};
-    m_link.send(desklink::Kind::SwipeResult, LinkClient::bytesOf(head),
+    m_link.send(desklink::Kind::SwipeResult, desklink::bytesOf(head),
                 std::as_bytes(std::span(report.reason)));
 }

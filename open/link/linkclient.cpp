@@ -7,7 +7,6 @@
 
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/uio.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -32,21 +31,6 @@ int connectTo(const char* path)
     return fd;
 }
 
-bool sendPacket(int fd, desklink::Kind kind, LinkClient::Part head, LinkClient::Part tail)
-{
-    const desklink::Header header = {desklink::Magic, desklink::Version, kind,
-                                     static_cast<std::uint32_t>(head.size() + tail.size())};
-    const auto piece = [](const void* data, std::size_t size) {
-        return iovec{const_cast<void*>(data), size};
-    };
-    std::array<iovec, 3> pieces = {piece(&header, sizeof header), piece(head.data(), head.size()),
-                                   piece(tail.data(), tail.size())};
-    msghdr message = {};
-    message.msg_iov = pieces.data();
-    message.msg_iovlen = pieces.size();
-    return ::sendmsg(fd, &message, MSG_DONTWAIT | MSG_NOSIGNAL) >= 0;
-}
-
 } // namespace
 
 LinkClient::LinkClient(desklink::Role role) : m_role(role) {}
@@ -68,7 +52,7 @@ bool LinkClient::connectToDesk()
     if (m_fd < 0)
         return false;
     const desklink::Hello hello = {m_role, static_cast<std::uint32_t>(::getpid())};
-    if (sendPacket(m_fd, desklink::Kind::Hello, bytesOf(hello), {}))
+    if (desklink::sendPacket(m_fd, desklink::Kind::Hello, desklink::bytesOf(hello), {}))
         return true;
     ::close(m_fd);
     m_fd = -1;
@@ -89,10 +73,10 @@ bool LinkClient::isConnected() const
     return m_fd >= 0;
 }
 
-bool LinkClient::send(desklink::Kind kind, Part head, Part tail)
+bool LinkClient::send(desklink::Kind kind, desklink::Bytes head, desklink::Bytes tail)
 {
     const std::lock_guard lock(m_mutex);
-    return m_fd >= 0 && sendPacket(m_fd, kind, head, tail);
+    return m_fd >= 0 && desklink::sendPacket(m_fd, kind, head, tail);
 }
 
 bool LinkClient::receive(Packet& packet, int timeoutMs, int wakeFd)
@@ -115,16 +99,11 @@ bool LinkClient::receive(Packet& packet, int timeoutMs, int wakeFd)
             disconnectFromDesk();
         return false;
     }
-    desklink::Header header = {};
-    const auto size = static_cast<std::size_t>(got);
-    if (size < sizeof header)
+    const auto received =
+        desklink::packetIn(desklink::Bytes(m_receiveBuffer).first(static_cast<std::size_t>(got)));
+    if (!received)
         return false;
-    std::memcpy(&header, m_receiveBuffer.data(), sizeof header);
-    if (header.magic != desklink::Magic || header.version != desklink::Version
-        || header.length != size - sizeof header)
-        return false;
-    packet.kind = header.kind;
-    packet.body.assign(m_receiveBuffer.begin() + sizeof header,
-                       m_receiveBuffer.begin() + static_cast<std::ptrdiff_t>(size));
+    packet.kind = received->kind;
+    packet.body.assign(received->body.begin(), received->body.end());
     return true;
 }

@@ -1,11 +1,10 @@
 #ifndef LINKCLIENT_H
 #define LINKCLIENT_H
 
-#include "desk/desklink.h"
+#include "desk/linkpacket.h"
 
 #include <cstddef>
 #include <mutex>
-#include <span>
 #include <vector>
 
 /*
@@ -17,8 +16,6 @@
 class LinkClient
 {
 public:
-    using Part = std::span<const std::byte>;
-
     struct Packet
     {
         desklink::Kind kind;
@@ -38,17 +35,12 @@ public:
 
     /* Sends one message, its body in up to two parts. False without a desk or when the desk's
      * queue is full. Any thread. */
-    bool send(desklink::Kind kind, Part head = {}, Part tail = {});
+    bool send(desklink::Kind kind, desklink::Bytes head = {}, desklink::Bytes tail = {});
 
     /* Waits for the next well-formed packet, at most `timeoutMs` (-1: for ever), or until `wakeFd`
      * (-1: none) becomes readable. False when nothing came; when the desk has gone the client is
      * then no longer connected. One reading thread at a time. */
     bool receive(Packet& packet, int timeoutMs, int wakeFd = -1);
-
-    template <typename T> static Part bytesOf(const T& value)
-    {
-        return std::as_bytes(std::span(&value, 1));
-    }
 
 private:
     const desklink::Role m_role;

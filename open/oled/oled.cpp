@@ -8,5 +8,5 @@ int oled_update_set(int on)
     if (!link.connectToDesk())
         return -1;
     const desklink::RefreshBody body = {on != 0};
-    return link.send(desklink::Kind::Refresh, LinkClient::bytesOf(body)) ? 0 : -1;
+    return link.send(desklink::Kind::Refresh, desklink::bytesOf(body)) ? 0 : -1;
 }

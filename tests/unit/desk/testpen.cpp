@@ -3,7 +3,6 @@
  * lights the other half at Down, opens a dialog at F12, says and hears a little, and ends at
  * Escape (well), F7 (code 3) or F8 (crash).
  */
-#include "desk/desklink.h"
 #include "open/link/linkclient.h"
 #include "platform/qcopchannel.h"
 
@@ -12,7 +11,6 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
-#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -20,24 +18,18 @@
 
 namespace {
 
-qint64 nowUs()
-{
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::chrono::duration_cast<std::chrono::microseconds>(now).count();
-}
-
 void say(const QString& text)
 {
     LinkClient speech(desklink::Role::Speech);
     speech.connectToDesk();
-    const desklink::SpeechBeginHead begin = {nowUs(), 1, 101, 5, 3};
-    speech.send(desklink::Kind::SpeechBegin, LinkClient::bytesOf(begin),
+    const desklink::SpeechBeginHead begin = {desklink::nowUs(), 1, 101, 5, 3};
+    speech.send(desklink::Kind::SpeechBegin, desklink::bytesOf(begin),
                 std::as_bytes(std::span(text.utf16(), std::size_t(text.size()))));
     const int length = int(text.indexOf(QLatin1Char(' ')));
-    const desklink::SpeechWordBody word = {nowUs(), 1, 0, length, 0};
-    speech.send(desklink::Kind::SpeechWord, LinkClient::bytesOf(word));
-    const desklink::SpeechEndBody end = {nowUs(), 1, 0};
-    speech.send(desklink::Kind::SpeechEnd, LinkClient::bytesOf(end));
+    const desklink::SpeechWordBody word = {desklink::nowUs(), 1, 0, length, 0};
+    speech.send(desklink::Kind::SpeechWord, desklink::bytesOf(word));
+    const desklink::SpeechEndBody end = {desklink::nowUs(), 1, 0};
+    speech.send(desklink::Kind::SpeechEnd, desklink::bytesOf(end));
 }
 
 /* Takes frames until the tip is lifted, and reports how many came. */
@@ -54,7 +46,7 @@ void scan(LinkClient& link)
             continue;
         const desklink::SwipeResultHead head = {desklink::SwipeOutcome::Delivered, frames, 100, 40};
         const char reason[] = "counted";
-        link.send(desklink::Kind::SwipeResult, LinkClient::bytesOf(head),
+        link.send(desklink::Kind::SwipeResult, desklink::bytesOf(head),
                   std::as_bytes(std::span(reason, sizeof reason - 1)));
         frames = 0;
     }

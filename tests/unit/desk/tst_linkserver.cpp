@@ -154,7 +154,7 @@ private slots:
         const desklink::SwipeResultHead head = {desklink::SwipeOutcome::BadMotion, 70, 0, 0};
         const QByteArray reason = "die Bilder hängen nicht zusammen";
         QVERIFY(
-            scan.send(Kind::SwipeResult, LinkClient::bytesOf(head),
+            scan.send(Kind::SwipeResult, desklink::bytesOf(head),
                       std::as_bytes(std::span(reason.constData(), std::size_t(reason.size())))));
         QTRY_COMPARE(reports.size(), 1);
         const auto report = reports[0][0].value<SwipeReport>();
@@ -172,12 +172,12 @@ private slots:
         QVERIFY(speech.connectToDesk());
         const std::u16string text = u"Größe 大";
         const desklink::SpeechBeginHead begin = {7, 3, 104, 5, 60};
-        QVERIFY(speech.send(Kind::SpeechBegin, LinkClient::bytesOf(begin),
+        QVERIFY(speech.send(Kind::SpeechBegin, desklink::bytesOf(begin),
                             std::as_bytes(std::span(text))));
         const desklink::SpeechWordBody body = {8, 3, 6, 1, 0};
-        QVERIFY(speech.send(Kind::SpeechWord, LinkClient::bytesOf(body)));
+        QVERIFY(speech.send(Kind::SpeechWord, desklink::bytesOf(body)));
         const desklink::SpeechEndBody end = {9, 3, 1};
-        QVERIFY(speech.send(Kind::SpeechEnd, LinkClient::bytesOf(end)));
+        QVERIFY(speech.send(Kind::SpeechEnd, desklink::bytesOf(end)));
         QTRY_COMPARE(ended.size(), 1);
         QCOMPARE(began[0], QVariantList({3U, 104, QString::fromStdU16String(text), qint64(7)}));
         QCOMPARE(word[0], QVariantList({3U, 6, 1, qint64(8)}));
@@ -190,7 +190,7 @@ private slots:
         LinkClient display(Role::Display);
         QVERIFY(display.connectToDesk());
         const desklink::RefreshBody off = {0};
-        QVERIFY(display.send(Kind::Refresh, LinkClient::bytesOf(off)));
+        QVERIFY(display.send(Kind::Refresh, desklink::bytesOf(off)));
         QTRY_COMPARE(refresh.size(), 1);
         QCOMPARE(refresh[0][0].toBool(), false);
     }
@@ -204,9 +204,9 @@ private slots:
         const quint16 tooShort = 1;
         for (const Kind kind : {Kind::Hello, Kind::SpeechBegin, Kind::SpeechWord, Kind::SpeechEnd,
                                 Kind::SwipeResult, Kind::Refresh, Kind(999), Kind::Frame})
-            QVERIFY(speech.send(kind, LinkClient::bytesOf(tooShort)));
+            QVERIFY(speech.send(kind, desklink::bytesOf(tooShort)));
         const desklink::RefreshBody on = {1};
-        QVERIFY(speech.send(Kind::Refresh, LinkClient::bytesOf(on)));
+        QVERIFY(speech.send(Kind::Refresh, desklink::bytesOf(on)));
         QTRY_COMPARE(refresh.size(), 1);
         QVERIFY(began.isEmpty());
     }
