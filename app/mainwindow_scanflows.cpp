@@ -19,9 +19,7 @@
 
 namespace {
 
-constexpr int MessageMs = 2000;
 constexpr int PaintFirstMs = 1;
-const QRect BusyPlace(QPoint(100, 10), QPoint(132, 42));
 const QRect ScreenPlace(0, 0, 256, 64);
 
 } // namespace
@@ -41,7 +39,7 @@ void MainWindow::startBusy(void (MainWindow::*work)())
     if (m_sandGlass)
         return;
     m_sandGlass = new SandGlass(this);
-    m_sandGlass->setGeometry(BusyPlace);
+    m_sandGlass->setGeometry(SandGlass::Place);
     m_sandGlass->show();
     m_sandGlass->raise();
     QTimer::singleShot(PaintFirstMs, this, work);
@@ -55,7 +53,7 @@ void MainWindow::endBusy()
 void MainWindow::showMessage(const QString& text)
 {
     talkingMenuTTS(0, text, QString());
-    MessageDialog(this, text, MessageMs).exec();
+    MessageDialog(this, text).exec();
     if (QWidget* current = WidgetChange::Instance()->getCurWidget())
         current->setFocus(Qt::OtherFocusReason);
 }

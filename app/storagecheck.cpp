@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr int MessageMs = 2000;
 constexpr unsigned SettleMicroseconds = 50'000;
 
 void flushToCard()
@@ -32,10 +31,8 @@ void warnWhenStorageLow()
 {
     if (!isStorageLow())
         return;
-    MessageDialog(nullptr,
-                  QCoreApplication::translate("MainWindow",
-                                              "No enough storage space. Please remove some files."),
-                  MessageMs)
+    MessageDialog(nullptr, QCoreApplication::translate(
+                               "MainWindow", "No enough storage space. Please remove some files."))
         .exec();
 }
 

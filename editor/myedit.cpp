@@ -22,7 +22,6 @@
 namespace {
 
 constexpr int AutoSavePeriodMs = 300'000;
-constexpr int MessageMs = 2000;
 
 // The position mark lies over the right edge instead of taking room: all 32 columns stay. One
 // pixel wide, as the caret is: the glyphs leave their outermost columns free.
@@ -89,8 +88,7 @@ int MyEdit::setFileInfo(const FileInfo& info)
     FileManager* files = FileManager::Instance();
     const QString text = files->readFile(info);
     if (files->getReturnSize() > MaxFileBytes) {
-        MessageDialog(this, tr("The file is too big, do not edit the file in computer."), MessageMs)
-            .exec();
+        MessageDialog(this, tr("The file is too big, do not edit the file in computer.")).exec();
         return -1;
     }
     QTextCursor cursor = textCursor();

@@ -13,10 +13,8 @@
 
 namespace {
 
-constexpr int MessageMs = 2000;
 constexpr int NoImage = -1;
 constexpr int NoText = -2;
-const QRect BusyPlace(100, 10, 33, 33);
 
 } // namespace
 
@@ -53,7 +51,7 @@ int MyEdit::Recognize(_stImg* image)
     m_restorePosition = m_keepPosition;
     delete m_sandGlass;
     m_sandGlass = new SandGlass(this);
-    m_sandGlass->setGeometry(BusyPlace);
+    m_sandGlass->setGeometry(SandGlass::Place);
     m_sandGlass->show();
     m_recThread->setImg(image);
     m_recognitionFailed = false;
@@ -106,7 +104,7 @@ bool MyEdit::appendText(const QString& text)
         return false;
     const QString document = documentText();
     if (!fitsIntoFile(document, text)) {
-        MessageDialog(this, tr("The file is too big. Please create new file."), MessageMs).exec();
+        MessageDialog(this, tr("The file is too big. Please create new file.")).exec();
         return false;
     }
     QTextCursor cursor = textCursor();

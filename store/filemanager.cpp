@@ -21,7 +21,6 @@ namespace {
 
 constexpr int MaxFiles = 1000;
 constexpr qint64 MaxListBytes = 16 * 1024 * 1024;
-constexpr int DamagedMilliseconds = 2000;
 constexpr unsigned SettleMicroseconds = 50000;
 // Four times what the editor takes: above it no encoding makes the text small enough.
 constexpr qint64 MaxReadBytes = 4 * 65536;
@@ -272,8 +271,7 @@ int FileManager::getReturnSize() const
 
 void FileManager::showDamaged() const
 {
-    MessageDialog dialog(nullptr, tr("File system is damaged, please connect to PC and repair."),
-                         DamagedMilliseconds);
+    MessageDialog dialog(nullptr, tr("File system is damaged, please connect to PC and repair."));
     dialog.exec();
 }
 

@@ -14,9 +14,12 @@ class MessageDialog : public QDialog
     Q_OBJECT
 
 public:
+    /* How long a message is shown unless it needs more. */
+    static constexpr int UsualMilliseconds = 2000;
+
     /* `text` is plain and shown in up to four lines. `milliseconds` run from the moment the
      * dialog is shown, each time anew; a negative number counts as 0. */
-    MessageDialog(QWidget* parent, QString text, int milliseconds);
+    MessageDialog(QWidget* parent, QString text, int milliseconds = UsualMilliseconds);
 
     /* The text shown. */
     QString text() const;
