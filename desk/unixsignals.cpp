@@ -1,6 +1,7 @@
 #include "desk/unixsignals.h"
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <cstdint>
 
@@ -15,9 +16,11 @@ volatile int eventFd = -1; // read by the handler
 
 extern "C" void tellEvent(int)
 {
+    const int before = errno; // belongs to the code that was interrupted
     const std::uint64_t one = 1;
     // Nothing can be done about a failure inside a handler.
     [[maybe_unused]] const ssize_t written = ::write(eventFd, &one, sizeof one);
+    errno = before;
 }
 
 } // namespace

@@ -29,7 +29,7 @@ bool Player::close()
     if (!m_output)
         return false;
     {
-        std::unique_lock lock(m_stateMutex);
+        const std::lock_guard lock(m_stateMutex);
         m_started = false;
     }
     stop();

@@ -22,7 +22,7 @@ using Generation = std::atomic<std::uint64_t>;
 
 /*
  * Sound on its way from the synthesizer to the output, one text at a time. One thread speaks
- * (begin, push, finish, waiting), one takes (fill); any may wake.
+ * (begin, push, end, waiting), one takes (fill); any may wake.
  *
  * Positions are samples since the beginning of the text.
  */
