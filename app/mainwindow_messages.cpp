@@ -4,7 +4,6 @@
 
 #include "app/widgetchange.h"
 #include "editor/myedit.h"
-#include "engines/csoundthread.h"
 #include "engines/ttsplayer.h"
 #include "platform/oled.h"
 #include "platform/zembra_iap.h"
@@ -67,6 +66,7 @@ void MainWindow::Save()
 {
     if (!editorIsUsable())
         return;
+    m_editor->awaitScan();
     m_editor->StopTTS();
     m_editor->SaveOnly();
 }

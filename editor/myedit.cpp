@@ -131,6 +131,7 @@ bool MyEdit::SaveOnly()
 
 void MyEdit::SaveAndExit()
 {
+    awaitScan();
     if (!m_bound) {
         emit signalEsc();
         return;
@@ -152,6 +153,7 @@ void MyEdit::SaveAndExit()
 
 void MyEdit::StopOnly()
 {
+    awaitScan();
     StopTTS();
     stopAutoSave();
     m_bound = false;

@@ -60,11 +60,16 @@ public:
     bool SaveOnly();
 
     /* Saves, clears the editor, stops the scan engine and goes back to the previous screen; with no
-     * file bound only emits signalEsc(). */
+     * file bound only emits signalEsc(). A scan that is being recognised is waited for and saved.
+     */
     void SaveAndExit();
 
     /* Clears the text and stops the scan engine, without saving. */
     void StopOnly();
+
+    /* Waits for a scan that is being recognised and appends it, so that nothing that follows loses
+     * it. */
+    void awaitScan();
 
     /* Silences the editor: what is spoken, prepared or queued. */
     void StopTTS();
@@ -119,14 +124,15 @@ public:
     bool recognitionFailed() const { return m_recognitionFailed; }
 
 public slots:
-    /* Starts recognition on CRecThread. Takes the record over. 0 when started, -1 when one is
-     * running already and the image was dropped. */
+    /* Starts recognition on CRecThread. Takes the record over. 0 when started, -1 when the image
+     * was dropped: one is running already, or no file is bound (any more). */
     int Recognize(_stImg* image);
 
     /* Prepares a text for speech and speaks it; called on CSoundThread, returns when it has been
      * spoken or stopped. */
     void Sound(QString& text);
 
+    /* Takes what was recognised: appends it, and reads it after the delay. */
     void FinishRec();
     void FinishSound();
     /* Marks the word that is heard; the values are those of the engine's report. */
@@ -196,8 +202,9 @@ private:
     std::unique_ptr<CSoundThread> m_soundThread;
     QPointer<SandGlass> m_sandGlass;
 
-    // Written by the recognition worker, read once its finished() has arrived.
+    // Written by the recognition worker, read once it has ended.
     QString m_pendingText;
+    bool m_recognising = false; // from Recognize() until its result was taken
     std::atomic<bool> m_recognitionFailed = false;
 
     // Scans between the engine's thread and Recognize(): an event that is never delivered would

@@ -44,7 +44,10 @@ void MyEdit::forgetArrival(_stImg* image)
 int MyEdit::Recognize(_stImg* image)
 {
     forgetArrival(image);
-    if (m_recThread->isRunning()) {
+    // A recognition may have ended unheard yet: its text is taken before this one writes its own.
+    if (!m_recThread->isRunning())
+        FinishRec();
+    if (!m_bound || m_recThread->isRunning()) {
         releaseImage(image);
         return -1;
     }
@@ -55,6 +58,7 @@ int MyEdit::Recognize(_stImg* image)
     m_sandGlass->show();
     m_recThread->setImg(image);
     m_recognitionFailed = false;
+    m_recognising = true;
     m_recThread->start();
     return 0;
 }
@@ -76,8 +80,18 @@ int MyEdit::RecThread(_stImg* image)
     return result;
 }
 
+void MyEdit::awaitScan()
+{
+    m_recThread->wait();
+    FinishRec();
+}
+
 void MyEdit::FinishRec()
 {
+    // The end of a recognition is heard late: its result may have been taken by then, or the next
+    // one be running.
+    if (m_recThread->isRunning() || !std::exchange(m_recognising, false))
+        return;
     TTSPlayer::Instance()->stop();
     delete m_sandGlass;
     const QString scan = std::exchange(m_pendingText, QString());

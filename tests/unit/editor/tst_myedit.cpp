@@ -28,6 +28,12 @@ QByteArray utf16File(const QString& text)
     return bytes;
 }
 
+_stImg* pictureOfALine()
+{
+    const std::vector<unsigned char> pixels(4);
+    return makeImage(pixels.data(), 2, 2, 0);
+}
+
 } // namespace
 
 class TestMyEdit : public QObject
@@ -45,6 +51,9 @@ private slots:
     void swipeBecomesTextAndSpeech();
     void swipeTellsTheLauncher();
     void secondSwipeWhileRecognisingIsDropped();
+    void scanBeingRecognisedIsSavedOnLeaving();
+    void scanAfterLeavingIsDropped();
+    void scanWhoseEndIsUnheardIsNotOverwritten();
     void scanThatNeverArrivesIsFreed();
     void emptyResultAddsNothingAndFails();
     void doubtedTextIsUsedAndFails();
@@ -200,6 +209,50 @@ void TestMyEdit::secondSwipeWhileRecognisingIsDropped()
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
     QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
     QCOMPARE(FakeOcr::images().size(), std::size_t(1));
+}
+
+// Its end has not been heard when the file is left: it belongs to this file and to no other.
+void TestMyEdit::scanBeingRecognisedIsSavedOnLeaving()
+{
+    open(QStringLiteral("one "));
+    FakeOcr::hold();
+    swipe(u"two");
+    QTRY_VERIFY(FakeOcr::waitUntilRecognizing());
+    FakeOcr::release();
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(savedText(), QStringLiteral("one two "));
+    QCOMPARE(WidgetChange::Instance()->getCurWidget(), m_previous.get());
+    QCoreApplication::processEvents();
+    QVERIFY(m_edit->documentText().isEmpty());
+    m_edit->readDelaySlot(); // what the delay's end does
+    QVERIFY(!m_edit->soundThread()->isRunning());
+    QVERIFY(FakeTts::texts().empty());
+}
+
+void TestMyEdit::scanAfterLeavingIsDropped()
+{
+    open(QStringLiteral("one "));
+    QSignalSpy arrived(m_edit.get(), &MyEdit::signalEdit);
+    swipe(u"two"); // arrives when the event loop runs again
+    m_edit->SaveAndExit();
+    QTRY_COMPARE(arrived.count(), 1);
+    QCOMPARE(m_edit->Recognize(pictureOfALine()), -1);
+    QVERIFY(FakeOcr::images().empty());
+    QVERIFY(m_edit->documentText().isEmpty());
+}
+
+void TestMyEdit::scanWhoseEndIsUnheardIsNotOverwritten()
+{
+    open(QString());
+    FakeOcr::queueResult(u"first");
+    FakeOcr::queueResult(u"second");
+    QCOMPARE(m_edit->Recognize(pictureOfALine()), 0);
+    const QDeadlineTimer deadline(5000);
+    while (m_edit->Recognize(pictureOfALine()) != 0) // dropped as long as the first is running
+        QVERIFY(!deadline.hasExpired());
+    while (FakeOcr::images().size() < 2 || FakeOcr::openResults() > 0)
+        QVERIFY(!deadline.hasExpired());
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first second "));
 }
 
 // For the leak checker: the editor ends before its event loop has seen the scan.
