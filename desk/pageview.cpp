@@ -40,6 +40,7 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
 
 void PageView::setPage(const PrintedPage& page)
 {
+    endDrag(m_mouse); // its line is one of the old page
     m_page = page;
     m_notice.clear();
     m_scaled = QImage();
@@ -261,11 +262,16 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
 
 void PageView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton)
-        return;
+    if (event->button() == Qt::LeftButton)
+        endDrag(event->position());
+}
+
+void PageView::endDrag(QPointF viewportPoint)
+{
     if (m_drag == Drag::Swiping)
-        emit swipeEnds(handAt(event->position()));
+        emit swipeEnds(handAt(viewportPoint));
     m_drag = Drag::None;
+    m_dragLine = -1;
     m_restTimer.stop();
 }
 

@@ -56,6 +56,7 @@ private:
     QPointF toMm(QPointF viewportPoint) const;
     QRectF toViewport(const QRectF& mm) const;
     QPointF handAt(QPointF viewportPoint) const;
+    void endDrag(QPointF viewportPoint);
     void chooseLine(int line);
     void paintPaper(QPainter& painter);
     void paintCamera(QPainter& painter);

@@ -132,6 +132,27 @@ private slots:
         QVERIFY(looks.last()[0].toPointF().x() > looks.first()[0].toPointF().x() + 10.0);
     }
 
+    void aNewPageEndsTheDrag()
+    {
+        loadPage();
+        auto* const page = m_window->findChild<PageView*>();
+        QSignalSpy ends(page, &PageView::swipeEnds);
+        QSignalSpy moves(page, &PageView::swipeMoves);
+        const QPoint start(page->viewport()->width() / 4, 150);
+        QTest::mousePress(page->viewport(), Qt::LeftButton, {}, start);
+        QTest::mouseMove(page->viewport(), start + QPoint(40, 0));
+        QTRY_VERIFY(!moves.isEmpty());
+        QVERIFY(ends.isEmpty());
+        loadPage();
+        QCOMPARE(ends.size(), 1);
+        moves.clear();
+        QTest::mouseMove(page->viewport(), start + QPoint(80, 0));
+        QTest::mouseRelease(page->viewport(), Qt::LeftButton, {}, start + QPoint(80, 0));
+        QVERIFY(moves.isEmpty());
+        QCOMPARE(ends.size(), 1);
+        QTRY_VERIFY(!m_desk->isSwiping());
+    }
+
     void theChooserNamesThePage()
     {
         loadPage();
