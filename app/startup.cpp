@@ -63,7 +63,9 @@ int runWindow(QApplication& application)
     window.SendShow();
     QApplication::setPalette(screenPalette());
     warnWhenStorageLow();
-    return application.exec();
+    // The launcher may have closed the window while the warning was shown, and the event loop to
+    // come would not hear of it.
+    return window.isVisible() ? application.exec() : 0;
 }
 
 } // namespace
