@@ -84,8 +84,10 @@ void MainWindow::StopAll()
 {
     m_editorWasOpen = false;
     if (editorIsUsable()) {
+        const bool fileWasOpen = m_editor->isBound();
         m_editor->SaveAndExit();
-        m_editorWasOpen = true;
+        // A text that could not be saved stays in the editor: reopening the file would lose it.
+        m_editorWasOpen = fileWasOpen && !m_editor->isBound();
     }
     if (QWidget* current = WidgetChange::Instance()->getCurWidget())
         current->setEnabled(false);

@@ -8,6 +8,7 @@
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/fakeoled.h"
 #include "tests/shared/windowfixture.h"
+#include "widgets/sandglass.h"
 
 namespace {
 
@@ -31,6 +32,8 @@ private slots:
     void saveWithoutTipLeavesTheEngineAlone();
     void stopSignalIsCleared();
     void usbFreezesAndReopens();
+    void usbKeepsATextThatCannotBeSaved();
+    void usbReopensNoFileThatWasNotOpen();
     void usbEndWithoutBeginReopensNothing();
     void wordsBelongToTheirMessage_data();
     void wordsBelongToTheirMessage();
@@ -177,6 +180,42 @@ void TestLauncherMessages::usbFreezesAndReopens()
     QTRY_COMPARE(f.current(), f.window->editor());
     QVERIFY(f.current()->isEnabled());
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("a "));
+}
+
+void TestLauncherMessages::usbKeepsATextThatCannotBeSaved()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("precious"));
+    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    const QString path = f.state.root.path(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
+    f.window->handleReceived(Usb, "plug");
+    QCOMPARE(f.messages.texts().size(), 1);
+    QVERIFY(!f.window->editor()->isEnabled());
+    QVERIFY(QDir(path).removeRecursively());
+    f.window->handleReceived(Usb, "delete");
+    QVERIFY(f.window->editor()->isEnabled());
+    QVERIFY(!f.window->findChild<SandGlass*>()); // nothing is being opened
+    QCOMPARE(f.window->editor()->documentText(), QStringLiteral("precious "));
+    f.window->handleReceived(Execute, "save");
+    QCOMPARE(savedFile(f).size(), 2 + 2 * 9);
+}
+
+// The editor exists and is usable, but its file was too big to be opened.
+void TestLauncherMessages::usbReopensNoFileThatWasNotOpen()
+{
+    WindowFixture f({QStringLiteral("big")});
+    f.state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/big.txt"),
+                       QByteArray("\xff\xfe", 2) + QByteArray("a\0", 2).repeated(40000));
+    QWidget* menu = f.current();
+    f.window->continueFile();
+    QTRY_COMPARE(f.messages.texts().size(), 1);
+    QTRY_VERIFY(!f.window->findChild<SandGlass*>());
+    f.window->handleReceived(Usb, "plug");
+    f.window->handleReceived(Usb, "delete");
+    QVERIFY(!f.window->findChild<SandGlass*>());
+    QCOMPARE(f.current(), menu);
 }
 
 void TestLauncherMessages::usbEndWithoutBeginReopensNothing()
