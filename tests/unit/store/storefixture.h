@@ -11,6 +11,12 @@
 #include <QFile>
 #include <QStringList>
 
+/* The words of a text that are divided by single blanks. */
+inline QStringList words(const char* text)
+{
+    return QString::fromUtf8(text).split(u' ');
+}
+
 /*
  * A pen with an empty card and an empty list, and what tests of the scan-file store ask of it.
  */
