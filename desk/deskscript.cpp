@@ -1,6 +1,7 @@
 #include "desk/deskscript.h"
 
 #include "desk/penkeys.h"
+#include "desk/swipereport.h"
 
 #include <QCoreApplication>
 #include <QStringList>
@@ -203,11 +204,9 @@ QString readWait(DeskCommand& command, Arguments& arguments)
     if (arguments.takeIf("swipe")) {
         command.verb = Verb::WaitSwipe;
         command.name = arguments.take();
-        const QStringList outcomes = {QString(), QStringLiteral("delivered"),
-                                      QStringLiteral("no-print"), QStringLiteral("bad-motion"),
-                                      QStringLiteral("stopped")};
-        return outcomes.contains(command.name) ? QString()
-                                               : tr("there is no outcome \"%1\"").arg(command.name);
+        const bool known =
+            command.name.isEmpty() || SwipeReport::outcomeNames().contains(command.name);
+        return known ? QString() : tr("there is no outcome \"%1\"").arg(command.name);
     }
     return readCondition(command, arguments, true);
 }

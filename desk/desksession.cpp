@@ -48,6 +48,19 @@ bool DeskSession::open()
         m_error = tr("The launcher's channel cannot be opened in %1.").arg(m_runtimeDir.path());
         return false;
     }
+    makePen(linkPath);
+
+    connect(m_compositor.get(), &PenCompositor::pictureChanged, this, &DeskSession::updateScreen);
+    connect(m_launcher.get(), &Launcher::logged, this, &DeskSession::stir);
+    connect(&m_pageLoader, &PageLoader::loaded, this, &DeskSession::takePage);
+    connect(&m_pageLoader, &PageLoader::failed, this, &DeskSession::pageFailed);
+    connectLink();
+    connectFeeder();
+    return true;
+}
+
+void DeskSession::makePen(const QString& linkPath)
+{
     PenProcess::Setting pen;
     pen.program = m_setting.penProgram;
     pen.root = m_setting.root;
@@ -57,9 +70,6 @@ bool DeskSession::open()
     pen.fontConfig = m_setting.fontConfig;
     pen.hostRuntimeDir = m_runtimeDir.hostDir();
     m_pen = std::make_unique<PenProcess>(pen);
-
-    connect(m_compositor.get(), &PenCompositor::pictureChanged, this, &DeskSession::updateScreen);
-    connect(m_launcher.get(), &Launcher::logged, this, &DeskSession::stir);
     connect(m_pen.get(), &PenProcess::started, this, &DeskSession::penStarted);
     connect(m_pen.get(), &PenProcess::ended, this, [this](const QString& how, bool well) {
         m_transcript.breakOff(desklink::nowUs());
@@ -68,11 +78,6 @@ bool DeskSession::open()
         emit speechChanged();
         emit penEnded(how, well);
     });
-    connect(&m_pageLoader, &PageLoader::loaded, this, &DeskSession::takePage);
-    connect(&m_pageLoader, &PageLoader::failed, this, &DeskSession::pageFailed);
-    connectLink();
-    connectFeeder();
-    return true;
 }
 
 void DeskSession::connectLink()

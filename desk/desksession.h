@@ -97,6 +97,7 @@ signals:
     void penEnded(const QString& how, bool well);
 
 private:
+    void makePen(const QString& linkPath);
     void connectLink();
     void connectFeeder();
     void updateScreen();

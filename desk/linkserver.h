@@ -2,9 +2,9 @@
 #define LINKSERVER_H
 
 #include "desk/linkpacket.h"
+#include "desk/swipereport.h"
 
 #include <QObject>
-#include <QSize>
 #include <QString>
 #include <cstddef>
 #include <memory>
@@ -12,15 +12,6 @@
 #include <vector>
 
 class QSocketNotifier;
-
-/* What became of a swipe, as the scan engine tells it. */
-struct SwipeReport
-{
-    desklink::SwipeOutcome outcome = desklink::SwipeOutcome::Stopped;
-    quint32 frames = 0;
-    QSize panorama;
-    QString reason;
-};
 
 /*
  * The desk's end of the link (desk/desklink.h): listens, takes the engines' reports and sends

@@ -25,6 +25,11 @@ namespace {
 constexpr int BadUsage = 2;
 constexpr int Failed = 1;
 
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("Desk", text);
+}
+
 bool isGiven(std::span<char* const> arguments, std::string_view option)
 {
     return std::ranges::any_of(arguments, [option](std::string_view argument) {
@@ -50,6 +55,15 @@ DeskSetting settingOf(const DeskOptions& options)
     return setting;
 }
 
+/* Runs the event loop and draws the desk at its end, if that is wanted. */
+int runLoop(DeskWindow& window, const DeskOptions& options)
+{
+    const int result = QApplication::exec();
+    if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
+        return complain(tr("The picture %1 cannot be written.").arg(options.deskShot));
+    return result;
+}
+
 int runWindow(DeskSession& session, const DeskOptions& options)
 {
     DeskWindow window(session);
@@ -61,27 +75,23 @@ int runWindow(DeskSession& session, const DeskOptions& options)
     });
     session.pageLoader().load(options.page);
     session.startPen();
-    const int result = QApplication::exec();
-    if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
-        return complain(QStringLiteral("The picture %1 cannot be written.").arg(options.deskShot));
-    return result;
+    return runLoop(window, options);
 }
 
 int runScript(DeskSession& session, const DeskOptions& options)
 {
     QFile file(options.script);
     if (!file.open(QIODevice::ReadOnly))
-        return complain(
-            QStringLiteral("%1 cannot be read: %2").arg(options.script, file.errorString()));
+        return complain(tr("%1 cannot be read: %2").arg(options.script, file.errorString()));
     DeskScript script = DeskScript::parse(QString::fromUtf8(file.readAll()));
     if (!script.error.isEmpty())
         return complain(options.script + QLatin1String(", ") + script.error);
     if (!QDir().mkpath(options.out))
-        return complain(QStringLiteral("The folder %1 cannot be made.").arg(options.out));
+        return complain(tr("The folder %1 cannot be made.").arg(options.out));
 
     QFile penLog(options.out + QLatin1String("/pen.log"));
     if (!penLog.open(QIODevice::WriteOnly))
-        return complain(QStringLiteral("%1 cannot be written.").arg(penLog.fileName()));
+        return complain(tr("%1 cannot be written.").arg(penLog.fileName()));
 
     DeskWindow window(session);
     window.setAttribute(Qt::WA_DontShowOnScreen); // drawn for pictures only
@@ -102,10 +112,7 @@ int runScript(DeskSession& session, const DeskOptions& options)
         runner.start();
         session.startPen();
     });
-    const int result = QApplication::exec();
-    if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
-        return complain(QStringLiteral("The picture %1 cannot be written.").arg(options.deskShot));
-    return result;
+    return runLoop(window, options);
 }
 
 } // namespace
@@ -128,8 +135,8 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (windowed && !chosen && qEnvironmentVariableIsEmpty("DISPLAY")
         && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        return complain(QStringLiteral("There is no display for the window. "
-                                       "Use --headless SCRIPT to run without one."));
+        return complain(tr("There is no display for the window. "
+                           "Use --headless SCRIPT to run without one."));
 
     // Said once by a library that looks for a graphics driver, which is not needed here.
     QLoggingCategory::setFilterRules(

@@ -114,12 +114,7 @@ void ScriptReport::failure(DeskSession& session, const QString& reason,
         line(QLatin1String("  \"") + spoken.at(i).plain() + QLatin1Char('"'));
     heading(QStringLiteral("Swipes:"));
     for (const SwipeReport& report : session.swipeReports())
-        line(QStringLiteral("  outcome %1, %2 frames, picture %3 x %4  ")
-                 .arg(quint32(report.outcome))
-                 .arg(report.frames)
-                 .arg(report.panorama.width())
-                 .arg(report.panorama.height())
-             + report.reason);
+        line(QLatin1String("  ") + report.told());
     heading(QStringLiteral("Last messages:"));
     const auto& log = session.launcher().log();
     for (qsizetype i = std::max<qsizetype>(0, log.size() - LastMessages); i < log.size(); ++i)

@@ -18,21 +18,6 @@ constexpr int IdleMs = 500; // nothing has happened for so long
 constexpr int LeaveMs = 10'000;
 constexpr int Magnification = 4;
 
-QString outcomeName(desklink::SwipeOutcome outcome)
-{
-    switch (outcome) {
-    case desklink::SwipeOutcome::Delivered:
-        return QStringLiteral("delivered");
-    case desklink::SwipeOutcome::NoPrint:
-        return QStringLiteral("no-print");
-    case desklink::SwipeOutcome::BadMotion:
-        return QStringLiteral("bad-motion");
-    case desklink::SwipeOutcome::Stopped:
-        break;
-    }
-    return QStringLiteral("stopped");
-}
-
 } // namespace
 
 ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outDir,
@@ -68,12 +53,7 @@ void ScriptRunner::connectSession()
     connect(&m_session, &DeskSession::cameraSwitched, this, &ScriptRunner::check);
     connect(&m_session, &DeskSession::swipeEnded, this, &ScriptRunner::check);
     connect(&m_session, &DeskSession::swipeReported, this, [this](const SwipeReport& report) {
-        m_report.event(QStringLiteral("          scan engine: ") + outcomeName(report.outcome)
-                       + QStringLiteral(", %1 frames, picture %2 x %3 ")
-                             .arg(report.frames)
-                             .arg(report.panorama.width())
-                             .arg(report.panorama.height())
-                       + report.reason);
+        m_report.event(QStringLiteral("          scan engine: ") + report.told());
         check();
     });
     connect(&m_session, &DeskSession::pageChanged, this, &ScriptRunner::check);
@@ -305,7 +285,7 @@ ScriptRunner::Condition ScriptRunner::conditionOf(const DeskCommand& command) co
         return [this, name = command.name] {
             const auto& reports = m_session.swipeReports();
             return reports.size() > m_mark.swipes
-                   && (name.isEmpty() || outcomeName(reports.last().outcome) == name);
+                   && (name.isEmpty() || reports.last().outcomeName() == name);
         };
     case Verb::WaitIdle:
         return [this] { return m_session.quietMs() >= IdleMs; };
