@@ -10,6 +10,7 @@
 #include "store/configreader.h"
 #include "store/languagemanager.h"
 #include "store/launcher.h"
+#include "store/voicecodes.h"
 
 #include <QScopeGuard>
 
@@ -26,6 +27,15 @@ SpeechSettings currentSettings()
     settings.punctuationPause = config->getPuncPauseInfo();
     settings.wordPause = config->getWordPauseInfo();
     return settings;
+}
+
+// Menus and hints are spoken in the voice of the interface's language, and the voice stays as it
+// was set last.
+void takeVoiceOf(int language)
+{
+    const ConfigReader* config = ConfigReader::Instance();
+    TTSPlayer::Instance()->setLan(
+        voicecodes::forScanLanguage(config->getTTSInfo(), language, config->getSpanishInfo() == 1));
 }
 
 } // namespace
@@ -81,6 +91,7 @@ void MyEdit::Sound(QString& text)
     emit readingPrepared(text, prepared);
     if (isChineseVoice(settings.language))
         text = prepared->text;
+    takeVoiceOf(settings.language);
     m_playing = true;
     player->play(prepared->text);
     m_playing = false;

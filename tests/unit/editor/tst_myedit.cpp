@@ -72,6 +72,8 @@ private slots:
     void spokenWordIsMarked_data();
     void spokenWordIsMarked();
     void changedTextIsNotMarked();
+    void readingTakesTheVoiceOfTheScanLanguage_data();
+    void readingTakesTheVoiceOfTheScanLanguage();
     void readingSwitchedOffStaysSilent();
     void delayComesBeforeReading();
     void okReadsFromTheWordAtTheCursorAndStops();
@@ -478,6 +480,35 @@ void TestMyEdit::changedTextIsNotMarked()
     QVERIFY(m_edit->extraSelections().isEmpty());
     QVERIFY(FakeTts::finish());
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+}
+
+void TestMyEdit::readingTakesTheVoiceOfTheScanLanguage_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<int>("voice");
+    QTest::newRow("German") << 104 << QString() << 104;
+    QTest::newRow("Chinese") << 1 << QString() << 1;
+    QTest::newRow("English") << 101 << QString() << 200;
+    QTest::newRow("English, voice 2") << 101 << "SystemSet/TTS=2" << 203;
+    QTest::newRow("German, voice 2") << 104 << "SystemSet/TTS=2" << 104;
+    QTest::newRow("Spanish variant") << 105 << "SystemSet/SPANISH=1" << 202;
+}
+
+void TestMyEdit::readingTakesTheVoiceOfTheScanLanguage()
+{
+    QFETCH(int, language);
+    QFETCH(QString, setting);
+    QFETCH(int, voice);
+    m_state->root.write(QStringLiteral("/apps/config/scanlanguage.cfg"),
+                        "x\t" + QByteArray::number(language) + "\tx\t1\t1\t1\t1\n");
+    if (!setting.isEmpty())
+        m_state->root.setSetting(setting.section(u'=', 0, 0), setting.section(u'=', 1).toInt());
+    open(QString());
+    TTSPlayer::Instance()->setLan(206); // what a menu left behind
+    swipe(u"text");
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"text"}));
+    QCOMPARE(FakeTts::language(), voice);
 }
 
 void TestMyEdit::readingSwitchedOffStaysSilent()
