@@ -1,5 +1,7 @@
 #include "editor/appendrules.h"
 
+#include "store/scantext.h"
+
 namespace {
 
 const QString ParagraphBreak = QStringLiteral("\n    ");
@@ -15,15 +17,11 @@ bool wantsBlankBehind(const QString& scan)
 
 } // namespace
 
-qsizetype savedLength(const QString& text)
-{
-    return text.size() + text.count(u'\n');
-}
-
 bool fitsIntoFile(const QString& document, const QString& addition)
 {
     const qsizetype paragraph = addition == ParagraphBreak ? 1 : 0;
-    return (addition.size() + paragraph + savedLength(document)) * BytesPerUnit <= MaxFileBytes;
+    const qint64 added = (addition.size() + paragraph) * BytesPerUnit;
+    return added + scantext::savedSize(document) <= MaxFileBytes;
 }
 
 QString withTrailingBlank(const QString& document, const QString& scan)

@@ -7,9 +7,6 @@
  * the byte-order mark. */
 constexpr int MaxFileBytes = 65536;
 
-/* Length in UTF-16 code units that a text takes in a saved file: each "\n" counts two. */
-qsizetype savedLength(const QString& text);
-
 /*
  * Whether `addition` may be appended to `document` within MaxFileBytes. A paragraph break, exactly
  * "\n    ", counts one unit more than its length, for the line end that it is saved with.

@@ -7,7 +7,6 @@ class TestAppendRules : public QObject
     Q_OBJECT
 
 private slots:
-    void lineEndsCountTwoWhenSaved();
     void fullDocumentTakesNothing();
     void documentTakesWhatFits();
     void lineEndsOfTheDocumentCountTwo();
@@ -16,12 +15,6 @@ private slots:
     void trailingBlank();
     void trailingBlankIsLeftOutWhenItDoesNotFit();
 };
-
-void TestAppendRules::lineEndsCountTwoWhenSaved()
-{
-    QCOMPARE(savedLength(QStringLiteral("a\nb\n")), 6);
-    QCOMPARE(savedLength(QString()), 0);
-}
 
 void TestAppendRules::fullDocumentTakesNothing()
 {

@@ -1,0 +1,27 @@
+/* Any text for the voice: words lie inside the text, in order, none twice. */
+#include "open/tts/piecer.h"
+#include "tests/fuzz/require.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    if (size == 0)
+        return 0;
+    const tts::Script script = data[0] % 2 == 0 ? tts::Script::Alphabetic : tts::Script::Chinese;
+    std::u16string text((size - 1) / 2, u'\0');
+    std::copy_n(data + 1, text.size() * 2, reinterpret_cast<std::uint8_t*>(text.data()));
+
+    std::size_t end = 0;
+    for (const tts::Piece& piece : tts::cutIntoPieces(text, script)) {
+        for (const auto& word : piece.words) {
+            REQUIRE(word.length > 0);
+            REQUIRE(static_cast<std::size_t>(word.offset) >= end);
+            end = static_cast<std::size_t>(word.offset) + static_cast<std::size_t>(word.length);
+            REQUIRE(end <= text.size());
+        }
+    }
+    return 0;
+}
