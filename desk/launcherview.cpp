@@ -12,11 +12,21 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QtConcurrentRun>
 
 namespace {
 
 constexpr int MaxMessages = 500;
 constexpr int FilesEveryMs = 1000;
+
+QString filesOnPen(const QString& root)
+{
+    QString text;
+    for (const penfiles::ScanFile& file : penfiles::list(root))
+        text += file.path + LauncherView::tr(" (%1 bytes)").arg(file.bytes) + QLatin1Char('\n')
+                + file.text + QLatin1String("\n\n");
+    return text.isEmpty() ? LauncherView::tr("No scan files yet") : text;
+}
 
 } // namespace
 
@@ -53,11 +63,12 @@ LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
     auto* const timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, [this] {
         if (m_files->isVisible())
-            showFiles();
+            readFiles();
     });
-    connect(tabs, &QTabWidget::currentChanged, this, &LauncherView::showFiles);
+    connect(tabs, &QTabWidget::currentChanged, this, &LauncherView::readFiles);
+    connect(&m_filesReader, &QFutureWatcher<QString>::finished, this, &LauncherView::showFiles);
     timer->start(FilesEveryMs);
-    showFiles();
+    readFiles();
 }
 
 QWidget* LauncherView::makeSwitches()
@@ -131,14 +142,17 @@ void LauncherView::addMessage(const Launcher::Entry& entry)
         m_messages->scrollToBottom();
 }
 
+void LauncherView::readFiles()
+{
+    if (!m_filesReader.isRunning())
+        m_filesReader.setFuture(QtConcurrent::run(filesOnPen, m_root));
+}
+
 void LauncherView::showFiles()
 {
-    QString text;
-    for (const penfiles::ScanFile& file : penfiles::list(m_root))
-        text += file.path + tr(" (%1 bytes)").arg(file.bytes) + QLatin1Char('\n') + file.text
-                + QLatin1String("\n\n");
-    if (text.isEmpty())
-        text = tr("No scan files yet");
-    if (m_files->toPlainText() != text)
-        m_files->setPlainText(text);
+    const QString text = m_filesReader.result();
+    if (m_filesText == text)
+        return;
+    m_filesText = text;
+    m_files->setPlainText(text);
 }

@@ -3,6 +3,7 @@
 
 #include "desk/launcher.h"
 
+#include <QFutureWatcher>
 #include <QWidget>
 
 class QListWidget;
@@ -33,6 +34,7 @@ private:
     QWidget* makeSwitches();
     QPushButton* addSwitch(const QString& text, const QString& tip);
     void addMessage(const Launcher::Entry& entry);
+    void readFiles();
     void showFiles();
 
     Launcher& m_launcher;
@@ -43,6 +45,8 @@ private:
     QList<QWidget*> m_whileRunning;
     QListWidget* m_messages;
     QPlainTextEdit* m_files;
+    QString m_filesText;
+    QFutureWatcher<QString> m_filesReader; // a full card takes longer than a key may wait
 };
 
 #endif

@@ -7,7 +7,11 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QPlainTextEdit>
 #include <QSignalSpy>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -165,6 +169,19 @@ private slots:
         QVERIFY(changed.wait(30000));
         QCOMPARE(chooser->currentText(), "Chinese");
         QCOMPARE(chooser->currentData().toString(), "chinese");
+    }
+
+    void theCardIsShown()
+    {
+        auto* const card = m_window->findChild<QPlainTextEdit*>();
+        QTRY_COMPARE(card->toPlainText(), "No scan files yet");
+        QVERIFY(QDir(m_root->path()).mkpath("mnt/mmc/e_ScanFile"));
+        QFile file(m_root->filePath("mnt/mmc/e_ScanFile/notes.txt"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QVERIFY(file.write("A line.") > 0);
+        file.close();
+        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        QTRY_VERIFY(card->toPlainText().contains("notes.txt (7 bytes)\nA line."));
     }
 
     void aClickIsNoSwipe()
