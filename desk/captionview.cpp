@@ -18,11 +18,12 @@ QString readable(const QString& text, int& offset)
     QString result;
     bool inTag = false;
     int newOffset = 0;
+    const qsizetype lastTagEnd = text.lastIndexOf(QLatin1Char('>'));
     for (int i = 0; i < text.size(); ++i) {
         if (i == offset)
             newOffset = int(result.size());
         const QChar c = text.at(i);
-        if (c == QLatin1Char('<') && text.indexOf(QLatin1Char('>'), i) > 0)
+        if (c == QLatin1Char('<') && i < lastTagEnd)
             inTag = true;
         const bool blank = inTag || c.isSpace();
         if (!blank)
