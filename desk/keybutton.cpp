@@ -47,7 +47,7 @@ KeyButton::KeyButton(const penkeys::PenKey& key, QWidget* parent)
     : QAbstractButton(parent), m_key(key.key)
 {
     setText(QString::fromUtf8(key.label));
-    setToolTip(QString::fromUtf8(key.purpose));
+    setToolTip(tr(key.purpose));
     setAccessibleName(tr("Key %1").arg(QString::fromUtf8(key.name)));
     setAccessibleDescription(toolTip());
     setFocusPolicy(Qt::TabFocus);

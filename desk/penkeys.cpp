@@ -6,15 +6,17 @@
 namespace {
 
 constexpr std::array<penkeys::PenKey, 9> Keys = {{
-    {Qt::Key_Escape, "Esc", "Esc", "Back, or the menu above"},
-    {Qt::Key_F12, "F12", "Set", "Quick settings (F12)"},
-    {Qt::Key_Left, "Left", "\u25C0", "Left"},
-    {Qt::Key_Up, "Up", "\u25B2", "Up"},
-    {Qt::Key_Return, "OK", "OK", "OK (Return)"},
-    {Qt::Key_Down, "Down", "\u25BC", "Down"},
-    {Qt::Key_Right, "Right", "\u25B6", "Right"},
-    {Qt::Key_F7, "F7", "\u23EA\uFE0E", "Seek backwards while held (F7)"},
-    {Qt::Key_F8, "F8", "\u23E9\uFE0E", "Seek forwards while held (F8)"},
+    {Qt::Key_Escape, "Esc", "Esc", QT_TRANSLATE_NOOP("KeyButton", "Back, or the menu above")},
+    {Qt::Key_F12, "F12", "Set", QT_TRANSLATE_NOOP("KeyButton", "Quick settings (F12)")},
+    {Qt::Key_Left, "Left", "\u25C0", QT_TRANSLATE_NOOP("KeyButton", "Left")},
+    {Qt::Key_Up, "Up", "\u25B2", QT_TRANSLATE_NOOP("KeyButton", "Up")},
+    {Qt::Key_Return, "OK", "OK", QT_TRANSLATE_NOOP("KeyButton", "OK (Return)")},
+    {Qt::Key_Down, "Down", "\u25BC", QT_TRANSLATE_NOOP("KeyButton", "Down")},
+    {Qt::Key_Right, "Right", "\u25B6", QT_TRANSLATE_NOOP("KeyButton", "Right")},
+    {Qt::Key_F7, "F7", "\u23EA\uFE0E",
+     QT_TRANSLATE_NOOP("KeyButton", "Seek backwards while held (F7)")},
+    {Qt::Key_F8, "F8", "\u23E9\uFE0E",
+     QT_TRANSLATE_NOOP("KeyButton", "Seek forwards while held (F8)")},
 }};
 
 } // namespace
