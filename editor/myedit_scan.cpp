@@ -45,9 +45,11 @@ int MyEdit::Recognize(_stImg* image)
 {
     forgetArrival(image);
     // A recognition may have ended unheard yet: its text is taken before this one writes its own.
-    if (!m_recThread->isRunning())
+    // Asked once: one that ends between two questions would be neither waited for nor taken.
+    const bool busy = m_recThread->isRunning();
+    if (!busy)
         FinishRec();
-    if (!m_bound || m_recThread->isRunning()) {
+    if (!m_bound || busy || m_recThread->isRunning()) {
         releaseImage(image);
         return -1;
     }
