@@ -135,6 +135,21 @@ void MainWindow::connectMenu(MySubMenu* menu, MenuSlot onShow)
     connect(menu, &MySubMenu::signalDown, this, speakWith(&MainWindow::menuDownSlot));
 }
 
+void MainWindow::setKeyForwarder(QWidget* widget)
+{
+    if (m_keyForwarder)
+        m_keyForwarder->removeEventFilter(this);
+    m_keyForwarder = widget;
+    if (widget)
+        widget->installEventFilter(this);
+}
+
+void MainWindow::hideButton()
+{
+    if (m_keyForwarder)
+        m_keyForwarder->show();
+}
+
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
     if (m_editor && object == m_editor && event->type() == QEvent::Show) {

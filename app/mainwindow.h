@@ -8,7 +8,6 @@
 class CTTSThread;
 class CTtsThread;
 class CTtsThreadForSet;
-class DictScanEdit;
 class MyEdit;
 class MySubMenu;
 class QCopChannel;
@@ -46,6 +45,12 @@ public:
 
     /* Hands text recognised for a new file name to the rename flow. Any thread. */
     void tirggleEditSingal(const QString& text);
+
+    /* Watches a widget whose keys go to the editor; not owned, null for none. */
+    void setKeyForwarder(QWidget* widget);
+
+    /* Shows the widget that forwards keys, if there is one. */
+    void hideButton();
 
     bool eventFilter(QObject* object, QEvent* event) override;
 
@@ -123,7 +128,6 @@ private:
     std::unique_ptr<CTTSThread> m_menuSpeech;
     MySubMenu* m_mainMenu = nullptr;
     QPointer<MySubMenu> m_subMenu;
-    DictScanEdit* m_translateScreen = nullptr;
     QPointer<QWidget> m_keyForwarder;
     QCopChannel* m_channel = nullptr;
     QPointer<SandGlass> m_sandGlass;

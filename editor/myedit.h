@@ -120,6 +120,9 @@ public:
      * result, -1 for a record without an image, -2 when no text came out. */
     int RecThread(_stImg* image);
 
+    /* Whether the last scan came while the editor was reading aloud. Any thread. */
+    bool scannedWhileReading() const { return m_scannedWhileReading; }
+
     /* Whether the last recognition gave no text or was doubted by the engine. */
     bool recognitionFailed() const { return m_recognitionFailed; }
 
@@ -224,8 +227,6 @@ private:
     QList<ScannedText> m_readQueue;
 
     QMutex m_soundMutex; // one reading at a time
-    std::atomic<bool> m_reading = false;
-    std::atomic<bool> m_playing = false;
     std::atomic<bool> m_stopSoundAllowed = true;
     bool m_talk = false;
 

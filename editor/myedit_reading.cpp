@@ -12,8 +12,6 @@
 #include "store/launcher.h"
 #include "store/voicecodes.h"
 
-#include <QScopeGuard>
-
 namespace {
 
 constexpr int LanguageWithoutSpeech = 3;
@@ -78,8 +76,6 @@ void MyEdit::beginReading(const QString& text, int documentStart)
 void MyEdit::Sound(QString& text)
 {
     const QMutexLocker lock(&m_soundMutex);
-    m_reading = true;
-    const auto finished = qScopeGuard([this] { m_reading = false; });
     launcher::tellSoundBegins();
     const SpeechSettings settings = currentSettings();
     if (settings.language == LanguageWithoutSpeech)
@@ -92,9 +88,7 @@ void MyEdit::Sound(QString& text)
     if (isChineseVoice(settings.language))
         text = prepared->text;
     takeVoiceOf(settings.language);
-    m_playing = true;
     player->play(prepared->text);
-    m_playing = false;
 }
 
 void MyEdit::setPreparedReading(const QString& source,

@@ -9,6 +9,7 @@
 #include "tests/fakes/fakeocr.h"
 #include "tests/shared/windowfixture.h"
 
+#include <QLineEdit>
 #include <QSignalSpy>
 
 namespace {
@@ -50,6 +51,8 @@ private slots:
     void verticalModeIsAnnounced();
     void editorSpeaksItsHint();
     void showingTheEditorLetsTheEngineDeliver();
+    void forwardedKeysReachTheEditor();
+    void forwardedKeyWithoutEditorIsSwallowed();
     void escapeInTheMainMenuEndsTheApplication();
     void endShutsTheEnginesDown();
 };
@@ -377,6 +380,35 @@ void TestMainWindow::showingTheEditorLetsTheEngineDeliver()
     f.window->editor()->hide();
     f.window->editor()->show();
     QVERIFY(!FakeIap::stopSignal());
+}
+
+void TestMainWindow::forwardedKeysReachTheEditor()
+{
+    WindowFixture f;
+    f.window->newFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
+    f.window->editor()->appendText(QStringLiteral("one two"));
+    QLineEdit forwarder(f.window.get());
+    f.window->setKeyForwarder(&forwarder);
+    f.window->hideButton();
+    QVERIFY(forwarder.isVisible());
+    forwarder.setFocus();
+    QTest::keyClick(&forwarder, Qt::Key_Right);
+    QCOMPARE(f.window->editor()->getCurPosition(), 4);
+    QVERIFY(f.window->editor()->hasFocus());
+    f.window->setKeyForwarder(nullptr);
+    QTest::keyClick(&forwarder, Qt::Key_Right);
+    QCOMPARE(f.window->editor()->getCurPosition(), 4);
+}
+
+void TestMainWindow::forwardedKeyWithoutEditorIsSwallowed()
+{
+    WindowFixture f;
+    f.window->hideButton(); // nothing to show
+    QLineEdit forwarder(f.window.get());
+    f.window->setKeyForwarder(&forwarder);
+    QTest::keyClicks(&forwarder, QStringLiteral("text"));
+    QVERIFY(forwarder.text().isEmpty());
 }
 
 void TestMainWindow::escapeInTheMainMenuEndsTheApplication()

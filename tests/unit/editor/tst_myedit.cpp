@@ -322,6 +322,7 @@ void TestMyEdit::swipeWhileReadingSilencesAndIsRecognised()
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first line second line "));
     QTRY_COMPARE(FakeTts::texts().size(), std::size_t(2));
     QCOMPARE(keys.count(), 1);
+    QVERIFY(m_edit->scannedWhileReading());
     QVERIFY(FakeTts::waitUntilSpeaking());
     QVERIFY(FakeTts::finish());
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
