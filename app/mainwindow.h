@@ -12,6 +12,7 @@ class MyEdit;
 class MySubMenu;
 class QCopChannel;
 class SandGlass;
+struct FileInfo;
 
 /*
  * The controller of the whole application: owns the screens and moves between them, builds and
@@ -115,8 +116,12 @@ private:
     void showContinueEdit();
     void showOpenEdit();
     void ensureEditor();
-    /* Binds the editor to the current file and shows it. */
-    void bindAndShowEditor();
+    /* Makes sure of storage, folder and editor, then as bindAndShowEditor(). */
+    bool showEdit(const FileInfo& file);
+    /* Binds the editor to a file and shows it; false when the file cannot be opened. */
+    bool bindAndShowEditor(const FileInfo& file);
+    /* Makes a file the one that "Continue scan" opens. */
+    void makeCurrent(const FileInfo& file);
     /* Names the current file in the menu's first item, which is added when it is missing. */
     void setContinueItem(MySubMenu* menu, const QString& fileName);
     void showMessage(const QString& text);

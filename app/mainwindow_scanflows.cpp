@@ -42,7 +42,14 @@ void MainWindow::startBusy(void (MainWindow::*work)())
     m_sandGlass->setGeometry(SandGlass::Place);
     m_sandGlass->show();
     m_sandGlass->raise();
-    QTimer::singleShot(PaintFirstMs, this, work);
+    QTimer::singleShot(PaintFirstMs, this, [this, work] {
+        // The card may have gone to a PC meanwhile.
+        const QWidget* current = WidgetChange::Instance()->getCurWidget();
+        if (current && !current->isEnabled())
+            endBusy();
+        else
+            (this->*work)();
+    });
 }
 
 void MainWindow::endBusy()
@@ -75,17 +82,33 @@ void MainWindow::showNewEdit()
         endBusy();
         return; // the store has told the user
     }
-    files->setCurFileIndex(created.id);
-    setContinueItem(m_mainMenu, created.name);
-    bindAndShowEditor();
+    makeCurrent(created);
+    bindAndShowEditor(created);
+}
+
+// In the list file too: after a cut of power the menu offers the file that was worked on.
+void MainWindow::makeCurrent(const FileInfo& file)
+{
+    FileManager::Instance()->setCurFileIndex(file.id);
+    FileManager::Instance()->flush();
+    setContinueItem(m_mainMenu, file.name);
 }
 
 void MainWindow::showContinueEdit()
 {
+    FileInfo current;
+    if (FileManager::Instance()->getCurInfo(current))
+        showEdit(current);
+    else
+        endBusy();
+}
+
+bool MainWindow::showEdit(const FileInfo& file)
+{
     warnWhenStorageLow();
     ensureScanFolder();
     ensureEditor();
-    bindAndShowEditor();
+    return bindAndShowEditor(file);
 }
 
 void MainWindow::ensureEditor()
@@ -104,15 +127,13 @@ void MainWindow::ensureEditor()
     m_editor->Getscanner()->setEdit(m_editor);
 }
 
-void MainWindow::bindAndShowEditor()
+bool MainWindow::bindAndShowEditor(const FileInfo& file)
 {
-    FileInfo current;
-    const bool found = FileManager::Instance()->getCurInfo(current);
-    if (!found || m_editor->setFileInfo(current) != 0) {
+    if (m_editor->setFileInfo(file) != 0) {
         endBusy();
         if (QWidget* menu = WidgetChange::Instance()->getCurWidget())
             menu->setFocus(Qt::OtherFocusReason);
-        return;
+        return false;
     }
     WidgetChange* screens = WidgetChange::Instance();
     m_editor->setPrevWidget(screens->getCurWidget() ? screens->getCurWidget() : m_mainMenu);
@@ -120,6 +141,7 @@ void MainWindow::bindAndShowEditor()
     screens->Go2NewWidget(m_editor);
     if (ConfigReader::Instance()->getScanDirectInfo() == ZEMBRA_IAP_VERTICAL)
         showMessage(tr("Vertical Text Scan Mode!"));
+    return true;
 }
 
 // Newest first, as the store lists them.
@@ -154,13 +176,12 @@ void MainWindow::openFile()
 
 void MainWindow::showOpenEdit()
 {
-    FileManager* files = FileManager::Instance();
+    // A file that cannot be opened does not become the one to continue.
     FileInfo chosen;
-    if (files->getInfoByID(m_chosenFile, chosen)) {
-        files->setCurFileIndex(chosen.id);
-        setContinueItem(m_mainMenu, chosen.name);
-    }
-    showContinueEdit();
+    if (!FileManager::Instance()->getInfoByID(m_chosenFile, chosen))
+        endBusy();
+    else if (showEdit(chosen))
+        makeCurrent(chosen);
 }
 
 void MainWindow::deleteFileMenu()

@@ -4,9 +4,6 @@
 
 namespace {
 
-const QString ParagraphBreak = QStringLiteral("\n    ");
-constexpr int BytesPerUnit = 2;
-
 bool wantsBlankBehind(const QString& scan)
 {
     const QChar last = scan.back();
@@ -19,9 +16,7 @@ bool wantsBlankBehind(const QString& scan)
 
 bool fitsIntoFile(const QString& document, const QString& addition)
 {
-    const qsizetype paragraph = addition == ParagraphBreak ? 1 : 0;
-    const qint64 added = (addition.size() + paragraph) * BytesPerUnit;
-    return added + scantext::savedSize(document) <= MaxFileBytes;
+    return scantext::savedSize(document) + scantext::savedSize(addition) <= MaxFileBytes;
 }
 
 QString withTrailingBlank(const QString& document, const QString& scan)

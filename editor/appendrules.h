@@ -7,9 +7,8 @@
  * the byte-order mark. */
 constexpr int MaxFileBytes = 65536;
 
-/*
- * Whether `addition` may be appended to `document` within MaxFileBytes. A paragraph break, exactly
- * "\n    ", counts one unit more than its length, for the line end that it is saved with.
+/* Whether `addition` may be appended to `document` within MaxFileBytes. A line end of either, also
+ * that of a paragraph break ("\n    "), counts one unit more, for the "\r\n" that it is saved as.
  */
 bool fitsIntoFile(const QString& document, const QString& addition);
 

@@ -8,6 +8,7 @@
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/shared/windowfixture.h"
+#include "widgets/sandglass.h"
 
 #include <QLineEdit>
 #include <QSignalSpy>
@@ -46,6 +47,9 @@ private slots:
     void openListsTheFilesNewestFirst();
     void openWithoutFilesSaysSo();
     void openShowsTheChosenFile();
+    void openedFileIsCurrentAfterARestart();
+    void fileTooBigDoesNotBecomeCurrent();
+    void cardThatLeavesWhileBusyStopsTheWork();
     void leavingTheEditorReturnsToTheMenu();
     void fileTooBigStaysInTheMenu();
     void verticalModeIsAnnounced();
@@ -323,6 +327,57 @@ void TestMainWindow::openShowsTheChosenFile()
     FileInfo current;
     QVERIFY(FileManager::Instance()->getCurInfo(current));
     QCOMPARE(current.name, second);
+}
+
+void TestMainWindow::openedFileIsCurrentAfterARestart()
+{
+    WindowFixture f({QStringLiteral("one"), QStringLiteral("two")});
+    f.window->openFileMenu();
+    f.press(Qt::Key_Down);
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.current(), f.window->editor());
+    FileInfo opened;
+    QVERIFY(FileManager::Instance()->getCurInfo(opened));
+    // As after a cut of power: nothing was left or saved.
+    FileManager::quitFun();
+    QCOMPARE(FileManager::Instance()->init(), 0);
+    FileInfo restored;
+    QVERIFY(FileManager::Instance()->getCurInfo(restored));
+    QCOMPARE(restored.name, opened.name);
+}
+
+void TestMainWindow::fileTooBigDoesNotBecomeCurrent()
+{
+    WindowFixture f({QStringLiteral("a"), QStringLiteral("z")});
+    FileInfo before;
+    QVERIFY(FileManager::Instance()->getCurInfo(before));
+    const QString big =
+        before.name == QLatin1String("a") ? QStringLiteral("z") : QStringLiteral("a");
+    f.state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(big),
+                       QByteArray("\xff\xfe", 2) + QByteArray("a\0", 2).repeated(40000));
+    f.window->openFileMenu();
+    if (!f.entries().first().startsWith(big))
+        f.press(Qt::Key_Down);
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.messages.texts(),
+                 QStringList{"The file is too big, do not edit the file in computer."});
+    FileInfo after;
+    QVERIFY(FileManager::Instance()->getCurInfo(after));
+    QCOMPARE(after.name, before.name);
+}
+
+void TestMainWindow::cardThatLeavesWhileBusyStopsTheWork()
+{
+    WindowFixture f;
+    QWidget* menu = f.current();
+    f.window->newFile();
+    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
+    QTRY_VERIFY(!f.window->findChild<SandGlass*>());
+    QCOMPARE(FileManager::Instance()->getFileNum(), 0);
+    QCOMPARE(f.current(), menu);
+    f.window->handleReceived(QStringLiteral("USB(QString)"), "delete");
+    f.window->newFile();
+    QTRY_COMPARE(f.current(), f.window->editor());
 }
 
 void TestMainWindow::leavingTheEditorReturnsToTheMenu()
