@@ -71,8 +71,10 @@ void TestOcrPen::theFirstUseStartsTheEngineWithItsFolder()
 
 void TestOcrPen::oneInstanceForManyThreads()
 {
+    constexpr int Users = 8;
     std::vector<std::future<OCRPen*>> users;
-    for (int i = 0; i < 8; ++i)
+    users.reserve(Users);
+    for (int i = 0; i < Users; ++i)
         users.push_back(std::async(std::launch::async, &OCRPen::Instance));
     for (auto& user : users)
         QCOMPARE(user.get(), OCRPen::Instance());

@@ -103,8 +103,10 @@ void TestTtsPlayer::theFirstUseStartsTheEngineWithItsFolders()
 
 void TestTtsPlayer::oneInstanceForManyThreads()
 {
+    constexpr int Users = 8;
     std::vector<std::future<TTSPlayer*>> users;
-    for (int i = 0; i < 8; ++i)
+    users.reserve(Users);
+    for (int i = 0; i < Users; ++i)
         users.push_back(std::async(std::launch::async, &TTSPlayer::Instance));
     for (auto& user : users)
         QCOMPARE(user.get(), TTSPlayer::Instance());

@@ -44,7 +44,7 @@ int main(int argc, char* argv[])
     const QStringList words = QCoreApplication::arguments();
     if (words.size() < 3)
         return 2;
-    const QString mode = words.at(1);
+    const QString& mode = words.at(1);
     if (mode == u"flood")
         return flood(words.at(2), words.value(3).toInt());
     QCopChannel channel(words.at(2));

@@ -94,6 +94,7 @@ void TstTtsEngine::stopEndsWaitingTextsToo()
     std::vector<int> codes(3, -5);
     std::atomic<int> entered = 0;
     std::vector<std::thread> threads;
+    threads.reserve(codes.size());
     for (int& code : codes)
         threads.emplace_back([&code, &text, &entered] {
             ++entered;
@@ -175,9 +176,11 @@ void TstTtsEngine::textsComeOneAfterTheOther()
     const QString text = QStringLiteral("One after the other.");
     const std::size_t one = lengthOf(text);
     const std::size_t before = recorded().size();
+    constexpr int Speakers = 4;
     std::vector<std::thread> threads;
+    threads.reserve(Speakers);
     std::atomic<int> spoken = 0;
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < Speakers; ++i)
         threads.emplace_back([&text, &spoken] { spoken += play(text) == 0; });
     for (std::thread& thread : threads)
         thread.join();
