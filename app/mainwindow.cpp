@@ -33,10 +33,13 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_channel = new QCopChannel(QStringLiteral("scanprocess"), this);
     connect(m_channel, &QCopChannel::received, this, &MainWindow::handleReceived);
 
+    sortDictLoad();
     ScanWindow();
 
     m_setupThread = std::make_unique<CTtsThread>();
+    connect(m_setupThread.get(), &QThread::finished, this, &MainWindow::finishTtsSet);
     m_settingsThread = std::make_unique<CTtsThreadForSet>();
+    connect(m_settingsThread.get(), &QThread::finished, this, &MainWindow::finishTtsSetForSet);
     m_menuSpeech = std::make_unique<CTTSThread>();
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
@@ -51,6 +54,8 @@ MainWindow::~MainWindow()
     m_setupThread.reset();
     delete m_editor;
     m_editor = nullptr;
+
+    Translater::quitFun();
 
     // Each is made if it is not there yet, so that it is always a live object that is quit.
     OCRPen::Instance();

@@ -1,6 +1,8 @@
 #ifndef MAINWINDOW_H
 #define MAINWINDOW_H
 
+#include "engines/translater.h"
+
 #include <QMainWindow>
 #include <QPointer>
 #include <memory>
@@ -22,7 +24,8 @@ struct FileInfo;
  * tirggleEditSingal().
  *
  * Its code is in several files: mainwindow.cpp (construction, navigation), mainwindow_speech.cpp
- * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_scanflows.cpp (Scan to file).
+ * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_scanflows.cpp (Scan to file),
+ * mainwindow_dictflows.cpp (dictionaries).
  */
 class MainWindow : public QMainWindow
 {
@@ -62,6 +65,9 @@ public:
     void Back2Normal();
     void StopOnly();
 
+    /* The language pairs of the installed dictionaries, in the engine's order. */
+    const QVector<_stTransLan>& dictionaries() const { return m_dictionaries; }
+
     MyEdit* editor() const { return m_editor; }
     CTTSThread* menuSpeech() const { return m_menuSpeech.get(); }
     bool keepRunning() const { return m_keepRunning; }
@@ -86,6 +92,10 @@ public slots:
     void startSlot();
     void finishTalkingMenu();
 
+    /* The set-up workers have applied what they were given: the busy sign goes. */
+    void finishTtsSet();
+    void finishTtsSetForSet();
+
     void newFile();
     void continueFile();
     void openFileMenu();
@@ -100,6 +110,8 @@ signals:
     void signalEdit(const QString& text);
 
 private:
+    void sortDictLoad();
+
     using MenuSlot = void (MainWindow::*)(int index, const QString& text, int last);
 
     void setupUi();
@@ -137,6 +149,8 @@ private:
     QCopChannel* m_channel = nullptr;
     QPointer<SandGlass> m_sandGlass;
     int m_chosenFile = -1; // display index of the file chosen in the open list
+
+    QVector<_stTransLan> m_dictionaries;
 
     bool m_editorWasOpen = false;
     bool m_keepRunning = true;

@@ -1,5 +1,6 @@
 target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/app/mainwindow.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_dictflows.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_messages.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_scanflows.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_speech.cpp

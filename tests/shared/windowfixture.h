@@ -9,16 +9,20 @@
 #include "widgets/mysubmenu.h"
 
 #include <QTest>
+#include <functional>
 
 /* The running application over scripted engines: main window on screen, launcher listening. */
 class WindowFixture
 {
 public:
-    explicit WindowFixture(const QStringList& files = {})
+    explicit WindowFixture(const QStringList& files = {},
+                           const std::function<void()>& prepare = nullptr)
     {
         for (const QString& name : files)
             state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name),
                              QByteArray("\xff\xfet\0", 4));
+        if (prepare)
+            prepare();
         state.load();
         window = std::make_unique<MainWindow>();
         window->show();

@@ -5,6 +5,7 @@
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
+#include "tests/fakes/fakedic.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/shared/windowfixture.h"
@@ -55,6 +56,8 @@ private slots:
     void verticalModeIsAnnounced();
     void editorSpeaksItsHint();
     void showingTheEditorLetsTheEngineDeliver();
+    void dictionariesAreLoadedAtConstruction();
+    void endOfSetUpTakesTheBusySignAway();
     void forwardedKeysReachTheEditor();
     void forwardedKeyWithoutEditorIsSwallowed();
     void escapeInTheMainMenuEndsTheApplication();
@@ -435,6 +438,33 @@ void TestMainWindow::showingTheEditorLetsTheEngineDeliver()
     f.window->editor()->hide();
     f.window->editor()->show();
     QVERIFY(!FakeIap::stopSignal());
+}
+
+void TestMainWindow::dictionariesAreLoadedAtConstruction()
+{
+    {
+        const WindowFixture f({}, [] {
+            FakeDic::addPair(104, 101, u"German - English", {{}, {}});
+            FakeDic::addPair(101, 104, u"English - German", {{}});
+        });
+        QCOMPARE(f.window->dictionaries().size(), 2);
+        QCOMPARE(f.window->dictionaries().at(0).name, QStringLiteral("German - English"));
+        QCOMPARE(f.window->dictionaries().at(0).dicts.size(), 2);
+        QCOMPARE(f.window->dictionaries().at(1).lanID, 101);
+    }
+    QCOMPARE(FakeDic::openRecords(), 0);
+    QCOMPARE(FakeDic::misuses(), 0);
+}
+
+void TestMainWindow::endOfSetUpTakesTheBusySignAway()
+{
+    WindowFixture f;
+    f.window->newFile();
+    QVERIFY(f.window->findChild<SandGlass*>());
+    f.window->finishTtsSet();
+    QVERIFY(!f.window->findChild<SandGlass*>());
+    f.window->finishTtsSetForSet(); // nothing left to take away
+    QTRY_COMPARE(f.current(), f.window->editor());
 }
 
 void TestMainWindow::forwardedKeysReachTheEditor()
