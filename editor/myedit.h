@@ -215,7 +215,9 @@ private:
     QMutex m_arrivingMutex;
     QList<_stImg*> m_arriving;
 
-    // Set from the scan engine's thread.
+    // From the start of a reading until its end has been heard; asked by the scan engine's thread,
+    // which sets the other.
+    std::atomic<bool> m_readingAloud = false;
     std::atomic<bool> m_scannedWhileReading = false;
 
     struct ScannedText

@@ -68,6 +68,7 @@ void MyEdit::beginReading(const QString& text, int documentStart)
     QTextCursor start(document());
     start.setPosition(qBound(0, documentStart, document()->characterCount() - 1));
     m_requested.append({text, start, nullptr});
+    m_readingAloud = true;
     m_soundThread->setContent(text);
     m_soundThread->start(QThread::InheritPriority);
     launcher::tellSoundBegins();
@@ -149,8 +150,10 @@ void MyEdit::FinishSound()
 {
     unmark();
     // Heard late, when the next reading has begun already: that one tells of its end.
-    if (!m_soundThread->isRunning())
-        launcher::tellSoundEnds();
+    if (m_soundThread->isRunning())
+        return;
+    m_readingAloud = false;
+    launcher::tellSoundEnds();
 }
 
 void MyEdit::StopTTS()

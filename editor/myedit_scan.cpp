@@ -21,12 +21,12 @@ constexpr int NoText = -2;
 void MyEdit::tirggleEditSingal(_stImg* image)
 {
     emit signalKeyPress();
+    // Speech is silent already, so that the worker may have ended: not it, but whether the end of
+    // the reading has been heard tells whether there was one.
+    m_scannedWhileReading = m_readingAloud.load();
     if (m_soundThread->isRunning()) {
         TTSPlayer::Instance()->stop();
         m_soundThread->clearContent();
-        m_scannedWhileReading = true;
-    } else {
-        m_scannedWhileReading = false;
     }
     {
         const QMutexLocker lock(&m_arrivingMutex);

@@ -1,15 +1,9 @@
-#include "editor/myedit.h"
-
-#include "app/mystyle.h"
-#include "app/palette.h"
 #include "engines/csoundthread.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
-#include "tests/fakes/qcoprecorder.h"
-#include "tests/shared/applicationstate.h"
-#include "tests/shared/messagewatcher.h"
+#include "tests/unit/editor/editorfixture.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -22,13 +16,6 @@ const QString TooBigToOpen =
 const QString TooBigToAppend = QStringLiteral("The file is too big. Please create new file.");
 const QString Damaged = QStringLiteral("File system is damaged, please connect to PC and repair.");
 
-QByteArray utf16File(const QString& text)
-{
-    QByteArray bytes("\xff\xfe", 2);
-    bytes.append(reinterpret_cast<const char*>(text.utf16()), 2 * text.size());
-    return bytes;
-}
-
 _stImg* pictureOfALine()
 {
     const std::vector<unsigned char> pixels(4);
@@ -37,15 +24,12 @@ _stImg* pictureOfALine()
 
 } // namespace
 
-class TestMyEdit : public QObject
+/* The editor: file, scans, keys. */
+class TestMyEdit : public EditorFixture
 {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void init();
-    void cleanup();
-
     void bindingLoadsTheTextAndStartsTheEngine();
     void fileAtTheLimitIsOpened();
     void fileOverTheLimitOpensEmptyAndIsNeverSaved();
@@ -70,82 +54,9 @@ private slots:
     void stopOnlyLeavesTheFileAlone();
     void autoSaveTimerSaves();
     void keysAreIgnoredWhileSwiping();
-    void spokenWordIsMarked_data();
-    void spokenWordIsMarked();
-    void changedTextIsNotMarked();
-    void readingTakesTheVoiceOfTheScanLanguage_data();
-    void readingTakesTheVoiceOfTheScanLanguage();
-    void readingSwitchedOffStaysSilent();
-    void delayComesBeforeReading();
-    void okReadsFromTheWordAtTheCursorAndStops();
-    void readAgainReadsTheLastText();
     void arrowsWalkWords();
     void wordAtTheCursor();
-
-private:
-    void open(const QString& text);
-    QString savedText() const;
-    void swipe(const char16_t* text);
-
-    std::unique_ptr<ApplicationState> m_state;
-    std::unique_ptr<MessageWatcher> m_messages;
-    std::unique_ptr<QCopRecorder> m_launcher;
-    std::unique_ptr<QWidget> m_previous;
-    std::unique_ptr<MyEdit> m_edit;
 };
-
-void TestMyEdit::initTestCase()
-{
-    QApplication::setStyle(new MyStyle);
-    QApplication::setPalette(screenPalette());
-}
-
-void TestMyEdit::init()
-{
-    m_state = std::make_unique<ApplicationState>();
-    m_messages = std::make_unique<MessageWatcher>();
-    m_launcher = std::make_unique<QCopRecorder>();
-}
-
-void TestMyEdit::cleanup()
-{
-    m_edit.reset();
-    m_previous.reset();
-    m_launcher.reset();
-    m_messages.reset();
-    m_state.reset();
-}
-
-// An editor on a file with this text, shown, with a screen to go back to.
-void TestMyEdit::open(const QString& text)
-{
-    m_state->root.write(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"), utf16File(text));
-    m_state->load();
-    m_previous = std::make_unique<QWidget>();
-    WidgetChange::Instance()->Go2NewWidget(m_previous.get());
-    m_edit = std::make_unique<MyEdit>();
-    m_edit->setFixedSize(256, 64);
-    TTSPlayer::Instance()->setEdit(m_edit.get());
-    FileInfo info;
-    QVERIFY(FileManager::Instance()->getInfoByID(0, info));
-    if (m_edit->setFileInfo(info) == 0) {
-        m_edit->setPrevWidget(m_previous.get());
-        WidgetChange::Instance()->Go2NewWidget(m_edit.get());
-        m_edit->activateWindow();
-    }
-}
-
-QString TestMyEdit::savedText() const
-{
-    const QByteArray bytes = m_state->root.read(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
-    return QString(reinterpret_cast<const QChar*>(bytes.constData() + 2), bytes.size() / 2 - 1);
-}
-
-void TestMyEdit::swipe(const char16_t* text)
-{
-    FakeOcr::setResult(text);
-    QCOMPARE(FakeIap::swipe(FakeIap::pattern(40, 10)), std::optional(0));
-}
 
 void TestMyEdit::bindingLoadsTheTextAndStartsTheEngine()
 {
@@ -438,134 +349,6 @@ void TestMyEdit::keysAreIgnoredWhileSwiping()
     QVERIFY(m_edit->isBound());
     FakeIap::liftWithoutLine();
     QVERIFY(FakeIap::waitUntilIdle());
-}
-
-void TestMyEdit::spokenWordIsMarked_data()
-{
-    QTest::addColumn<int>("wordPause");
-    QTest::newRow("punctuation pauses") << 0;
-    QTest::newRow("word pauses") << 2;
-}
-
-void TestMyEdit::spokenWordIsMarked()
-{
-    QFETCH(int, wordPause);
-    m_state->root.setSetting(QStringLiteral("SystemSet/WORDPAUSE"), wordPause);
-    open(QStringLiteral("Old. "));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    swipe(u"Pi, say, is 3.14 ok");
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    for (const auto& word : {u"Pi", u"say", u"is", u"3.14", u"ok"}) {
-        const QString expected = QString::fromUtf16(word);
-        QVERIFY(FakeTts::speakWord());
-        QTRY_VERIFY(m_edit->getStartPosition() >= 0
-                    && m_edit->documentText()
-                           .mid(m_edit->getStartPosition(),
-                                m_edit->getEndPosition() - m_edit->getStartPosition())
-                           .startsWith(expected));
-        QCOMPARE(m_edit->extraSelections().size(), 1);
-        QCOMPARE(m_edit->getCurPosition(), m_edit->getStartPosition());
-    }
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->extraSelections().isEmpty());
-}
-
-void TestMyEdit::changedTextIsNotMarked()
-{
-    open(QString());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    swipe(u"one two");
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    m_edit->setPlainText(QStringLiteral("different"));
-    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(reports.count(), 1);
-    QCoreApplication::processEvents();
-    QVERIFY(m_edit->extraSelections().isEmpty());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
-}
-
-void TestMyEdit::readingTakesTheVoiceOfTheScanLanguage_data()
-{
-    QTest::addColumn<int>("language");
-    QTest::addColumn<QString>("setting");
-    QTest::addColumn<int>("voice");
-    QTest::newRow("German") << 104 << QString() << 104;
-    QTest::newRow("Chinese") << 1 << QString() << 1;
-    QTest::newRow("English") << 101 << QString() << 200;
-    QTest::newRow("English, voice 2") << 101 << "SystemSet/TTS=2" << 203;
-    QTest::newRow("German, voice 2") << 104 << "SystemSet/TTS=2" << 104;
-    QTest::newRow("Spanish variant") << 105 << "SystemSet/SPANISH=1" << 202;
-}
-
-void TestMyEdit::readingTakesTheVoiceOfTheScanLanguage()
-{
-    QFETCH(int, language);
-    QFETCH(QString, setting);
-    QFETCH(int, voice);
-    m_state->root.write(QStringLiteral("/apps/config/scanlanguage.cfg"),
-                        "x\t" + QByteArray::number(language) + "\tx\t1\t1\t1\t1\n");
-    if (!setting.isEmpty())
-        m_state->root.setSetting(setting.section(u'=', 0, 0), setting.section(u'=', 1).toInt());
-    open(QString());
-    TTSPlayer::Instance()->setLan(206); // what a menu left behind
-    swipe(u"text");
-    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"text"}));
-    QCOMPARE(FakeTts::language(), voice);
-}
-
-void TestMyEdit::readingSwitchedOffStaysSilent()
-{
-    m_state->root.setSetting(QStringLiteral("InfoScan/ReadControl"), 1);
-    open(QString());
-    swipe(u"silent");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("silent "));
-    m_edit->readDelaySlot(); // what the delay's end does
-    QVERIFY(!m_edit->soundThread()->isRunning());
-    QVERIFY(FakeTts::texts().empty());
-}
-
-void TestMyEdit::delayComesBeforeReading()
-{
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"later");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("later "));
-    QVERIFY(!m_edit->soundThread()->isRunning());
-    m_edit->readDelaySlot();
-    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"later"}));
-    // The timer of the delay finds nothing left to read.
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
-    m_edit->readDelaySlot();
-    QVERIFY(!m_edit->soundThread()->isRunning());
-}
-
-void TestMyEdit::okReadsFromTheWordAtTheCursorAndStops()
-{
-    open(QStringLiteral("one two three"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Right);
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QCOMPARE(FakeTts::texts().back(), std::u16string(u"two three"));
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(m_edit->getStartPosition(), 4);
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
-    QTRY_VERIFY(m_edit->extraSelections().isEmpty());
-    QCOMPARE(m_edit->getCurPosition(), 4); // stays where reading stopped
-}
-
-void TestMyEdit::readAgainReadsTheLastText()
-{
-    open(QString());
-    swipe(u"again");
-    QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
-    m_edit->soundAgain();
-    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"again", u"again"}));
 }
 
 void TestMyEdit::arrowsWalkWords()
