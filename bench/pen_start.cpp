@@ -2,8 +2,7 @@
  * How long the user waits: for the first menu after a start, and for the voice after a key; and
  * what memory the pen takes.
  *
- *     scripts/make-run-root /tmp/pen
- *     build/release/bench/pen_start /tmp/pen [--starts N] [--keys N]
+ *     build/release/bench/pen_start [RUN-ROOT] [--starts N] [--keys N]
  *
  * Start: the program is started as on a pen but for the display (nothing is shown), from fork to
  * the message by which it tells the launcher that it is on screen. Key: the same application
@@ -137,7 +136,7 @@ private:
     qint64 m_shownUs = 0;
 };
 
-// Listens to what SDL's disk driver writes: when sound was last seen, and when it last began after
+// Listens to the sound file as it grows: when sound was last seen, and when it last began after
 // a silence.
 class SoundEars
 {
@@ -224,21 +223,26 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QCommandLineParser parser;
     parser.addHelpOption();
-    parser.addPositionalArgument(QStringLiteral("root"), QStringLiteral("a fresh run root"));
+    parser.addPositionalArgument(
+        QStringLiteral("root"),
+        QStringLiteral("a fresh run root; without it one is made and thrown away"));
     parser.addOption({QStringLiteral("starts"), QStringLiteral("starts to measure"),
                       QStringLiteral("N"), QStringLiteral("10")});
     parser.addOption({QStringLiteral("keys"), QStringLiteral("keys to measure"),
                       QStringLiteral("N"), QStringLiteral("20")});
     parser.process(application);
-    if (parser.positionalArguments().isEmpty())
-        parser.showHelp(2);
 
-    const QString root = parser.positionalArguments().first();
+    QString root = parser.positionalArguments().value(0);
+    if (root.isEmpty()) {
+        root = folder.filePath(QStringLiteral("pen"));
+        if (QProcess::execute(QStringLiteral(SWIPELINE_SOURCE_DIR "/scripts/make-run-root"), {root})
+            != 0)
+            return 1;
+    }
     qputenv("SWIPELINE_ROOT", QFile::encodeName(root));
     qputenv("FONTCONFIG_FILE", QFile::encodeName(root + QStringLiteral("/apps/res/fonts.conf")));
-    qputenv("SDL_AUDIODRIVER", "disk");
-    const QString sound = folder.filePath(QStringLiteral("sound.raw"));
-    qputenv("SDL_DISKAUDIOFILE", QFile::encodeName(sound));
+    const QString sound = folder.filePath(QStringLiteral("sound.wav"));
+    qputenv("SWIPELINE_WAV", QFile::encodeName(sound));
 
     StartBench(QString::fromLatin1(SWIPELINE_BINARY_DIR "/app/swipeline"))
         .run(parser.value(QStringLiteral("starts")).toInt());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <numeric>
+#include <vector>
 
 Recognizer::Recognizer(const QString& model) : m_api(std::make_unique<tesseract::TessBaseAPI>())
 {
@@ -43,7 +44,7 @@ QString comparable(const QString& text, bool withoutBlanks)
 
 int editDistance(const QString& read, const QString& printed)
 {
-    QList<int> row(printed.size() + 1);
+    std::vector<int> row(static_cast<std::size_t>(printed.size()) + 1);
     std::iota(row.begin(), row.end(), 0);
     for (int i = 1; i <= read.size(); ++i) {
         int diagonal = row[0];
@@ -54,5 +55,5 @@ int editDistance(const QString& read, const QString& printed)
             row[j] = std::min({changed, row[j] + 1, row[j - 1] + 1});
         }
     }
-    return row.constLast();
+    return row.back();
 }
