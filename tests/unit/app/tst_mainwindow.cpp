@@ -1,7 +1,6 @@
 #include "app/mainwindow.h"
 
 #include "editor/myedit.h"
-#include "editor/speechtext.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
@@ -12,15 +11,6 @@
 #include "widgets/sandglass.h"
 
 #include <QLineEdit>
-#include <QSignalSpy>
-
-namespace {
-
-const QString FirstHelp = QStringLiteral("Press OK to select, or down for other options.");
-const QString MiddleHelp = QStringLiteral("Press OK to select, or up or down for more options.");
-const QString LastHelp = QStringLiteral("Press OK to select, or Up for other options.");
-
-} // namespace
 
 class TestMainWindow : public QObject
 {
@@ -30,17 +20,6 @@ private slots:
     void windowIsTheWholeScreen();
     void menuWithoutFileHasFourItems();
     void menuWithFileStartsWithContinue();
-    void firstScreenIsSpokenWithItsHeading();
-    void helpDependsOnThePlaceInTheMenu();
-    void oneItemMenuGetsTheFirstHelp();
-    void emptyInstructionSpeaksTheTextAlone();
-    void emptyTextSpeaksTheInstructionAlone();
-    void lastPendingUtteranceIsSpoken();
-    void ofManyItemsTheLastIsHeard();
-    void utteranceBegunBeforeTheEndIsHeardIsSpoken();
-    void readingBegunDuringMenuSpeechIsNotSilenced();
-    void keyCutsMenuSpeechShort();
-    void launcherHearsOfMenuSpeech();
     void newFileShowsTheEditor();
     void secondPressWhileBusyDoesNothing();
     void thousandFilesAllowNoNewOne();
@@ -88,154 +67,6 @@ void TestMainWindow::menuWithFileStartsWithContinue()
     const WindowFixture f({QStringLiteral("notes")});
     QCOMPARE(f.entries(), (QStringList{"Continue scan notes", "New file", "Open file",
                                        "Delete file", "Scan settings"}));
-}
-
-void TestMainWindow::firstScreenIsSpokenWithItsHeading()
-{
-    const WindowFixture f;
-    QTRY_COMPARE(f.spoken(), QStringList{QStringLiteral("Scan to File mode. ") + pauseTag(500)
-                                         + QStringLiteral("New file    ") + FirstHelp});
-}
-
-void TestMainWindow::helpDependsOnThePlaceInTheMenu()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    const auto moveAndHear = [&](Qt::Key key, const QString& expected) {
-        f.press(key);
-        QTRY_COMPARE(f.spoken().last(), expected);
-        QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
-    };
-    moveAndHear(Qt::Key_Down, QStringLiteral("Open file") + pauseTag(500) + MiddleHelp);
-    moveAndHear(Qt::Key_Down, QStringLiteral("Delete file") + pauseTag(500) + MiddleHelp);
-    moveAndHear(Qt::Key_Down, QStringLiteral("Scan settings") + pauseTag(500) + LastHelp);
-    moveAndHear(Qt::Key_Up, QStringLiteral("Delete file") + pauseTag(500) + MiddleHelp);
-    moveAndHear(Qt::Key_Up, QStringLiteral("Open file") + pauseTag(500) + MiddleHelp);
-    moveAndHear(Qt::Key_Up, QStringLiteral("New file") + pauseTag(500) + FirstHelp);
-}
-
-void TestMainWindow::oneItemMenuGetsTheFirstHelp()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    f.window->menuShowSlot(0, QStringLiteral("only"), 0);
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("only") + pauseTag(500) + FirstHelp);
-}
-
-void TestMainWindow::emptyInstructionSpeaksTheTextAlone()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    f.window->talkingMenuTTS(0, QStringLiteral("text"), QString());
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("text"));
-}
-
-void TestMainWindow::emptyTextSpeaksTheInstructionAlone()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    f.window->talkingMenuTTS(0, QString(), QStringLiteral("instruction"));
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("instruction"));
-}
-
-void TestMainWindow::lastPendingUtteranceIsSpoken()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    f.window->talkingMenuTTS(0, QStringLiteral("one"), QString());
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    FakeTts::missStops(2); // the worker is still speaking when both come
-    f.window->talkingMenuTTS(0, QStringLiteral("two"), QString());
-    f.window->talkingMenuTTS(0, QStringLiteral("three"), QString());
-    QVERIFY(FakeTts::finish());
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("three"));
-    QVERIFY(!f.spoken().contains(QStringLiteral("two")));
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
-}
-
-// The items meet the worker in every state: starting, speaking, ending, its end not yet heard.
-void TestMainWindow::ofManyItemsTheLastIsHeard()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    for (int round = 0; round < 20; ++round) {
-        const QString last = QStringLiteral("last of %1").arg(round);
-        for (int i = 0; i < 10; ++i) {
-            f.window->talkingMenuTTS(0, QStringLiteral("item"), QString());
-            if (i % 3 == round % 3)
-                QCoreApplication::processEvents();
-        }
-        f.window->talkingMenuTTS(0, last, QString());
-        QTRY_VERIFY(FakeTts::isSpeaking() && f.spoken().last() == last);
-        QCoreApplication::processEvents();
-        QVERIFY(FakeTts::isSpeaking() && f.spoken().last() == last);
-        QVERIFY(FakeTts::finish());
-        QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
-    }
-}
-
-// The worker has ended, but its end waits in the event queue when the next item comes.
-void TestMainWindow::utteranceBegunBeforeTheEndIsHeardIsSpoken()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    f.window->talkingMenuTTS(0, QStringLiteral("one"), QString());
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    f.window->keyPressSlot();
-    QVERIFY(f.window->menuSpeech()->wait());
-    f.window->talkingMenuTTS(0, QStringLiteral("two"), QString());
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    CallLog::clear();
-    QCoreApplication::processEvents(); // the end of "one" is heard
-    QCOMPARE(fakes::calls("ZEMBRA_TTS_Stop"), QStringList());
-    QVERIFY(!f.launcher.messages().last().endsWith(QStringLiteral("soundno")));
-    QCOMPARE(f.spoken().last(), QStringLiteral("two"));
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(f.launcher.messages().last().endsWith(QStringLiteral("soundno")));
-}
-
-void TestMainWindow::readingBegunDuringMenuSpeechIsNotSilenced()
-{
-    WindowFixture f({QStringLiteral("notes")});
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    f.window->continueFile();
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("Scan or press Menu for options."));
-    f.press(Qt::Key_Return);
-    QVERIFY(f.window->menuSpeech()->wait());
-    CallLog::clear();
-    QCoreApplication::processEvents(); // the end of the hint is heard
-    QCOMPARE(fakes::calls("ZEMBRA_TTS_Stop"), QStringList());
-    QTRY_COMPARE(f.spoken().last(), QStringLiteral("t"));
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(!f.window->editor()->soundThread()->isRunning());
-}
-
-void TestMainWindow::keyCutsMenuSpeechShort()
-{
-    WindowFixture f;
-    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    f.window->talkingMenuTTS(0, QStringLiteral("long"), QString());
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QSignalSpy finished(f.window->menuSpeech(), &QThread::finished);
-    f.window->keyPressSlot();
-    QVERIFY(!FakeTts::isSpeaking() || FakeTts::waitUntilSilent());
-    QTRY_COMPARE(finished.count(), 1);
-}
-
-void TestMainWindow::launcherHearsOfMenuSpeech()
-{
-    WindowFixture f;
-    QVERIFY(f.launcher.waitFor(QStringLiteral("execute(QString) soundno")));
-    QCOMPARE(f.launcher.messages(),
-             (QStringList{"execute(QString) soundyes", "execute(QString) soundno"}));
-    f.window->SendShow();
-    QVERIFY(f.launcher.waitFor(QStringLiteral("Show(QString) scan")));
 }
 
 void TestMainWindow::newFileShowsTheEditor()
