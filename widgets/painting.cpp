@@ -44,9 +44,9 @@ QStringList wrapParagraph(const QString& paragraph, int width)
 }
 
 // The start of a text with an ellipsis, even if the text would fit. Never half a surrogate pair.
-QString cut(const QString& text, int width)
+QString cut(const QString& text, int width, const QFont& font = screenFont())
 {
-    const QFontMetrics metrics(screenFont());
+    const QFontMetrics metrics(font);
     const QChar ellipsis(0x2026);
     const int room = width - metrics.horizontalAdvance(ellipsis);
     int length = static_cast<int>(text.size());
@@ -61,17 +61,22 @@ QString cut(const QString& text, int width)
 
 QFont screenFont()
 {
-    QFont font(QStringLiteral("nits"));
-    font.setPixelSize(LineHeight);
-    font.setStyleStrategy(QFont::NoAntialias);
-    font.setHintingPreference(QFont::PreferNoHinting);
-    font.setKerning(false);
-    return font;
+    return onScreen(QFont(QStringLiteral("nits")));
 }
 
-int textWidth(const QString& text)
+QFont onScreen(const QFont& font)
 {
-    return QFontMetrics(screenFont()).horizontalAdvance(text);
+    QFont shown = font;
+    shown.setPixelSize(LineHeight);
+    shown.setStyleStrategy(QFont::NoAntialias);
+    shown.setHintingPreference(QFont::PreferNoHinting);
+    shown.setKerning(false);
+    return shown;
+}
+
+int textWidth(const QString& text, const QFont& font)
+{
+    return QFontMetrics(font).horizontalAdvance(text);
 }
 
 QString oneLine(const QString& text)
@@ -101,16 +106,17 @@ QStringList wrapText(const QString& text, int width, int maxLines)
     return lines;
 }
 
-QString elide(const QString& text, int width)
+QString elide(const QString& text, int width, const QFont& font)
 {
-    return textWidth(text) <= width ? text : cut(text, width);
+    return textWidth(text, font) <= width ? text : cut(text, width, font);
 }
 
-void drawLine(QPainter& painter, const QRect& box, const QString& text, int scroll)
+void drawLine(QPainter& painter, const QRect& box, const QString& text, int scroll,
+              const QFont& font)
 {
     painter.save();
     painter.setClipRect(box, Qt::IntersectClip);
-    painter.setFont(screenFont());
+    painter.setFont(font);
     painter.drawText(box.left() - scroll, box.top() + Ascent, text);
     painter.restore();
 }

@@ -26,8 +26,12 @@ constexpr int MaxLines = ScreenHeight / LineHeight;
  * display claims, without antialiasing. */
 QFont screenFont();
 
+/* A font as the screen can show it: its family, weight and slant, sized and drawn as screenFont().
+ */
+QFont onScreen(const QFont& font);
+
 /* Width of `text` in pixels when drawn with drawLine(). */
-int textWidth(const QString& text);
+int textWidth(const QString& text, const QFont& font = screenFont());
 
 /* `text` as one line: line breaks, tabs and other controls become blanks. */
 QString oneLine(const QString& text);
@@ -39,10 +43,11 @@ QStringList wrapText(const QString& text, int width, int maxLines);
 
 /* Draws one line at the top left corner of `box`, which is LineHeight high, shifted `scroll`
  * pixels to the left and clipped to the box, in the painter's pen. */
-void drawLine(QPainter& painter, const QRect& box, const QString& text, int scroll = 0);
+void drawLine(QPainter& painter, const QRect& box, const QString& text, int scroll = 0,
+              const QFont& font = screenFont());
 
 /* `text`, or as much of its start as fits into `width` pixels with an ellipsis behind it. */
-QString elide(const QString& text, int width);
+QString elide(const QString& text, int width, const QFont& font = screenFont());
 
 /* The title line of a menu or page: the title at the left, `number` at the right edge, a rule
  * between them. `reserved` pixels at the right edge stay free (for a widget that shows a number

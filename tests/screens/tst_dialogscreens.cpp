@@ -1,10 +1,13 @@
 #include "tests/screens/album.h"
 #include "tests/screens/screenset.h"
 #include "widgets/messagedialog.h"
+#include "widgets/talkinglist.h"
+#include "widgets/yesnoselect.h"
 
 #include <QApplication>
+#include <QTimerEvent>
 
-/* Messages and the busy indicator. */
+/* Messages and questions. */
 class TestDialogScreens : public QObject
 {
     Q_OBJECT
@@ -12,6 +15,9 @@ class TestDialogScreens : public QObject
 private slots:
     void messages_data();
     void messages();
+    void questions_data();
+    void questions();
+    void longQuestionScrolled();
     void everyPictureIsUsed();
 
 private:
@@ -47,6 +53,47 @@ void TestDialogScreens::messages()
     MessageDialog dialog(nullptr, text, 2000);
     QVERIFY2(m_album.shows(&dialog, QLatin1String("message-") + QTest::currentDataTag()),
              qPrintable(m_album.problem()));
+}
+
+void TestDialogScreens::questions_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("no");
+    const auto row = [](const char* name, const char16_t* text, bool no) {
+        QTest::newRow(name) << QString::fromUtf16(text) << no;
+    };
+    row("yes", u"Are you sure to delete it?", false);
+    row("no", u"Are you sure to delete it?", true);
+    row("rename", u"Rename [Scan_00012] to [Shopping 2]", false);
+    row("rename-chinese", u"Rename [我的第一个扫描文件名] to [二零二六年新文件名]", true);
+    row("rename-russian", u"Переименовать [Список_001] в [Магазин_12] окончательно?", false);
+    row("rename-long",
+        u"Rename [A name that came from a computer and is very long indeed, as "
+        u"long as it liked] to [Short]",
+        false);
+}
+
+void TestDialogScreens::questions()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, no);
+    YesnoSelect dialog(text);
+    if (no)
+        QTest::keyClick(&dialog, Qt::Key_Right);
+    QVERIFY2(m_album.shows(&dialog, QLatin1String("question-") + QTest::currentDataTag()),
+             qPrintable(m_album.problem()));
+}
+
+void TestDialogScreens::longQuestionScrolled()
+{
+    YesnoSelect dialog(QStringLiteral("one of the lines\ntwo\nthree\nfour\nfive of them"));
+    dialog.show();
+    // Past the rest at the start and all of the way: the end of the text.
+    for (int i = 0; i < 3 * (slowscroll::RestTicks + 20); ++i) {
+        QTimerEvent tick(dialog.scrollTimerId());
+        QCoreApplication::sendEvent(&dialog, &tick);
+    }
+    COMPARE_SCREEN(m_album, &dialog, "question-scrolled");
 }
 
 void TestDialogScreens::everyPictureIsUsed()
