@@ -1,6 +1,7 @@
 #include "desk/deskscript.h"
 
 #include "desk/penkeys.h"
+#include "desk/scriptwords.h"
 #include "desk/swipereport.h"
 
 #include <QCoreApplication>
@@ -302,7 +303,7 @@ DeskScript DeskScript::parse(const QString& text)
         command.source = lines.at(i).trimmed();
         QStringList words;
         QString error;
-        if (!split(lines.at(i), words))
+        if (!scriptwords::split(lines.at(i), words))
             error = tr("a quotation mark is missing");
         else if (words.isEmpty())
             continue;
@@ -316,34 +317,4 @@ DeskScript DeskScript::parse(const QString& text)
         script.commands.append(command);
     }
     return script;
-}
-
-bool DeskScript::split(const QString& line, QStringList& words)
-{
-    QString word;
-    bool inWord = false;
-    bool quoted = false;
-    for (qsizetype i = 0; i < line.size(); ++i) {
-        const QChar c = line.at(i);
-        if (quoted && c == QLatin1Char('\\') && i + 1 < line.size()) {
-            const QChar next = line.at(++i);
-            word.append(next == QLatin1Char('n') ? QLatin1Char('\n') : next);
-        } else if (c == QLatin1Char('"')) {
-            quoted = !quoted;
-            inWord = true;
-        } else if (!quoted && c == QLatin1Char('#') && !inWord) {
-            break;
-        } else if (!quoted && c.isSpace()) {
-            if (inWord)
-                words.append(word);
-            word.clear();
-            inWord = false;
-        } else {
-            word.append(c);
-            inWord = true;
-        }
-    }
-    if (inWord)
-        words.append(word);
-    return !quoted;
 }

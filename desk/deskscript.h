@@ -66,10 +66,6 @@ struct DeskScript
     QString error; // empty when the script is sound; else "line 3: ..."
 
     static DeskScript parse(const QString& text);
-
-    /* The words of a line: separated by blanks; "..." holds blanks, \" and \\ and \n; # begins a
-     * comment. False when a quote is not closed. */
-    static bool split(const QString& line, QStringList& words);
 };
 
 #endif

@@ -36,6 +36,7 @@ struct Settings
 {
     Reading always;
     std::deque<Reading> queued;
+    std::map<int, Reading> byWidth;
     bool initializeFails = false;
     bool held = false;
     int recognizing = 0;
@@ -94,9 +95,12 @@ std::vector<int> languageList(const int* languages)
     return list;
 }
 
-Reading nextReading()
+Reading nextReading(int width)
 {
     Settings& set = state().set;
+    const auto known = set.byWidth.find(width);
+    if (known != set.byWidth.end())
+        return known->second;
     if (set.queued.empty())
         return set.always;
     Reading reading = std::move(set.queued.front());
@@ -132,6 +136,12 @@ void FakeOcr::queueResult(std::u16string text, int code)
     state().set.queued.push_back({std::move(text), code});
 }
 
+void FakeOcr::setResultOf(int width, std::u16string text, int code)
+{
+    const std::lock_guard lock(state().mutex);
+    state().set.byWidth[width] = {std::move(text), code};
+}
+
 void FakeOcr::setInitializeFails(bool fails)
 {
     const std::lock_guard lock(state().mutex);
@@ -157,6 +167,11 @@ bool FakeOcr::waitUntilRecognizing()
 {
     std::unique_lock lock(state().mutex);
     return state().changed.wait_for(lock, FakePatience, [] { return state().set.recognizing > 0; });
+}
+
+bool FakeOcr::isRecognizing()
+{
+    return read(&Settings::recognizing) > 0;
 }
 
 std::vector<int> FakeOcr::languages()
@@ -253,7 +268,7 @@ int ZEMBRA_OCR_Recognize(void* handle, unsigned char* image, int width, int heig
     --engine.set.recognizing;
     engine.changed.notify_all();
 
-    const Reading reading = size == 0 ? Reading() : nextReading();
+    const Reading reading = size == 0 ? Reading() : nextReading(width);
     if (reading.text.empty())
         return reading.code;
     Result result{{reading.text.begin(), reading.text.end()}, false};

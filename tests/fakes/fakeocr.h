@@ -33,6 +33,9 @@ public:
     /* What the next picture reads as; can be queued. */
     static void queueResult(std::u16string text, int code = 0);
 
+    /* What pictures of that width read as from now on, whatever else is set. */
+    static void setResultOf(int width, std::u16string text, int code = 0);
+
     /* Makes ZEMBRA_OCR_Initialize fail or succeed. */
     static void setInitializeFails(bool fails);
 
@@ -40,6 +43,7 @@ public:
     static void hold();
     static void release();
     static bool waitUntilRecognizing();
+    static bool isRecognizing();
 
     /* Active languages without the end mark. */
     static std::vector<int> languages();

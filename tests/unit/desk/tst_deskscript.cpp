@@ -1,4 +1,5 @@
 #include "desk/deskscript.h"
+#include "desk/scriptwords.h"
 
 #include <QTest>
 
@@ -28,14 +29,14 @@ private slots:
     {
         QFETCH(QString, line);
         QStringList words;
-        QVERIFY(DeskScript::split(line, words));
+        QVERIFY(scriptwords::split(line, words));
         QTEST(words, "words");
     }
 
     void refusesAnOpenQuote()
     {
         QStringList words;
-        QVERIFY(!DeskScript::split("echo \"abc", words));
+        QVERIFY(!scriptwords::split("echo \"abc", words));
         QCOMPARE(DeskScript::parse("\necho \"abc").error, "line 2: a quotation mark is missing");
     }
 

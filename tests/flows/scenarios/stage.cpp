@@ -1,0 +1,403 @@
+#include "tests/flows/scenarios/stage.h"
+
+#include "app/mainwindow.h"
+#include "app/startup.h"
+#include "editor/myedit.h"
+#include "engines/csoundthread.h"
+#include "engines/cttsthread.h"
+#include "platform/qcopchannel.h"
+#include "tests/fakes/fakedic.h"
+#include "tests/fakes/fakeiap.h"
+#include "tests/fakes/fakeocr.h"
+#include "tests/fakes/fakesystem.h"
+#include "tests/fakes/faketts.h"
+#include "widgets/messagedialog.h"
+#include "widgets/sandglass.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QFile>
+#include <QPointer>
+#include <QTest>
+#include <QTimer>
+#include <QTimerEvent>
+#include <algorithm>
+
+namespace {
+
+constexpr int DeadlineMs = 60'000;
+constexpr int CalmTurns = 3;
+constexpr int PatienceTurnMs = 1;
+constexpr int ShortestDelayMs = 900;
+constexpr int PictureWidth = 100; // of the first swipe; each that follows is one wider
+constexpr int PictureHeight = 20;
+const QString ToApplication = QStringLiteral("scanprocess");
+const QString Mark = QStringLiteral("stageMark");
+const QString Execute = QStringLiteral("execute(QString) ");
+
+Stage* onStage = nullptr;
+
+bool busySignShown()
+{
+    const QWidgetList all = QApplication::allWidgets();
+    return std::any_of(all.begin(), all.end(), [](const QWidget* widget) {
+        return qobject_cast<const SandGlass*>(widget);
+    });
+}
+
+void runOut(QObject* owner, int timerId)
+{
+    QTimerEvent event(timerId);
+    QCoreApplication::sendEvent(owner, &event);
+}
+
+struct RunningTimer
+{
+    QPointer<QObject> owner;
+    int id = 0;
+};
+
+// A single shot without an object of ours belongs to the event dispatcher.
+RunningTimer delayTimer()
+{
+    auto* const dispatcher = QAbstractEventDispatcher::instance();
+    for (QObject* timer : dispatcher->findChildren<QObject*>()) {
+        for (const auto& info : dispatcher->registeredTimers(timer)) {
+            if (info.interval >= ShortestDelayMs)
+                return {timer, info.timerId};
+        }
+    }
+    return {};
+}
+
+RunningTimer namedTimer(const QString& name)
+{
+    for (const QWidget* widget : QApplication::allWidgets()) {
+        for (auto* timer : widget->findChildren<QTimer*>(name, Qt::FindDirectChildrenOnly)) {
+            if (timer->isActive())
+                return {timer, timer->timerId()};
+        }
+    }
+    return {};
+}
+
+RunningTimer findTimer(const QString& name)
+{
+    if (name == QLatin1String("delay"))
+        return delayTimer();
+    if (name == QLatin1String("autosave")) {
+        MyEdit* const editor = Stage::window()->editor();
+        return {editor, editor ? editor->autoSaveTimer() : 0};
+    }
+    if (name == QLatin1String("message")) {
+        auto* const dialog = qobject_cast<MessageDialog*>(QApplication::activeModalWidget());
+        return {dialog, dialog ? dialog->timerId() : 0};
+    }
+    return namedTimer(name);
+}
+
+} // namespace
+
+Stage::Stage() : m_state(std::make_unique<ApplicationState>())
+{
+    FakeSystem::reset();
+    takeDeviceTable(QStringLiteral("/apps/config/scanlanguage.cfg"));
+    takeDeviceTable(QStringLiteral("/apps/config/menulan.cfg"));
+    m_ear = std::make_unique<LauncherEar>();
+    static const bool prepared = [] {
+        qAddPreRoutine([] {
+            if (onStage)
+                onStage->applicationMade();
+        });
+        return true;
+    }();
+    Q_UNUSED(prepared)
+    onStage = this;
+}
+
+// The language tables of a pen as it is sold.
+void Stage::takeDeviceTable(const QString& penPath)
+{
+    QFile file(QStringLiteral(SWIPELINE_SOURCE_DIR "/device") + penPath);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("there is no %s", qPrintable(file.fileName()));
+    m_state->root.write(penPath, file.readAll());
+}
+
+Stage::~Stage()
+{
+    onStage = nullptr;
+    m_ear.reset();
+    if (m_windowSeen)
+        m_state->singletonsAreGone();
+    m_state.reset();
+    FakeSystem::reset();
+}
+
+int Stage::run(const Prompter& prompter, News& last)
+{
+    if (m_windowSeen)
+        m_state->singletonsAreGone();
+    m_prompter = prompter;
+    m_windowSeen = false;
+    m_ending = false;
+    m_waitingActions = 0;
+    m_awaitedMarks = 0;
+    m_calmTurns = 0;
+    m_sinceUnrest.start();
+    QByteArray name("pen");
+    char* arguments[] = {name.data(), nullptr};
+    const int result = runApplication(1, arguments);
+    gather();
+    last = std::exchange(m_news, {});
+    checkEngines();
+    return result;
+}
+
+void Stage::applicationMade()
+{
+    later(0);
+}
+
+void Stage::later(int milliseconds)
+{
+    QTimer::singleShot(milliseconds, this, &Stage::tick);
+}
+
+// Never blocks: what does (a key that opens a dialog) is an event of its own, and the turns go on
+// within.
+void Stage::tick()
+{
+    const QString unrestful = unrest();
+    if (!unrestful.isEmpty() || somethingNew()) {
+        m_calmTurns = 0;
+        if (m_sinceUnrest.elapsed() > DeadlineMs) {
+            giveUp(QStringLiteral("The application does not come to rest: ") + unrestful);
+            return;
+        }
+        later(unrestful.isEmpty() ? 0 : PatienceTurnMs);
+        return;
+    }
+    if (++m_calmTurns < CalmTurns)
+        later(0);
+    else
+        rest();
+}
+
+bool Stage::somethingNew()
+{
+    const qsizetype before = m_news.sent.size() + m_news.sounds.size() + m_news.engines.size();
+    gather();
+    return m_news.sent.size() + m_news.sounds.size() + m_news.engines.size() != before;
+}
+
+void Stage::gather()
+{
+    const std::vector<std::string> calls = CallLog::texts();
+    CallLog::clear();
+    m_news.spoken += m_voice.heed(calls);
+    for (const std::string& call : calls)
+        m_news.engines.append(QString::fromStdString(call));
+    for (const QString& message : m_ear->take()) {
+        const QString word = message.mid(Execute.size());
+        if (message.startsWith(Execute) && word.startsWith(QLatin1String("sound"))) {
+            m_news.sounds.append(word);
+            m_lastSound = word;
+        } else {
+            m_news.sent.append(message);
+        }
+    }
+}
+
+QString Stage::unrest()
+{
+    const MainWindow* const main = window();
+    if (!main || !main->isVisible())
+        return QStringLiteral("no window is shown");
+    m_windowSeen = true;
+    if (m_waitingActions > 0 || m_awaitedMarks > 0)
+        return QStringLiteral("an action waits");
+    const bool speaking = m_voiceHeld && FakeTts::isSpeaking();
+    if (main->menuSpeech() && main->menuSpeech()->isRunning() && !speaking)
+        return QStringLiteral("the menu speech does not end");
+    if (main->editor() && main->editor()->soundThread()->isRunning() && !speaking)
+        return QStringLiteral("the reading does not end");
+    // Below a dialog it is not seen.
+    if (busySignShown() && !QApplication::activeModalWidget()
+        && !(m_recognitionHeld && FakeOcr::isRecognizing()))
+        return QStringLiteral("the busy sign stays");
+    if (!frontWindowIsActive())
+        return QStringLiteral("the front window is not active");
+    return {};
+}
+
+// Plays the window system, which gives the keys to the window in front.
+bool Stage::frontWindowIsActive()
+{
+    QWidget* front = QApplication::activeModalWidget();
+    if (!front)
+        front = window();
+    if (QApplication::activeWindow() == front->window())
+        return true;
+    front->activateWindow();
+    return false;
+}
+
+void Stage::rest()
+{
+    checkSounds();
+    if (!m_problem.isEmpty()) {
+        giveUp(m_problem);
+        return;
+    }
+    const int before = m_actions;
+    m_prompter(std::exchange(m_news, {}));
+    if (m_actions == before)
+        end();
+    m_calmTurns = 0;
+    m_sinceUnrest.start();
+    later(0);
+}
+
+// The launcher mutes and unmutes by these words: they have to be true.
+void Stage::checkSounds()
+{
+    const bool told = m_lastSound == QLatin1String("soundyes");
+    if (told != FakeTts::isSpeaking())
+        m_problem = told ? QStringLiteral("The launcher believes that the pen speaks.")
+                         : QStringLiteral("The launcher believes that the pen is silent.");
+}
+
+void Stage::end()
+{
+    holdVoice(false);
+    holdRecognition(false);
+    FakeIap::liftWithoutLine();
+    if (std::exchange(m_ending, true))
+        giveUp(QStringLiteral("The application does not end."));
+    else
+        send(QStringLiteral("execute(QString)"), "stoponly");
+}
+
+void Stage::giveUp(const QString& problem)
+{
+    m_problem = problem;
+    holdVoice(false);
+    holdRecognition(false);
+    QApplication::closeAllWindows();
+    QCoreApplication::exit(1);
+}
+
+void Stage::checkEngines()
+{
+    if (!m_problem.isEmpty())
+        return;
+    if (FakeOcr::openHandles() > 0 || FakeOcr::openResults() > 0 || FakeOcr::misuses() > 0)
+        m_problem = QStringLiteral("The recognition engine was misused or not freed.");
+    else if (FakeDic::openRecords() > 0 || FakeDic::misuses() > 0)
+        m_problem = QStringLiteral("The dictionary engine was misused or not freed.");
+    else if (FakeTts::isStarted() || FakeIap::isStarted())
+        m_problem = QStringLiteral("An engine was left running.");
+}
+
+MainWindow* Stage::window()
+{
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (auto* const main = qobject_cast<MainWindow*>(widget))
+            return main;
+    }
+    return nullptr;
+}
+
+void Stage::act(std::function<void()> action)
+{
+    ++m_actions;
+    ++m_waitingActions;
+    QMetaObject::invokeMethod(
+        this,
+        [this, action = std::move(action)] {
+            --m_waitingActions;
+            m_calmTurns = 0;
+            action();
+        },
+        Qt::QueuedConnection);
+}
+
+void Stage::press(int key)
+{
+    act([key] {
+        if (QWindow* const front = QGuiApplication::focusWindow())
+            QTest::keyEvent(QTest::Press, front, Qt::Key(key));
+    });
+}
+
+void Stage::release(int key)
+{
+    act([key] {
+        if (QWindow* const front = QGuiApplication::focusWindow())
+            QTest::keyEvent(QTest::Release, front, Qt::Key(key));
+    });
+}
+
+// The mark comes over the same channel: when it is heard, the message has been obeyed or its
+// handler runs.
+void Stage::send(const QString& message, const QByteArray& payload)
+{
+    act([this, message, payload] {
+        auto* const channel = window()->findChild<QCopChannel*>();
+        connect(channel, &QCopChannel::received, this, [this, channel](const QString& name) {
+            if (name != Mark)
+                return;
+            --m_awaitedMarks;
+            channel->disconnect(this);
+        });
+        ++m_awaitedMarks;
+        QCopChannel::send(ToApplication, message, payload);
+        QCopChannel::send(ToApplication, Mark, {});
+    });
+}
+
+bool Stage::tipDown()
+{
+    return FakeIap::press() && !FakeIap::stopSignal();
+}
+
+void Stage::tipUp(const QString& text)
+{
+    act([this, text] {
+        const int width = PictureWidth + m_swipes++;
+        FakeOcr::setResultOf(width, text.toStdU16String());
+        if (text.isEmpty())
+            FakeIap::liftWithoutLine();
+        else
+            FakeIap::lift(FakeIap::pattern(width, PictureHeight));
+        FakeIap::waitUntilIdle();
+    });
+}
+
+void Stage::holdRecognition(bool hold)
+{
+    m_recognitionHeld = hold;
+    if (hold)
+        FakeOcr::hold();
+    else
+        FakeOcr::release();
+}
+
+void Stage::holdVoice(bool hold)
+{
+    m_voiceHeld = hold;
+    FakeTts::setPace(hold ? FakeTts::Pace::Held : FakeTts::Pace::Automatic);
+}
+
+bool Stage::endTimer(const QString& name)
+{
+    const RunningTimer timer = findTimer(name);
+    if (!timer.owner || timer.id == 0)
+        return false;
+    act([timer] {
+        if (timer.owner)
+            runOut(timer.owner, timer.id);
+    });
+    return true;
+}
