@@ -149,7 +149,9 @@ void readTip(Step& step, Words& words)
 void readRecognition(Step& step, Words& words)
 {
     const bool hold = words.oneOf({"hold", "release"}) == QLatin1String("hold");
-    step.verb = hold ? Verb::HoldRecognition : Verb::ReleaseRecognition;
+    step.verb = hold                   ? Verb::HoldRecognition
+                : words.takeIf("soon") ? Verb::ReleaseSoon
+                                       : Verb::ReleaseRecognition;
 }
 
 void readVoice(Step& step, Words& words)

@@ -32,6 +32,7 @@ struct ScenarioStep
         TipUp,              // text
         HoldRecognition,    // recognitions wait
         ReleaseRecognition, //
+        ReleaseSoon,        // just after the next action has begun
         HoldVoice,          // texts wait for the next two
         RunVoice,           // texts run by themselves again
         VoiceWord,          // the next word is heard
@@ -73,7 +74,7 @@ struct ScenarioStep
     std::optional<int> volume;
 
     bool isGiven() const { return verb <= Verb::GivenRaw; }
-    bool isAction() const { return verb >= Verb::Start && verb <= Verb::PutCard; }
+    bool isAction() const { return verb >= Verb::Start && verb <= Verb::Remember; }
 };
 
 /* A scenario, read and checked as a whole before anything of it runs. */

@@ -203,7 +203,13 @@ void ScenarioPlayer::begin(const Step& step)
 void ScenarioPlayer::perform(const Step& step)
 {
     bool done = true;
+    if (std::exchange(m_releaseSoon, false))
+        m_stage.releaseRecognitionSoon();
     switch (step.verb) {
+    case Verb::ReleaseSoon:
+        m_releaseSoon = true;
+        m_stage.act([] {});
+        break;
     case Verb::Key:
         m_stage.press(step.key);
         m_stage.release(step.key);

@@ -64,7 +64,8 @@ private:
     ScreenText m_remembered;
     QStringList m_story;
     QString m_failure;
-    bool m_over = false; // nothing more to play
+    bool m_releaseSoon = false; // the next action releases recognition
+    bool m_over = false;        // nothing more to play
 };
 
 #endif

@@ -25,8 +25,10 @@
 
 namespace {
 
+constexpr std::chrono::milliseconds Moment{5}; // for the interface thread to begin to wait
 constexpr int DeadlineMs = 60'000;
 constexpr int CalmTurns = 3;
+constexpr int SpinMs = 20;
 constexpr int PatienceTurnMs = 1;
 constexpr int ShortestDelayMs = 900;
 constexpr int PictureWidth = 100; // of the first swipe; each that follows is one wider
@@ -127,6 +129,7 @@ void Stage::takeDeviceTable(const QString& penPath)
 Stage::~Stage()
 {
     onStage = nullptr;
+    joinReleaser();
     m_ear.reset();
     if (m_windowSeen)
         m_state->singletonsAreGone();
@@ -175,7 +178,7 @@ void Stage::tick()
             giveUp(QStringLiteral("The application does not come to rest: ") + unrestful);
             return;
         }
-        later(unrestful.isEmpty() ? 0 : PatienceTurnMs);
+        later(m_sinceUnrest.elapsed() < SpinMs ? 0 : PatienceTurnMs);
         return;
     }
     if (++m_calmTurns < CalmTurns)
@@ -211,10 +214,11 @@ void Stage::gather()
 
 QString Stage::unrest()
 {
-    const MainWindow* const main = window();
+    MainWindow* const main = window();
     if (!main || !main->isVisible())
         return QStringLiteral("no window is shown");
-    m_windowSeen = true;
+    if (!std::exchange(m_windowSeen, true))
+        watchWindow(main);
     if (m_waitingActions > 0 || m_awaitedMarks > 0)
         return QStringLiteral("an action waits");
     const bool speaking = m_voiceHeld && FakeTts::isSpeaking();
@@ -229,6 +233,19 @@ QString Stage::unrest()
     if (!frontWindowIsActive())
         return QStringLiteral("the front window is not active");
     return {};
+}
+
+// It says so while its children are still there.
+void Stage::watchWindow(MainWindow* main)
+{
+    m_widgetsLeft.clear();
+    connect(main, &QObject::destroyed, this, [this, main] {
+        for (const QWidget* widget : QApplication::allWidgets()) {
+            const bool desktop = widget->windowType() == Qt::Desktop; // Qt's own
+            if (widget != main && !desktop && !main->isAncestorOf(widget))
+                m_widgetsLeft.append(QString::fromLatin1(widget->metaObject()->className()));
+        }
+    });
 }
 
 // Plays the window system, which gives the keys to the window in front.
@@ -344,13 +361,16 @@ void Stage::release(int key)
 void Stage::send(const QString& message, const QByteArray& payload)
 {
     act([this, message, payload] {
+        if (!window())
+            return;
         auto* const channel = window()->findChild<QCopChannel*>();
-        connect(channel, &QCopChannel::received, this, [this, channel](const QString& name) {
-            if (name != Mark)
-                return;
-            --m_awaitedMarks;
-            channel->disconnect(this);
-        });
+        if (m_channel != channel) {
+            m_channel = channel;
+            connect(channel, &QCopChannel::received, this, [this](const QString& name) {
+                if (name == Mark)
+                    --m_awaitedMarks;
+            });
+        }
         ++m_awaitedMarks;
         QCopChannel::send(ToApplication, message, payload);
         QCopChannel::send(ToApplication, Mark, {});
@@ -375,8 +395,25 @@ void Stage::tipUp(const QString& text)
     });
 }
 
+void Stage::joinReleaser()
+{
+    if (m_releaser.joinable())
+        m_releaser.join();
+}
+
+void Stage::releaseRecognitionSoon()
+{
+    joinReleaser();
+    m_recognitionHeld = false;
+    m_releaser = std::thread([] {
+        std::this_thread::sleep_for(Moment);
+        FakeOcr::release();
+    });
+}
+
 void Stage::holdRecognition(bool hold)
 {
+    joinReleaser();
     m_recognitionHeld = hold;
     if (hold)
         FakeOcr::hold();

@@ -7,12 +7,15 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <thread>
 
 class MainWindow;
+class QCopChannel;
 
 /*
  * Runs the whole application, from its start to its end, on the caller's thread and over the
@@ -44,7 +47,7 @@ public:
     Stage();
     ~Stage() override;
 
-    ApplicationState& state() { return *m_state; }
+    ApplicationState& state() const { return *m_state; }
 
     /* Runs the application until it ends; its result. A problem ends it too. What came after the
      * last rest is in `last`. */
@@ -53,6 +56,9 @@ public:
     /* What went wrong with the play itself: no rest within the deadline, an end that does not
      * come, words to the launcher that belie the voice, engines that were misused. */
     QString problem() const { return m_problem; }
+
+    /* Widgets that outlived the window of the last run, by class. */
+    QStringList widgetsLeft() const { return m_widgetsLeft; }
 
     /* Null before the window is made and when it is gone. */
     static MainWindow* window();
@@ -69,6 +75,8 @@ public:
     void tipUp(const QString& text);
 
     void holdRecognition(bool hold);
+    /* Releases it in a moment from another thread, while the application may wait for it. */
+    void releaseRecognitionSoon();
     void holdVoice(bool hold);
 
     /* Lets a timer run out: "message", "autosave", "delay", or the object name of a QTimer. False
@@ -90,6 +98,8 @@ private:
     void checkSounds();
     void checkEngines();
     void giveUp(const QString& problem);
+    void watchWindow(MainWindow* main);
+    void joinReleaser();
 
     std::unique_ptr<ApplicationState> m_state;
     std::unique_ptr<LauncherEar> m_ear;
@@ -102,12 +112,15 @@ private:
     int m_waitingActions = 0; // asked for and not begun
     int m_actions = 0;
     int m_awaitedMarks = 0; // messages sent to the application that it has not got yet
+    QPointer<QCopChannel> m_channel;
     int m_swipes = 0;
     bool m_recognitionHeld = false;
     bool m_voiceHeld = false;
     bool m_ending = false;
     bool m_windowSeen = false;
     QString m_lastSound;
+    QStringList m_widgetsLeft;
+    std::thread m_releaser;
 };
 
 #endif

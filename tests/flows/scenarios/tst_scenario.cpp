@@ -45,6 +45,7 @@ void TestScenario::readsEachCommand_data()
     row("tip up \"one line\"", Verb::TipUp);
     row("recognition hold", Verb::HoldRecognition);
     row("recognition release", Verb::ReleaseRecognition);
+    row("recognition release soon", Verb::ReleaseSoon);
     row("voice hold", Verb::HoldVoice);
     row("voice run", Verb::RunVoice);
     row("voice word", Verb::VoiceWord);
