@@ -99,7 +99,8 @@ void MainWindow::Back2Normal()
         current->setEnabled(true);
         current->setFocus(Qt::OtherFocusReason);
     }
-    if (m_editor && m_editorWasOpen)
+    // Said once more, it must not load the file over what was scanned since.
+    if (m_editor && m_editorWasOpen && !m_editor->isBound())
         continueFile();
 }
 

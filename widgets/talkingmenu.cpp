@@ -275,6 +275,7 @@ void TalkingMenu::showEvent(QShowEvent* event)
 void TalkingMenu::hideEvent(QHideEvent* event)
 {
     m_scrollTimer.stop();
+    m_quitTimer.stop(); // another screen was entered before the application could be left
     QMenu::hideEvent(event);
 }
 

@@ -35,6 +35,7 @@ private slots:
     void usbKeepsATextThatCannotBeSaved();
     void usbReopensNoFileThatWasNotOpen();
     void usbEndWithoutBeginReopensNothing();
+    void usbEndSaidTwiceLosesNothing();
     void wordsBelongToTheirMessage_data();
     void wordsBelongToTheirMessage();
     void messagesComeOverTheChannel();
@@ -216,6 +217,21 @@ void TestLauncherMessages::usbReopensNoFileThatWasNotOpen()
     f.window->handleReceived(Usb, "delete");
     QVERIFY(!f.window->findChild<SandGlass*>());
     QCOMPARE(f.current(), menu);
+}
+
+void TestLauncherMessages::usbEndSaidTwiceLosesNothing()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("one"));
+    f.window->handleReceived(Usb, "plug");
+    f.window->handleReceived(Usb, "delete");
+    QTRY_VERIFY(f.window->editor()->isBound());
+    f.window->editor()->appendText(QStringLiteral("two"));
+    f.window->handleReceived(Usb, "delete");
+    QVERIFY(!f.window->findChild<SandGlass*>());
+    QCOMPARE(f.window->editor()->documentText(), QStringLiteral("one two "));
+    f.press(Qt::Key_Escape);
+    QVERIFY(f.menu());
 }
 
 void TestLauncherMessages::usbEndWithoutBeginReopensNothing()

@@ -39,6 +39,7 @@ private slots:
     void escapeOnTheTopMenuLeavesTheApplication();
     void escapeWhileSpeakingWaitsForTheWorker();
     void escapeTwiceLeavesOnce();
+    void anotherScreenEndsTheLeaving();
     void hidingTheFocusedMenuPressesNoKey();
     void mouseIsIgnored();
     void slotMayDeleteTheMenu_data();
@@ -351,6 +352,24 @@ void TestMySubMenu::escapeWhileSpeakingWaitsForTheWorker()
     worker.end();
     QVERIFY(m->launcher->waitFor(EscMessage));
     QVERIFY(!m->window.isVisible());
+}
+
+void TestMySubMenu::anotherScreenEndsTheLeaving()
+{
+    HeldWorker worker;
+    worker.start();
+    m->fill(3);
+    m->menu->setSpeechWorker(&worker);
+    m->show();
+    m->press(Qt::Key_Escape);
+    WidgetChange::Instance()->Go2NewWidget(&m->previous);
+    for (const QTimer* timer : m->menu->findChildren<QTimer*>())
+        QVERIFY(!timer->isActive());
+    worker.end();
+    QVERIFY(worker.wait());
+    QCoreApplication::processEvents();
+    QVERIFY(m->window.isVisible());
+    QVERIFY(!m->launcher->messages().contains(EscMessage));
 }
 
 void TestMySubMenu::escapeTwiceLeavesOnce()
