@@ -203,6 +203,8 @@ void readSpoken(Step& step, Words& words)
         step.verb = Verb::SpokenAnything;
         return;
     }
+    if (words.takeIf("perhaps"))
+        step.verb = Verb::SpokenPerhaps;
     step.text = words.take("the text");
     while (!words.atEnd()) {
         const QString what = words.oneOf({"lang", "speed", "volume"});

@@ -44,10 +44,11 @@ struct ScenarioStep
         PutCard,
         Remember, // the screen, for "screen remembered"
         // What must have come of it.
-        Screen,      // name: kind, fields
-        SameScreen,  // as before the last action
-        KnownScreen, // as remembered
-        Spoken,      // text, language, speed, volume
+        Screen,        // name: kind, fields
+        SameScreen,    // as before the last action
+        KnownScreen,   // as remembered
+        Spoken,        // text, language, speed, volume
+        SpokenPerhaps, // text
         SpokenAnything,
         Silent,
         Sent,    // name: message, text: payload

@@ -294,6 +294,10 @@ bool ScenarioPlayer::expect(const Step& step)
     case Verb::Spoken:
         met = expectSpoken(step);
         break;
+    case Verb::SpokenPerhaps:
+        if (!m_spoken.isEmpty() && m_spoken.first().text == step.text)
+            m_spoken.removeFirst();
+        break;
     case Verb::SpokenAnything:
         m_spoken.clear();
         break;

@@ -16,6 +16,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QPointer>
 #include <QTest>
@@ -45,6 +46,12 @@ bool busySignShown()
     return std::any_of(all.begin(), all.end(), [](const QWidget* widget) {
         return qobject_cast<const SandGlass*>(widget);
     });
+}
+
+// A thread counts as not running just before it tells of its end: that has to be on its way.
+bool hasEnded(QThread& thread)
+{
+    return thread.wait(QDeadlineTimer(0));
 }
 
 void runOut(QObject* owner, int timerId)
@@ -222,9 +229,9 @@ QString Stage::unrest()
     if (m_waitingActions > 0 || m_awaitedMarks > 0)
         return QStringLiteral("an action waits");
     const bool speaking = m_voiceHeld && FakeTts::isSpeaking();
-    if (main->menuSpeech() && main->menuSpeech()->isRunning() && !speaking)
+    if (main->menuSpeech() && !hasEnded(*main->menuSpeech()) && !speaking)
         return QStringLiteral("the menu speech does not end");
-    if (main->editor() && main->editor()->soundThread()->isRunning() && !speaking)
+    if (main->editor() && !hasEnded(*main->editor()->soundThread()) && !speaking)
         return QStringLiteral("the reading does not end");
     // Below a dialog it is not seen.
     if (busySignShown() && !QApplication::activeModalWidget()

@@ -60,6 +60,7 @@ void TestScenario::readsEachCommand_data()
     row("screen same", Verb::SameScreen);
     row("screen remembered", Verb::KnownScreen);
     row("spoken \"words\"", Verb::Spoken);
+    row("spoken perhaps \"words\"", Verb::SpokenPerhaps);
     row("spoken anything", Verb::SpokenAnything);
     row("silent", Verb::Silent);
     row("sent mainprocess Show(QString) scan", Verb::Sent);
