@@ -1,14 +1,27 @@
 target_sources(swipeline_app PRIVATE
+    ${CMAKE_SOURCE_DIR}/widgets/barspin.cpp
     ${CMAKE_SOURCE_DIR}/widgets/messagedialog.cpp
     ${CMAKE_SOURCE_DIR}/widgets/mymenu.cpp
     ${CMAKE_SOURCE_DIR}/widgets/mysubmenu.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/pagereturn.cpp
     ${CMAKE_SOURCE_DIR}/widgets/painting.cpp
     ${CMAKE_SOURCE_DIR}/widgets/rowlayout.cpp
     ${CMAKE_SOURCE_DIR}/widgets/sandglass.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/scanbusy.cpp
     ${CMAKE_SOURCE_DIR}/widgets/spinitems.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/spinmulti.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/spinspeed.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/spinvolum.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/spinvolump.cpp
     ${CMAKE_SOURCE_DIR}/widgets/talkinglist.cpp
     ${CMAKE_SOURCE_DIR}/widgets/talkingmenu.cpp
     ${CMAKE_SOURCE_DIR}/widgets/talkingmenu_painting.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/ttsconfig.cpp
     ${CMAKE_SOURCE_DIR}/widgets/valuelist.cpp
     ${CMAKE_SOURCE_DIR}/widgets/yesnoselect.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/zbspinmulti.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/zbspinspeed.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/zbspintext.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/zbspinvolum.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/zbspinvolumt.cpp
 )

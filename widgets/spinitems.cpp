@@ -136,11 +136,16 @@ rowlayout::Place SpinItems::place() const
     return rowlayout::place(width(), label, wantedValueWidth(), m_interSpace);
 }
 
+int SpinItems::top() const
+{
+    return qMax(0, (height() - rowlayout::Height) / 2);
+}
+
 void SpinItems::paintText(QPainter& painter, int x, int room, const QString& text) const
 {
     const bool scrolls = m_scrollTimer.isActive();
     const int scroll = scrolls ? slowscroll::offset(m_scrollTick, textWidth(text), room) : 0;
-    painting::drawLine(painter, QRect(x, rowlayout::TextTop, room, painting::LineHeight),
+    painting::drawLine(painter, QRect(x, top() + rowlayout::TextTop, room, painting::LineHeight),
                        scrolls ? text : painting::elide(text, room, m_font), scroll, m_font);
 }
 

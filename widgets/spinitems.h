@@ -96,6 +96,10 @@ protected:
     ValueList& values() { return m_values; }
 
     rowlayout::Place place() const;
+
+    /* Top of the row's 20 pixels: the middle of a widget that is higher. */
+    int top() const;
+
     QFont textFont() const;
 
     /* Width of a text in the row's font. */

@@ -6,6 +6,7 @@
 #include "platform/zembra_iap.h"
 #include "store/launcher.h"
 #include "widgets/painting.h"
+#include "widgets/scanbusy.h"
 
 #include <QActionEvent>
 #include <QApplication>
@@ -18,13 +19,6 @@
 namespace {
 
 constexpr std::chrono::milliseconds SpeechPoll{10};
-
-bool scanEngineIsBusy()
-{
-    int state = ZEMBRA_IAP_IDLE;
-    ZEMBRA_IAP_GetWorkState(&state);
-    return state == ZEMBRA_IAP_BUSY;
-}
 
 } // namespace
 
@@ -212,6 +206,7 @@ void TalkingMenu::keyPressEvent(QKeyEvent* event)
         ExitWithoutDelete();
         break;
     default:
+        event->ignore(); // the window has keys of its own
         update();
     }
 }

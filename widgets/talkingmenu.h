@@ -20,7 +20,8 @@ class QLabel;
  * entries below it. An entry's status tip is its second text (see SetShowSecondText()). Texts are
  * plain: no mnemonics, no mark-up.
  *
- * While the scan engine is busy with a swipe, keys are ignored. Every other key stops speech.
+ * While the scan engine is busy with a swipe, keys are swallowed. Every other key stops speech, and
+ * a key that the menu has no use for goes on to the parent.
  * A menu with a parent is an ordinary child widget; mouse events are ignored.
  *
  * Interface thread only. A slot of the menu's signals may delete the menu.

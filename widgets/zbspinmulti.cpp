@@ -1,0 +1,3 @@
+#include "widgets/zbspinmulti.h"
+
+ZbSpinMulti::ZbSpinMulti(QWidget* parent) : SpinMulti(parent) {}
