@@ -80,6 +80,7 @@ void MyEdit::Init()
 int MyEdit::setFileInfo(const FileInfo& info)
 {
     m_bound = false;
+    setRenameFlag(false);
     stopAutoSave();
     clear();
     clearReading();
@@ -200,12 +201,16 @@ void MyEdit::setStopFlag(bool stop)
 void MyEdit::showEvent(QShowEvent* event)
 {
     QTextEdit::showEvent(event);
-    emit signalShow(0, QString());
+    emit signalShow(0, m_rename ? documentText() : QString());
 }
 
 // The text, and at the right edge a thin mark that tells which part of the document is seen.
 void MyEdit::paintEvent(QPaintEvent* event)
 {
+    if (m_rename) {
+        paintRename();
+        return;
+    }
     QTextEdit::paintEvent(event);
     const QScrollBar* bar = verticalScrollBar();
     const int whole = bar->maximum() + bar->pageStep();

@@ -109,6 +109,17 @@ public:
     /* The word at the cursor; empty between words. */
     QString getWordFromMyEdit() const;
 
+    /* Rename mode: the editor is the one-line input of a new file name. No file is bound and
+     * nothing is saved; a scan replaces the name; OK ends with signalConfirmRename(), Escape with
+     * signalCancelRename(), both go back to the previous screen. Stays off while a file is bound.
+     */
+    void setRenameFlag(bool on);
+    bool renameFlag() const { return m_rename; }
+
+    /* Begins rename mode with a name to start from, and starts the scan engine. `longest` is how
+     * many characters the user is told that a name may have. */
+    void startRename(const QString& oldName, const QString& proposal, int longest);
+
     /* A scan has arrived. Called on the scan engine's thread; takes the record over. */
     void tirggleEditSingal(_stImg* image);
 
@@ -154,6 +165,10 @@ signals:
     void signalDelete();
     void signalTTShignlight(int offset, int length, int kind);
     void signalShow(int index, const QString& text);
+    /* Rename mode: OK with this name, Escape, and a scan whose text will be the name. */
+    void signalConfirmRename(const QString& name);
+    void signalCancelRename();
+    void signalNewInput();
     /* A key was pressed or a swipe came: whoever speaks over the editor is to stop. */
     void signalKeyPress();
 
@@ -190,8 +205,17 @@ private:
     void markWord(int start, int length);
     void unmark();
 
+    bool renameKey(int key);
+    void leaveRename();
+    void showName(const QString& name);
+    bool takeScannedName(const QString& scan);
+    void paintRename();
+
     FileInfo m_file;
     bool m_bound = false;
+    bool m_rename = false;
+    QString m_oldName;
+    int m_longestName = 0;
     int m_autoSaveTimer = 0;
     QPointer<QWidget> m_previous;
     bool m_keepPosition = false;

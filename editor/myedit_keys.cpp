@@ -16,6 +16,8 @@ void MyEdit::keyPressEvent(QKeyEvent* event)
     ZEMBRA_IAP_GetWorkState(&state);
     if (state == ZEMBRA_IAP_BUSY)
         return;
+    if (m_rename && renameKey(event->key()))
+        return;
     switch (event->key()) {
     case Qt::Key_Escape:
         SaveAndExit();

@@ -48,7 +48,8 @@ void MyEdit::readDelaySlot()
         newest = m_readQueue.takeLast();
         m_readQueue.clear();
     }
-    if (ConfigReader::Instance()->getReadControlInfo() != ReadingOn) {
+    // A new name is heard in any case: it is to be confirmed.
+    if (!m_rename && ConfigReader::Instance()->getReadControlInfo() != ReadingOn) {
         m_lastRead = newest;
         return;
     }

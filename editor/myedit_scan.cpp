@@ -49,7 +49,7 @@ int MyEdit::Recognize(_stImg* image)
     const bool busy = m_recThread->isRunning();
     if (!busy)
         FinishRec();
-    if (!m_bound || busy || m_recThread->isRunning()) {
+    if ((!m_bound && !m_rename) || busy || m_recThread->isRunning()) {
         releaseImage(image);
         return -1;
     }
@@ -62,6 +62,8 @@ int MyEdit::Recognize(_stImg* image)
     m_recognitionFailed = false;
     m_recognising = true;
     m_recThread->start();
+    if (m_rename)
+        emit signalNewInput();
     return 0;
 }
 
@@ -97,11 +99,13 @@ void MyEdit::FinishRec()
     TTSPlayer::Instance()->stop();
     delete m_sandGlass;
     const QString scan = std::exchange(m_pendingText, QString());
+    if (m_rename && !takeScannedName(scan))
+        return;
     if (scan.isEmpty()) {
         m_recognitionFailed = true;
         return;
     }
-    if (!appendText(scan))
+    if (!m_rename && !appendText(scan))
         return;
     viewport()->update();
     clearReading();

@@ -3,7 +3,9 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/editor/myedit.cpp
     ${CMAKE_SOURCE_DIR}/editor/myedit_keys.cpp
     ${CMAKE_SOURCE_DIR}/editor/myedit_reading.cpp
+    ${CMAKE_SOURCE_DIR}/editor/myedit_rename.cpp
     ${CMAKE_SOURCE_DIR}/editor/myedit_scan.cpp
+    ${CMAKE_SOURCE_DIR}/editor/scannedname.cpp
     ${CMAKE_SOURCE_DIR}/editor/speechtext.cpp
     ${CMAKE_SOURCE_DIR}/editor/wordwalk.cpp
 )
