@@ -2,6 +2,7 @@
 
 #include "app/widgetchange.h"
 #include "editor/myedit.h"
+#include "engines/charscanner.h"
 #include "engines/cttsthread.h"
 #include "engines/cttsthread_setup.h"
 #include "engines/cttsthreadforset.h"
@@ -16,6 +17,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
+#include <utility>
 
 namespace {
 
@@ -47,13 +49,14 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 
 MainWindow::~MainWindow()
 {
+    CharScanner::forget(this);
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
     m_menuSpeech.reset();
     m_settingsThread.reset();
     m_setupThread.reset();
-    delete m_editor;
-    m_editor = nullptr;
+    for (MyEdit** edit : {&m_renameEdit, &m_editor})
+        delete std::exchange(*edit, nullptr);
 
     Translater::quitFun();
 
@@ -125,6 +128,22 @@ void MainWindow::setContinueItem(MySubMenu* menu, const QString& fileName)
     item->setText(tr("Continue scan") + u' ' + fileName);
 }
 
+// The item stays where the user is: what comes or goes is above the current one.
+void MainWindow::updateContinueItem()
+{
+    FileInfo current;
+    if (FileManager::Instance()->getCurInfo(current) && !current.name.isEmpty()) {
+        setContinueItem(m_mainMenu, current.name);
+        return;
+    }
+    const int index = m_mainMenu->getCurIndex();
+    if (auto* item =
+            m_mainMenu->findChild<QAction*>(ContinueItemName, Qt::FindDirectChildrenOnly)) {
+        delete item;
+        m_mainMenu->setCurIndex(qMax(0, index - 1));
+    }
+}
+
 // A menu tells how many entries follow the current one; the speech wants the last one's index.
 void MainWindow::connectMenu(MySubMenu* menu, MenuSlot onShow)
 {
@@ -157,15 +176,17 @@ void MainWindow::hideButton()
 
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
-    if (m_editor && object == m_editor && event->type() == QEvent::Show) {
+    const bool isEditor = object && (object == m_editor || object == m_renameEdit);
+    if (isEditor && event->type() == QEvent::Show) {
         ZEMBRA_IAP_SetStopSignal(0);
         return false;
     }
     if (m_keyForwarder && object == m_keyForwarder && event->type() == QEvent::KeyPress) {
-        if (!m_editor)
+        MyEdit* const editor = forwardedEditor();
+        if (!editor)
             return true;
-        m_editor->setFocus(Qt::OtherFocusReason);
-        QCoreApplication::sendEvent(m_editor, event); // marks it as not spontaneous
+        editor->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(editor, event); // marks it as not spontaneous
         return true;
     }
     return false;

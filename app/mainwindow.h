@@ -2,11 +2,13 @@
 #define MAINWINDOW_H
 
 #include "engines/translater.h"
+#include "store/fileinfo.h"
 
 #include <QMainWindow>
 #include <QPointer>
 #include <memory>
 
+class CharScanner;
 class CTTSThread;
 class CTtsThread;
 class CTtsThreadForSet;
@@ -14,7 +16,7 @@ class MyEdit;
 class MySubMenu;
 class QCopChannel;
 class SandGlass;
-struct FileInfo;
+class YesnoSelect;
 
 /*
  * The controller of the whole application: owns the screens and moves between them, builds and
@@ -24,8 +26,11 @@ struct FileInfo;
  * tirggleEditSingal().
  *
  * Its code is in several files: mainwindow.cpp (construction, navigation), mainwindow_speech.cpp
- * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_scanflows.cpp (Scan to file),
- * mainwindow_dictflows.cpp (dictionaries).
+ * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_dialogs.cpp (messages and
+ * questions), mainwindow_scanflows.cpp (Scan to file), mainwindow_filelists.cpp,
+ * mainwindow_deleteflow.cpp, mainwindow_renameflow.cpp (lists of files, deleting, renaming),
+ * mainwindow_extrakeys.cpp (keys that a screen has no use for), mainwindow_dictflows.cpp
+ * (dictionaries).
  */
 class MainWindow : public QMainWindow
 {
@@ -69,6 +74,9 @@ public:
     const QVector<_stTransLan>& dictionaries() const { return m_dictionaries; }
 
     MyEdit* editor() const { return m_editor; }
+
+    /* The input of a new file name; null until one was renamed. */
+    MyEdit* renameEditor() const { return m_renameEdit; }
     CTTSThread* menuSpeech() const { return m_menuSpeech.get(); }
     bool keepRunning() const { return m_keepRunning; }
 
@@ -100,14 +108,31 @@ public slots:
     void continueFile();
     void openFileMenu();
     void openFile();
+    void escFromfilemenuSlot();
     void deleteFileMenu();
+    void deleteFile();
+    void escFormdeleteset();
     void newSet();
     void editEsc();
     void inputDelete();
     void editShowSlot(int index, const QString& text);
 
+    /* Renames the entry of the open list that is current: a scanned proposal has come, or (without
+     * one) a key asks for it. Elsewhere they do nothing. */
+    void Recognize(const QString& text);
+    void renameCurrentFile();
+
+    /* The input of the new name: it is shown, takes a scan, is left with OK or with Escape. */
+    void editRenameShowSlot(int index, const QString& text);
+    void newInput();
+    void renameSlot(const QString& newName);
+    void renameEscSlot();
+
 signals:
     void signalEdit(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void sortDictLoad();
@@ -128,15 +153,56 @@ private:
     void showContinueEdit();
     void showOpenEdit();
     void ensureEditor();
-    /* Makes sure of storage, folder and editor, then as bindAndShowEditor(). */
-    bool showEdit(const FileInfo& file);
+    bool prepareEditor();
+    bool fileIsThere(const FileInfo& file);
     /* Binds the editor to a file and shows it; false when the file cannot be opened. */
-    bool bindAndShowEditor(const FileInfo& file);
+    bool showEdit(const FileInfo& file);
+    void tellScanDirection();
     /* Makes a file the one that "Continue scan" opens. */
     void makeCurrent(const FileInfo& file);
-    /* Names the current file in the menu's first item, which is added when it is missing. */
+    /* Lets the main menu's first item name the current file, if there is one. */
+    void updateContinueItem();
     void setContinueItem(MySubMenu* menu, const QString& fileName);
+
+    /* A message that fills the screen for two seconds and is spoken; the focus goes back to the
+     * screen below. */
     void showMessage(const QString& text);
+    void spaceMessage();
+
+    struct Question
+    {
+        QString text;
+        QString ifYes; // said while Yes, while No is chosen
+        QString ifNo;
+    };
+    /* Runs a dialog and speaks what it asks. True on Yes only. */
+    bool askYesNo(YesnoSelect& dialog, const Question& question);
+    void dismissDialogs();
+    void focusCurrent();
+    /* Whether the card is with a PC, or the application ends: flows stop where they are. */
+    bool isFrozen() const;
+
+    enum class FileMenuUse { Open, Delete };
+    void showFileMenu(FileMenuUse use);
+    void refreshFileMenu();
+    void addFileEntry(const QString& text);
+    void releaseFileMenu();
+    void speakCurrentFile();
+    void carryOutDelete(const FileInfo& chosen);
+
+    /* While the open list is shown a swipe is a new name for its current entry. */
+    bool openListIsShown() const;
+    void resumeNameScanning();
+    void pauseNameScanning();
+    void resumeAfterUsb();
+    void beginRename(const QString& proposal);
+    void showRenameInput(const QString& proposal);
+    void ensureRenameEdit();
+    QString refusalOf(const QString& name) const;
+    void carryOutRename(const QString& name);
+    void returnToOpenList();
+    /* The editor that forwarded keys go to. */
+    MyEdit* forwardedEditor() const;
     void connectMenu(MySubMenu* menu, MenuSlot onShow = &MainWindow::menuShowSlot);
 
     MyEdit* m_editor = nullptr;
@@ -144,7 +210,11 @@ private:
     std::unique_ptr<CTtsThreadForSet> m_settingsThread;
     std::unique_ptr<CTTSThread> m_menuSpeech;
     MySubMenu* m_mainMenu = nullptr;
-    QPointer<MySubMenu> m_subMenu;
+    QPointer<MySubMenu> m_fileMenu; // a list of files
+    FileMenuUse m_fileMenuUse = FileMenuUse::Open;
+    MyEdit* m_renameEdit = nullptr;
+    std::unique_ptr<CharScanner> m_nameScanner;
+    FileInfo m_renamed; // the file that gets a new name
     QPointer<QWidget> m_keyForwarder;
     QCopChannel* m_channel = nullptr;
     QPointer<SandGlass> m_sandGlass;

@@ -7,7 +7,9 @@
 #include "engines/ttsplayer.h"
 #include "platform/oled.h"
 #include "platform/zembra_iap.h"
+#include "store/filemanager.h"
 #include "store/launcher.h"
+#include "widgets/mysubmenu.h"
 
 #include <QApplication>
 
@@ -52,6 +54,8 @@ void MainWindow::silence()
         m_editor->StopTTS(); // a scan that waits for its read delay, too
         m_editor->setFlagForTalk(false);
     }
+    if (m_renameEdit)
+        m_renameEdit->StopTTS();
     TTSPlayer::Instance()->stop();
     m_utterancePending = false;
 }
@@ -82,6 +86,7 @@ void MainWindow::SaveAll()
 
 void MainWindow::StopAll()
 {
+    dismissDialogs();
     m_editorWasOpen = false;
     if (editorIsUsable()) {
         const bool fileWasOpen = m_editor->isBound();
@@ -89,6 +94,7 @@ void MainWindow::StopAll()
         // A text that could not be saved stays in the editor: reopening the file would lose it.
         m_editorWasOpen = fileWasOpen && !m_editor->isBound();
     }
+    pauseNameScanning();
     if (QWidget* current = WidgetChange::Instance()->getCurWidget())
         current->setEnabled(false);
 }
@@ -99,13 +105,30 @@ void MainWindow::Back2Normal()
         current->setEnabled(true);
         current->setFocus(Qt::OtherFocusReason);
     }
+    resumeAfterUsb();
     // Said once more, it must not load the file over what was scanned since.
     if (m_editor && m_editorWasOpen && !m_editor->isBound())
         continueFile();
 }
 
+// Files may have come on the card, and the scan engine was stopped.
+void MainWindow::resumeAfterUsb()
+{
+    FileManager* files = FileManager::Instance();
+    const int before = files->getFileNum();
+    files->getFileList();
+    refreshFileMenu();
+    if (m_fileMenu) // what is new is above
+        m_fileMenu->setCurIndex(m_fileMenu->getCurIndex() + files->getFileNum() - before);
+    resumeNameScanning();
+    if (m_renameEdit && m_renameEdit->renameFlag())
+        m_renameEdit->setScanInit();
+}
+
 void MainWindow::StopOnly()
 {
+    dismissDialogs();
+    pauseNameScanning();
     if (editorIsUsable())
         m_editor->StopOnly();
     launcher::tellLeft();

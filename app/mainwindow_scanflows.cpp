@@ -7,14 +7,15 @@
 #include "editor/myedit.h"
 #include "engines/recchar.h"
 #include "engines/ttsplayer.h"
+#include "platform/devicepaths.h"
 #include "platform/zembra_iap.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
-#include "widgets/messagedialog.h"
+#include "store/plainfile.h"
+#include "store/scannames.h"
 #include "widgets/mysubmenu.h"
 #include "widgets/sandglass.h"
 
-#include <QAction>
 #include <QTimer>
 
 namespace {
@@ -44,8 +45,7 @@ void MainWindow::startBusy(void (MainWindow::*work)())
     m_sandGlass->raise();
     QTimer::singleShot(PaintFirstMs, this, [this, work] {
         // The card may have gone to a PC meanwhile.
-        const QWidget* current = WidgetChange::Instance()->getCurWidget();
-        if (current && !current->isEnabled())
+        if (isFrozen())
             endBusy();
         else
             (this->*work)();
@@ -57,14 +57,6 @@ void MainWindow::endBusy()
     delete m_sandGlass;
 }
 
-void MainWindow::showMessage(const QString& text)
-{
-    talkingMenuTTS(0, text, QString());
-    MessageDialog(this, text).exec();
-    if (QWidget* current = WidgetChange::Instance()->getCurWidget())
-        current->setFocus(Qt::OtherFocusReason);
-}
-
 void MainWindow::showNewEdit()
 {
     FileManager* files = FileManager::Instance();
@@ -73,17 +65,18 @@ void MainWindow::showNewEdit()
         showMessage(tr("Max number of files exceeded. Please remove some files."));
         return;
     }
-    warnWhenStorageLow();
-    ensureScanFolder();
-    ensureEditor();
+    if (!prepareEditor())
+        return;
 
     FileInfo created;
     if (files->saveFile(QString()).isEmpty() || !files->getLatestFile(created)) {
         endBusy();
-        return; // the store has told the user
+        focusCurrent(); // the store has told the user
+        return;
     }
     makeCurrent(created);
-    bindAndShowEditor(created);
+    if (showEdit(created))
+        tellScanDirection();
 }
 
 // In the list file too: after a cut of power the menu offers the file that was worked on.
@@ -91,24 +84,40 @@ void MainWindow::makeCurrent(const FileInfo& file)
 {
     FileManager::Instance()->setCurFileIndex(file.id);
     FileManager::Instance()->flush();
-    setContinueItem(m_mainMenu, file.name);
+    updateContinueItem();
 }
 
 void MainWindow::showContinueEdit()
 {
     FileInfo current;
-    if (FileManager::Instance()->getCurInfo(current))
-        showEdit(current);
-    else
+    if (!FileManager::Instance()->getCurInfo(current))
         endBusy();
+    else if (fileIsThere(current) && prepareEditor() && showEdit(current))
+        tellScanDirection();
 }
 
-bool MainWindow::showEdit(const FileInfo& file)
+// A file that has vanished is not opened empty: leaving it would write it anew.
+bool MainWindow::fileIsThere(const FileInfo& file)
 {
-    warnWhenStorageLow();
+    if (plainfile::isPlainFile(devicePath(scannames::devicePlace(file))))
+        return true;
+    endBusy();
+    showMessage(tr("The file is missing."));
+    resumeNameScanning();
+    return false;
+}
+
+// Makes sure of storage, folder and editor. False when the card has gone to a PC meanwhile.
+bool MainWindow::prepareEditor()
+{
+    spaceMessage();
+    if (isFrozen()) {
+        endBusy();
+        return false;
+    }
     ensureScanFolder();
     ensureEditor();
-    return bindAndShowEditor(file);
+    return true;
 }
 
 void MainWindow::ensureEditor()
@@ -127,66 +136,59 @@ void MainWindow::ensureEditor()
     m_editor->Getscanner()->setEdit(m_editor);
 }
 
-bool MainWindow::bindAndShowEditor(const FileInfo& file)
+// A file that cannot be opened leaves the user where he was.
+bool MainWindow::showEdit(const FileInfo& file)
 {
     if (m_editor->setFileInfo(file) != 0) {
         endBusy();
-        if (QWidget* menu = WidgetChange::Instance()->getCurWidget())
-            menu->setFocus(Qt::OtherFocusReason);
+        focusCurrent();
+        resumeNameScanning();
         return false;
     }
     WidgetChange* screens = WidgetChange::Instance();
     m_editor->setPrevWidget(screens->getCurWidget() ? screens->getCurWidget() : m_mainMenu);
     endBusy();
     screens->Go2NewWidget(m_editor);
-    if (ConfigReader::Instance()->getScanDirectInfo() == ZEMBRA_IAP_VERTICAL)
-        showMessage(tr("Vertical Text Scan Mode!"));
     return true;
 }
 
-// Newest first, as the store lists them.
+void MainWindow::tellScanDirection()
+{
+    if (ConfigReader::Instance()->getScanDirectInfo() == ZEMBRA_IAP_VERTICAL)
+        showMessage(tr("Vertical Text Scan Mode!"));
+}
+
 void MainWindow::openFileMenu()
 {
-    QVector<FileInfo> files;
-    FileManager::Instance()->getInfoList(files);
-    if (files.isEmpty()) {
-        showMessage(tr("No available files!"));
-        return;
-    }
-    delete m_subMenu;
-    m_subMenu = new MySubMenu(tr("Open file"), this);
-    m_subMenu->setGeometry(ScreenPlace);
-    for (const FileInfo& file : std::as_const(files)) {
-        QAction* entry = m_subMenu->addAction(file.name + QLatin1String("  [") + file.brief + u']');
-        connect(entry, &QAction::triggered, this, &MainWindow::openFile);
-    }
-    connectMenu(m_subMenu);
-    m_subMenu->setPrevWidget(WidgetChange::Instance()->getCurWidget());
-    WidgetChange::Instance()->Go2NewWidget(m_subMenu);
+    showFileMenu(FileMenuUse::Open);
+    resumeNameScanning();
+}
+
+void MainWindow::escFromfilemenuSlot()
+{
+    pauseNameScanning();
+    releaseFileMenu();
 }
 
 void MainWindow::openFile()
 {
-    if (m_sandGlass || !m_subMenu)
+    if (m_sandGlass || !m_fileMenu)
         return;
-    m_chosenFile = m_subMenu->getCurIndex();
+    m_chosenFile = m_fileMenu->getCurIndex();
     ZEMBRA_IAP_Uninitialize();
     startBusy(&MainWindow::showOpenEdit);
 }
 
 void MainWindow::showOpenEdit()
 {
-    // A file that cannot be opened does not become the one to continue.
     FileInfo chosen;
-    if (!FileManager::Instance()->getInfoByID(m_chosenFile, chosen))
+    if (!FileManager::Instance()->getInfoByID(m_chosenFile, chosen)) {
         endBusy();
-    else if (showEdit(chosen))
+        resumeNameScanning();
+    } else if (fileIsThere(chosen) && prepareEditor() && showEdit(chosen)) {
         makeCurrent(chosen);
-}
-
-void MainWindow::deleteFileMenu()
-{
-    showMessage(tr("Not available yet."));
+        tellScanDirection();
+    }
 }
 
 void MainWindow::newSet()
@@ -194,9 +196,11 @@ void MainWindow::newSet()
     showMessage(tr("Not available yet."));
 }
 
-// The editor goes back by itself when it leaves a file; without one it only asks.
+// The editor goes back by itself when it leaves a file; without one it only asks. The list that it
+// may go back to shows what the file holds now.
 void MainWindow::editEsc()
 {
+    refreshFileMenu();
     if (WidgetChange::Instance()->getCurWidget() == m_editor && !m_editor->isBound()
         && !m_editor->getPrevWidget())
         ScanWindow();
@@ -205,4 +209,5 @@ void MainWindow::editEsc()
 void MainWindow::inputDelete()
 {
     m_editor->setPrevWidget(nullptr);
+    resumeNameScanning();
 }

@@ -110,7 +110,8 @@ void MainWindow::finishTalkingMenu()
     // not be silenced, and it tells of its own end.
     if (m_menuSpeech->isRunning())
         return;
-    if (!m_editor || !m_editor->soundThread()->isRunning()) {
+    const auto reads = [](const MyEdit* edit) { return edit && edit->soundThread()->isRunning(); };
+    if (!reads(m_editor) && !reads(m_renameEdit)) {
         launcher::tellSoundEnds();
         TTSPlayer::Instance()->stop();
     }

@@ -2,6 +2,7 @@
 #define WINDOWFIXTURE_H
 
 #include "app/mainwindow.h"
+#include "engines/cttsthread.h"
 #include "tests/fakes/faketts.h"
 #include "tests/fakes/qcoprecorder.h"
 #include "tests/shared/applicationstate.h"
@@ -59,10 +60,29 @@ public:
         return texts;
     }
 
+    /* Those since hush(), and the newest of them; empty before the first. */
+    QStringList heard() const { return spoken().mid(m_hushed); }
+    QString lastHeard() const { return heard().isEmpty() ? QString() : heard().last(); }
+
+    /* Waits until nothing is spoken or waits to be, and forgets what was heard. */
+    void hush()
+    {
+        // The end of one utterance begins the next.
+        for (int i = 0; i < 3; ++i) {
+            QTRY_VERIFY(!window->menuSpeech()->isRunning());
+            window->menuSpeech()->wait(); // its end is in the queue of events then
+            QCoreApplication::processEvents();
+        }
+        m_hushed = spoken().size();
+    }
+
     ApplicationState state;
     MessageWatcher messages;
     QCopRecorder launcher;
     std::unique_ptr<MainWindow> window;
+
+private:
+    qsizetype m_hushed = 0;
 };
 
 #endif
