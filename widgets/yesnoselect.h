@@ -36,6 +36,7 @@ public:
 
     /* The question, plain text; "Are you sure to delete it?" at first. */
     void setMsgText(const QString& text);
+    QString msgText() const { return m_message; }
 
     /* 0 after Yes, and before any answer; 1 after No; 2 after Escape or a close from outside. */
     int getValue() const;

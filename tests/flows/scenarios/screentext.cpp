@@ -6,7 +6,9 @@
 #include "tests/flows/scenarios/scenario.h"
 #include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
+#include "widgets/spinitems.h"
 #include "widgets/talkingmenu.h"
+#include "widgets/yesnoselect.h"
 
 #include <QAction>
 #include <QApplication>
@@ -40,6 +42,42 @@ void describeEditor(const MyEdit& editor, ScreenText& screen)
         screen.fields[QStringLiteral("word")] = {marks.first().cursor.selectedText()};
 }
 
+// Rows of a settings page as they are seen, "Speed 6", or the choices of a question.
+QStringList visibleRows(const QWidget& widget, QStringList& selected)
+{
+    QStringList rows;
+    for (const auto* row : widget.findChildren<SpinItems*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (row->isHidden())
+            continue;
+        rows.append((row->getText1().trimmed() + u' ' + row->getCurItem()).trimmed());
+        if (row->isSelected())
+            selected.append(rows.last());
+    }
+    return rows;
+}
+
+void describeQuestion(const YesnoSelect& question, ScreenText& screen)
+{
+    QStringList choice;
+    visibleRows(question, choice);
+    screen.kind = QStringLiteral("question");
+    screen.fields[QStringLiteral("text")] = {question.msgText()};
+    screen.fields[QStringLiteral("choice")] = choice;
+}
+
+// False when the widget has no rows.
+bool describePage(const QWidget& page, ScreenText& screen)
+{
+    QStringList current;
+    const QStringList rows = visibleRows(page, current);
+    if (rows.isEmpty())
+        return false;
+    screen.kind = QStringLiteral("page");
+    screen.fields[QStringLiteral("rows")] = rows;
+    screen.fields[QStringLiteral("current")] = current;
+    return true;
+}
+
 bool isBusy()
 {
     const QWidgetList all = QApplication::allWidgets();
@@ -57,7 +95,9 @@ void describeWidget(const QWidget& widget, ScreenText& screen)
         describeMenu(*menu, screen);
     } else if (const auto* const editor = qobject_cast<const MyEdit*>(&widget)) {
         describeEditor(*editor, screen);
-    } else {
+    } else if (const auto* const question = qobject_cast<const YesnoSelect*>(&widget)) {
+        describeQuestion(*question, screen);
+    } else if (!describePage(widget, screen)) {
         screen.kind = QString::fromLatin1(widget.metaObject()->className());
     }
 }
