@@ -15,7 +15,7 @@
 namespace {
 
 // The title line, the old name below it, and the new one in a box that fills the lower half.
-const QRect OldNamePlace(2, 18, 252, painting::LineHeight);
+const QRect OldNamePlace(2, 16, 252, painting::LineHeight);
 const QRect BoxPlace(0, 38, 256, 24);
 constexpr int NameLeft = 4;
 constexpr int NameTop = 42;
