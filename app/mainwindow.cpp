@@ -12,6 +12,7 @@
 #include "platform/zembra_iap.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
+#include "widgets/messagedialog.h"
 #include "widgets/mysubmenu.h"
 
 #include <QAction>
@@ -45,11 +46,13 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_menuSpeech = std::make_unique<CTTSThread>();
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
+    MessageDialog::setVoice([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
 }
 
 MainWindow::~MainWindow()
 {
     CharScanner::forget(this);
+    MessageDialog::setVoice(nullptr);
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
     m_menuSpeech.reset();

@@ -26,6 +26,7 @@ private slots:
     void timerRunsOnlyWhileShown();
     void canBeShownAgain();
     void keysReachADialogWithAParent();
+    void onlyMessagesWithoutParentAreSpoken();
 
     void sandGlassRunsTheDevicesAnimation();
     void sandGlassWithoutItsFileStandsStill();
@@ -139,6 +140,21 @@ void TestMessageDialog::keysReachADialogWithAParent()
         QTest::keyClick(dialog.windowHandle(), Qt::Key_Return);
     });
     QCOMPARE(result, 1);
+}
+
+void TestMessageDialog::onlyMessagesWithoutParentAreSpoken()
+{
+    QStringList spoken;
+    MessageDialog::setVoice([&spoken](const QString& text) { spoken.append(text); });
+    QWidget parent;
+    MessageDialog ofAScreen(&parent, QStringLiteral("of a screen"));
+    MessageDialog ofAStore(nullptr, QStringLiteral("of a store"));
+    ofAScreen.show();
+    ofAStore.show();
+    QCOMPARE(spoken, QStringList{"of a store"});
+    MessageDialog::setVoice(nullptr);
+    MessageDialog(nullptr, QStringLiteral("unheard")).show();
+    QCOMPARE(spoken.size(), 1);
 }
 
 void TestMessageDialog::sandGlassRunsTheDevicesAnimation()
