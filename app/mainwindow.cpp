@@ -52,6 +52,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
 MainWindow::~MainWindow()
 {
     CharScanner::forget(this);
+    ZEMBRA_IAP_Uninitialize(); // the list of files scans, too
     MessageDialog::setVoice(nullptr);
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
