@@ -34,7 +34,7 @@ void describeMenu(const TalkingMenu& menu, ScreenText& screen)
 
 void describeEditor(const MyEdit& editor, ScreenText& screen)
 {
-    screen.kind = QStringLiteral("editor");
+    screen.kind = QLatin1String(editor.renameFlag() ? "input" : "editor");
     screen.fields[QStringLiteral("text")] = {editor.documentText()};
     screen.fields[QStringLiteral("cursor")] = {QString::number(editor.getCurPosition())};
     const QList<QTextEdit::ExtraSelection> marks = editor.extraSelections();

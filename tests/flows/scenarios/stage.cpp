@@ -54,6 +54,15 @@ bool hasEnded(QThread& thread)
     return thread.wait(QDeadlineTimer(0));
 }
 
+bool readingHasEnded()
+{
+    const QWidgetList all = QApplication::allWidgets();
+    return std::all_of(all.begin(), all.end(), [](const QWidget* widget) {
+        const auto* const editor = qobject_cast<const MyEdit*>(widget);
+        return !editor || hasEnded(*editor->soundThread());
+    });
+}
+
 void runOut(QObject* owner, int timerId)
 {
     QTimerEvent event(timerId);
@@ -231,7 +240,7 @@ QString Stage::unrest()
     const bool speaking = m_voiceHeld && FakeTts::isSpeaking();
     if (main->menuSpeech() && !hasEnded(*main->menuSpeech()) && !speaking)
         return QStringLiteral("the menu speech does not end");
-    if (main->editor() && !hasEnded(*main->editor()->soundThread()) && !speaking)
+    if (!readingHasEnded() && !speaking)
         return QStringLiteral("the reading does not end");
     // Below a dialog it is not seen.
     if (busySignShown() && !QApplication::activeModalWidget()
