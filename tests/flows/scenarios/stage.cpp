@@ -323,7 +323,8 @@ void Stage::giveUp(const QString& problem)
 
 void Stage::checkEngines()
 {
-    if (!m_problem.isEmpty())
+    // Without a window the process ends at once, and the engines with it.
+    if (!m_problem.isEmpty() || !m_windowSeen)
         return;
     if (FakeOcr::openHandles() > 0 || FakeOcr::openResults() > 0 || FakeOcr::misuses() > 0)
         m_problem = QStringLiteral("The recognition engine was misused or not freed.");
