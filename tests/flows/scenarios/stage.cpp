@@ -40,11 +40,14 @@ const QString Execute = QStringLiteral("execute(QString) ");
 
 Stage* onStage = nullptr;
 
+// Below a dialog only the sign of a recognition counts: that goes on there.
 bool busySignShown()
 {
+    const bool dialog = QApplication::activeModalWidget() != nullptr;
     const QWidgetList all = QApplication::allWidgets();
-    return std::any_of(all.begin(), all.end(), [](const QWidget* widget) {
-        return qobject_cast<const SandGlass*>(widget);
+    return std::any_of(all.begin(), all.end(), [dialog](const QWidget* widget) {
+        return qobject_cast<const SandGlass*>(widget)
+               && (!dialog || qobject_cast<const MyEdit*>(widget->parentWidget()));
     });
 }
 
@@ -242,9 +245,7 @@ QString Stage::unrest()
         return QStringLiteral("the menu speech does not end");
     if (!readingHasEnded() && !speaking)
         return QStringLiteral("the reading does not end");
-    // Below a dialog it is not seen.
-    if (busySignShown() && !QApplication::activeModalWidget()
-        && !(m_recognitionHeld && FakeOcr::isRecognizing()))
+    if (busySignShown() && !(m_recognitionHeld && FakeOcr::isRecognizing()))
         return QStringLiteral("the busy sign stays");
     if (!frontWindowIsActive())
         return QStringLiteral("the front window is not active");
