@@ -270,9 +270,11 @@ void DeskWindow::openPage()
 /* Whether a key belongs to the pen, with the focus where it is. */
 bool DeskWindow::goesToPen(int key) const
 {
-    if (key == Qt::Key_Escape || key == Qt::Key_F7 || key == Qt::Key_F8 || key == Qt::Key_F12)
+    if (key == Qt::Key_Escape || (key >= Qt::Key_F7 && key <= Qt::Key_F12))
         return true;
     const QWidget* const focus = QApplication::focusWidget();
+    if (key == Qt::Key_Space && qobject_cast<const KeyButton*>(focus))
+        return false; // it presses the button
     return focus == &m_pen->display() || qobject_cast<const KeyButton*>(focus) || !focus;
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::array<penkeys::PenKey, 9> Keys = {{
+constexpr std::array<penkeys::PenKey, 13> Keys = {{
     {Qt::Key_Escape, "Esc", "Esc", QT_TRANSLATE_NOOP("KeyButton", "Back, or the menu above")},
     {Qt::Key_F12, "F12", "Set", QT_TRANSLATE_NOOP("KeyButton", "Quick settings (F12)")},
     {Qt::Key_Left, "Left", "\u25C0", QT_TRANSLATE_NOOP("KeyButton", "Left")},
@@ -17,6 +17,10 @@ constexpr std::array<penkeys::PenKey, 9> Keys = {{
      QT_TRANSLATE_NOOP("KeyButton", "Seek backwards while held (F7)")},
     {Qt::Key_F8, "F8", "\u23E9\uFE0E",
      QT_TRANSLATE_NOOP("KeyButton", "Seek forwards while held (F8)")},
+    {Qt::Key_F9, "F9", "", QT_TRANSLATE_NOOP("KeyButton", "More settings (F9)")},
+    {Qt::Key_F10, "F10", "", QT_TRANSLATE_NOOP("KeyButton", "Say where one is (F10)")},
+    {Qt::Key_F11, "F11", "", QT_TRANSLATE_NOOP("KeyButton", "Rename (F11)")},
+    {Qt::Key_Space, "Space", "", QT_TRANSLATE_NOOP("KeyButton", "Say it again (Space)")},
 }};
 
 } // namespace

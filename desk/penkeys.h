@@ -16,11 +16,12 @@ struct PenKey
 {
     Qt::Key key;
     const char* name;    // in scripts, matched without regard to case
-    const char* label;   // on the key
+    const char* label;   // on the key, empty for one that only the keyboard has
     const char* purpose; // tool tip and accessible description
 };
 
-/* All keys, in the order of the Tab key. */
+/* All keys: those on the pen's picture in the order of the Tab key, then those that only the
+ * keyboard has. */
 std::span<const PenKey> all();
 
 /* The key of that name; also "Return", "Enter" and "Escape" for OK and Esc. */

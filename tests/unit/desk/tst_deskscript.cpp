@@ -118,8 +118,8 @@ private slots:
         QTest::addColumn<QString>("part");
         QTest::newRow("unknown") << "jump"
                                  << "no command \"jump\"";
-        QTest::newRow("key") << "key Space"
-                             << "no key \"Space\"";
+        QTest::newRow("key") << "key Tab"
+                             << "no key \"Tab\"";
         QTest::newRow("no key") << "key"
                                 << "no key \"\"";
         QTest::newRow("too much") << "key Up Down"
