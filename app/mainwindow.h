@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <memory>
+#include <utility>
 
 class CharScanner;
 class CTTSThread;
@@ -16,7 +17,10 @@ class MyEdit;
 class MySubMenu;
 class QCopChannel;
 class SandGlass;
+class SpinItems;
+class TTSConfig;
 class YesnoSelect;
+struct ScanLanInfoForSort;
 
 /*
  * The controller of the whole application: owns the screens and moves between them, builds and
@@ -29,8 +33,9 @@ class YesnoSelect;
  * (menu speech), mainwindow_messages.cpp (the launcher), mainwindow_dialogs.cpp (messages and
  * questions), mainwindow_scanflows.cpp (Scan to file), mainwindow_filelists.cpp,
  * mainwindow_deleteflow.cpp, mainwindow_renameflow.cpp (lists of files, deleting, renaming),
- * mainwindow_extrakeys.cpp (keys that a screen has no use for), mainwindow_dictflows.cpp
- * (dictionaries).
+ * mainwindow_settingsflows.cpp (settings menus), mainwindow_settingspages.cpp (settings pages),
+ * mainwindow_quickmenu.cpp (the menus over the editor), mainwindow_extrakeys.cpp (keys that a
+ * screen has no use for), mainwindow_dictflows.cpp (dictionaries).
  */
 class MainWindow : public QMainWindow
 {
@@ -112,7 +117,6 @@ public slots:
     void deleteFileMenu();
     void deleteFile();
     void escFormdeleteset();
-    void newSet();
     void editEsc();
     void inputDelete();
     void editShowSlot(int index, const QString& text);
@@ -128,6 +132,59 @@ public slots:
     void renameSlot(const QString& newName);
     void renameEscSlot();
 
+    /* The settings menus and pages. Over the editor, Enter on a value leads back into it; else
+     * everything leads back to the screen from which it was opened. */
+    void newSet();
+    void newLanguage();
+    void newTTS();
+    void delaySet();
+    void newTTSSet();
+    void newDic();
+    void newDicQuick();
+    void newOtherReadingSet();
+
+    /* The menu that the editor opens with F12. */
+    void quickSet();
+    void quickEsc(int index, const QString& text);
+
+    /* Items of the quick menu: back to the editor, and there once the menu's voice has ended. */
+    void soundAgainFun();
+    void gotoBeginningFun();
+    void transWordFun();
+    void selectDicFun();
+
+    /* A menu of values is left with the value at `index`; the text is not used. The one that is
+     * stored already changes nothing. */
+    void scanLanChange(int index, const QString& text);
+    void delayChange(int index, const QString& text);
+    void scanTTSChange(int index, const QString& text);
+    void scanDirectChange(int index, const QString& text);
+    /* As above; the scan engine starts anew with the direction. */
+    void scanDirectChangeQuick(int index, const QString& text);
+
+    /* A row of a settings page shows the value at `index` now. */
+    void readChange(int index, const QString& text);
+    void speedChange(int index, const QString& text);
+    void wordPauseChange(int index, const QString& text);
+    void puncPauseChange(int index, const QString& text);
+    void volumChange(int index, const QString& text);
+    void readChangeForDict(int index, const QString& text);
+    void speedChangeForDict(int index, const QString& text);
+    void volumChangeForDict(int index, const QString& text);
+
+    /* Enter has led from a menu or page back into the editor: what was open between them ends. */
+    void setBiState(int index, const QString& text);
+    /* As above, from a page: scanning is allowed again. */
+    void setBiStateFlag(int index, const QString& text);
+    /* A page was left: it ends. */
+    void escFromVolumeSetSlot();
+
+    /* Keys that every screen has: more settings (F9), where one is (F10), what was said last
+     * (Space). */
+    void moreSettings();
+    void sayPlace();
+    void sayAgain();
+
 signals:
     void signalEdit(const QString& text);
 
@@ -138,12 +195,28 @@ private:
     void sortDictLoad();
 
     using MenuSlot = void (MainWindow::*)(int index, const QString& text, int last);
+    using ItemSlot = void (MainWindow::*)();
+    using ChangeSlot = void (MainWindow::*)(int index, const QString& text);
+
+    /* A menu of which one value is to be chosen. */
+    struct Choice
+    {
+        QString title;
+        QStringList values;
+        int current; // place of the value that is in force
+        ChangeSlot change;
+    };
 
     void setupUi();
     void silence();
     void hushMenu();
     bool editorIsUsable() const;
     void speak(const QString& text, const QString& instruction);
+    /* Has `text` spoken in front of what is spoken next. */
+    void confirm(const QString& text);
+    void soundAgainAfterTalkingMenu();
+    void gotoBeginAfterTalkingMenu();
+    void carryOutRequests();
 
     /* Creates the busy indicator and runs `work` once it is painted; does nothing while there is
      * one already. */
@@ -205,6 +278,28 @@ private:
     MyEdit* forwardedEditor() const;
     void connectMenu(MySubMenu* menu, MenuSlot onShow = &MainWindow::menuShowSlot);
 
+    /* A menu with these items; openMenu() shows it, and it ends when it is left with Escape. */
+    MySubMenu* newMenu(const QString& title, const QVector<std::pair<QString, ItemSlot>>& items);
+    void openMenu(MySubMenu* menu);
+    void openPage(TTSConfig* page);
+    void addRow(TTSConfig* page, SpinItems* row, ChangeSlot change);
+    void openChoice(const Choice& choice);
+    void openDirections(ChangeSlot change);
+    void openFlowScreen(QWidget* screen);
+    void endFlowScreen(QWidget* screen);
+    void endFlowScreens();
+    bool chooseDirection(int index);
+
+    /* Whether a file is open in the editor; a menu that is shown then lies over it. */
+    bool editorIsBelow() const;
+    void returnToEditor();
+    QString getWordFromCursor() const;
+
+    QVector<ScanLanInfoForSort> scanLanguages() const;
+    int scanLanguageRow() const;
+    void applyScanLanguage();
+    QString placeInEditor() const;
+
     MyEdit* m_editor = nullptr;
     std::unique_ptr<CTtsThread> m_setupThread;
     std::unique_ptr<CTtsThreadForSet> m_settingsThread;
@@ -218,13 +313,23 @@ private:
     QPointer<QWidget> m_keyForwarder;
     QCopChannel* m_channel = nullptr;
     QPointer<SandGlass> m_sandGlass;
-    int m_chosenFile = -1; // display index of the file chosen in the open list
+    int m_chosenFile = -1;           // display index of the file chosen in the open list
+    QVector<QWidget*> m_flowScreens; // settings menus and pages that are open, lowest first
+    QPointer<MySubMenu> m_moreMenu;  // open while it is among those
+    int m_wantedLanguage = -1;       // row that is being set up, -1 for none
+    int m_languageInSetUp = -1;      // row that the worker was given last
 
     QVector<_stTransLan> m_dictionaries;
 
     bool m_editorWasOpen = false;
     bool m_keepRunning = true;
     bool m_utterancePending = false;
+    bool m_readAgainPending = false;
+    bool m_gotoBeginPending = false;
+    bool m_editorSpokeLast = false;
+    QString m_confirmation;
+    QString m_saidText; // what was said last, if it was not the editor
+    QString m_saidInstruction;
     QString m_pendingText;
     QString m_pendingInstruction;
 };

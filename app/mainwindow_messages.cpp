@@ -24,6 +24,7 @@ void MainWindow::handleReceived(const QString& message, const QByteArray& payloa
         if (payload == "presspoweroff" || payload == "plugusb") {
             silence();
         } else if (payload == "stop") {
+            returnToEditor(); // before the signal: the editor that is shown clears it
             ZEMBRA_IAP_SetStopSignal(1);
             StopAll();
             close();
@@ -58,12 +59,18 @@ void MainWindow::silence()
         m_renameEdit->StopTTS();
     TTSPlayer::Instance()->stop();
     m_utterancePending = false;
+    m_readAgainPending = false;
+    m_gotoBeginPending = false;
+    m_confirmation.clear();
 }
 
-// The disabled state doubles as the frozen state while the card belongs to the PC.
+// The disabled state doubles as the frozen state while the card belongs to the PC. A menu that is
+// open over the editor disables it, too; what was scanned is to be saved all the same.
 bool MainWindow::editorIsUsable() const
 {
-    return m_editor && m_editor->isEnabled();
+    const QWidget* current = WidgetChange::Instance()->getCurWidget();
+    const bool frozen = current && !current->isEnabled();
+    return m_editor && (m_editor->isEnabled() || (m_editor->isBound() && !frozen));
 }
 
 void MainWindow::Save()
@@ -89,6 +96,7 @@ void MainWindow::StopAll()
     dismissDialogs();
     m_editorWasOpen = false;
     if (editorIsUsable()) {
+        returnToEditor(); // leaving it goes to the screen below it
         const bool fileWasOpen = m_editor->isBound();
         m_editor->SaveAndExit();
         // A text that could not be saved stays in the editor: reopening the file would lose it.

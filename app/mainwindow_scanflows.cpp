@@ -5,6 +5,7 @@
 #include "app/storagecheck.h"
 #include "app/widgetchange.h"
 #include "editor/myedit.h"
+#include "engines/csoundthread.h"
 #include "engines/recchar.h"
 #include "engines/ttsplayer.h"
 #include "platform/devicepaths.h"
@@ -131,6 +132,9 @@ void MainWindow::ensureEditor()
         connect(m_editor, &MyEdit::signalDelete, this, &MainWindow::inputDelete);
         connect(m_editor, &MyEdit::signalKeyPress, this, &MainWindow::keyPressSlot);
         connect(m_editor, &MyEdit::signalShow, this, &MainWindow::editShowSlot);
+        connect(m_editor, &MyEdit::signalQuickSet, this, &MainWindow::quickSet);
+        connect(m_editor->soundThread(), &QThread::started, this,
+                [this] { m_editorSpokeLast = true; });
     }
     TTSPlayer::Instance()->setEdit(m_editor);
     m_editor->Getscanner()->setEdit(m_editor);
@@ -189,11 +193,6 @@ void MainWindow::showOpenEdit()
         makeCurrent(chosen);
         tellScanDirection();
     }
-}
-
-void MainWindow::newSet()
-{
-    showMessage(tr("Not available yet."));
 }
 
 // The editor goes back by itself when it leaves a file; without one it only asks. The list that it

@@ -14,6 +14,13 @@ namespace {
 
 constexpr int HelpPauseMs = 500;
 
+QString confirmed(const QString& confirmation, const QString& text)
+{
+    if (confirmation.isEmpty() || text.isEmpty())
+        return confirmation + text;
+    return confirmation + pauseTag(HelpPauseMs) + text;
+}
+
 } // namespace
 
 void MainWindow::keyPressSlot()
@@ -74,15 +81,23 @@ void MainWindow::talkingMenuTTS(int index, const QString& text, const QString& i
     TTSPlayer::Instance()->stop();
     if (m_editor)
         m_editor->setStopSoundFlag(false);
+    m_editorSpokeLast = false;
+    m_saidText = confirmed(std::exchange(m_confirmation, QString()), text);
+    m_saidInstruction = instruction;
     // Before the worker exists too: the first menu is shown while the window is being built.
     if (!m_menuSpeech || m_menuSpeech->isRunning()) {
-        m_pendingText = text;
+        m_pendingText = m_saidText;
         m_pendingInstruction = instruction;
         m_utterancePending = true;
         return;
     }
     m_utterancePending = false;
-    speak(text, instruction);
+    speak(m_saidText, instruction);
+}
+
+void MainWindow::confirm(const QString& text)
+{
+    m_confirmation = text;
 }
 
 void MainWindow::speak(const QString& text, const QString& instruction)
@@ -117,11 +132,15 @@ void MainWindow::finishTalkingMenu()
     }
     if (m_editor)
         m_editor->setStopSoundFlag(true);
+    carryOutRequests();
     startSlot();
 }
 
+// What the user asked for in the quick menu is heard instead of the hint.
 void MainWindow::editShowSlot(int index, const QString& text)
 {
     Q_UNUSED(text)
+    if (m_readAgainPending || m_gotoBeginPending)
+        return;
     talkingMenuTTS(index, QString(), tr("Scan or press Menu for options."));
 }

@@ -6,14 +6,19 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/app/mainwindow_extrakeys.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_filelists.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_messages.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_quickmenu.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_renameflow.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_scanflows.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_settingsflows.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_settingspages.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_speech.cpp
     ${CMAKE_SOURCE_DIR}/app/messagelog.cpp
     ${CMAKE_SOURCE_DIR}/app/mystyle.cpp
     ${CMAKE_SOURCE_DIR}/app/palette.cpp
     ${CMAKE_SOURCE_DIR}/app/processglobals.cpp
     ${CMAKE_SOURCE_DIR}/app/renamerules.cpp
+    ${CMAKE_SOURCE_DIR}/app/scanlanguagemenu.cpp
+    ${CMAKE_SOURCE_DIR}/app/settingsvalues.cpp
     ${CMAKE_SOURCE_DIR}/app/startup.cpp
     ${CMAKE_SOURCE_DIR}/app/storagecheck.cpp
     ${CMAKE_SOURCE_DIR}/app/widgetchange.cpp

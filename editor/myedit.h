@@ -171,6 +171,8 @@ signals:
     void signalNewInput();
     /* A key was pressed or a swipe came: whoever speaks over the editor is to stop. */
     void signalKeyPress();
+    /* The quick menu is asked for; speech and scanning are stopped. */
+    void signalQuickSet();
 
     /* Internal: a reading is about to be heard. Reaches the interface thread before the first of
      * its highlight reports. */

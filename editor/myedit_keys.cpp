@@ -37,6 +37,11 @@ void MyEdit::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         MoveDown();
         break;
+    case Qt::Key_F12:
+        StopTTS();
+        setStopFlag(true);
+        emit signalQuickSet();
+        break;
     default:
         event->ignore();
         break;

@@ -10,6 +10,9 @@ namespace scanstart {
  * direction, and registers `callback`. The result of the engine's start: 0 for success. */
 int startEngine(int direction, ZEMBRA_IAP_PanoImageCallback callback);
 
+/* Tells a running engine the scan language of the settings. */
+void applyLanguage();
+
 } // namespace scanstart
 
 #endif

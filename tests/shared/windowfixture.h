@@ -76,6 +76,9 @@ public:
         m_hushed = spoken().size();
     }
 
+    /* The newest of them, empty before the first. */
+    static QString lastSpoken() { return spoken().value(spoken().size() - 1); }
+
     ApplicationState state;
     MessageWatcher messages;
     QCopRecorder launcher;

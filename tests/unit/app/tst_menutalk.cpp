@@ -33,6 +33,7 @@ private slots:
     void utteranceBegunBeforeTheEndIsHeardIsSpoken();
     void readingBegunDuringMenuSpeechIsNotSilenced();
     void keyCutsMenuSpeechShort();
+    void keySetsTheFlagWhileAMenuIsSpoken();
     void launcherHearsOfMenuSpeech();
 };
 
@@ -172,6 +173,23 @@ void TestMenuTalk::keyCutsMenuSpeechShort()
     f.window->keyPressSlot();
     QVERIFY(!FakeTts::isSpeaking() || FakeTts::waitUntilSilent());
     QTRY_COMPARE(finished.count(), 1);
+}
+
+void TestMenuTalk::keySetsTheFlagWhileAMenuIsSpoken()
+{
+    WindowFixture f;
+    QTRY_VERIFY(f.spoken().size() == 1 && !f.window->menuSpeech()->isRunning());
+    f.window->keyPressSlot();
+    QVERIFY(!g_KeyFlag); // nothing is being spoken
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->talkingMenuTTS(0, QStringLiteral("long"), QString());
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    FakeTts::missStops(1); // the voice is a little late
+    f.window->keyPressSlot();
+    QVERIFY(g_KeyFlag);
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    QVERIFY(!g_KeyFlag);
 }
 
 void TestMenuTalk::launcherHearsOfMenuSpeech()

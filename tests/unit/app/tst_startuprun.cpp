@@ -104,6 +104,7 @@ private slots:
     void windowComesUpAndTheLauncherEndsIt();
     void warningComesOverTheFirstScreen();
     void missingTranslationLeavesTheSourceTexts();
+    void absentLanguageIsTheFirstOfTheTable();
 
 private:
     int run(bool warning = false);
@@ -180,6 +181,17 @@ void TestStartupRun::missingTranslationLeavesTheSourceTexts()
     FakeSystem::setFreeBytes(0);
     QCOMPARE(run(true), 0);
     QVERIFY(g_Lan);
+    QCOMPARE(onlooker->warnings, QStringList{LowStorage});
+}
+
+// Its code has no translation: the interface stays as it is written.
+void TestStartupRun::absentLanguageIsTheFirstOfTheTable()
+{
+    m_state->root.write(QStringLiteral("/apps/config/scanlanguage.cfg"),
+                        "sv\t107\tSvenska\t1\t1\t1\t0\nzh\t1\tChinese\t1\t1\t1\t1\n");
+    FakeSystem::setFreeBytes(0);
+    QCOMPARE(run(true), 0);
+    QVERIFY(!g_Lan);
     QCOMPARE(onlooker->warnings, QStringList{LowStorage});
 }
 
