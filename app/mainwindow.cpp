@@ -12,6 +12,7 @@
 #include "platform/zembra_iap.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
+#include "widgets/announcer.h"
 #include "widgets/messagedialog.h"
 #include "widgets/mysubmenu.h"
 
@@ -47,6 +48,7 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
     MessageDialog::setVoice([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
+    announcer::setSpeaker([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
 }
 
 MainWindow::~MainWindow()
@@ -54,6 +56,7 @@ MainWindow::~MainWindow()
     CharScanner::forget(this);
     ZEMBRA_IAP_Uninitialize(); // the list of files scans, too
     MessageDialog::setVoice(nullptr);
+    announcer::setSpeaker(nullptr);
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
     m_menuSpeech.reset();

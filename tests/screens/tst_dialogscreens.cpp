@@ -1,6 +1,9 @@
 #include "tests/screens/album.h"
 #include "tests/screens/screenset.h"
+#include "widgets/comboboxborder.h"
 #include "widgets/messagedialog.h"
+#include "widgets/messagewidget.h"
+#include "widgets/painting.h"
 #include "widgets/talkinglist.h"
 #include "widgets/yesnoselect.h"
 
@@ -18,6 +21,9 @@ private slots:
     void questions_data();
     void questions();
     void longQuestionScrolled();
+    void messagesThatStay_data();
+    void messagesThatStay();
+    void comboBoxWithABorder();
     void everyPictureIsUsed();
 
 private:
@@ -94,6 +100,35 @@ void TestDialogScreens::longQuestionScrolled()
         QCoreApplication::sendEvent(&dialog, &tick);
     }
     COMPARE_SCREEN(m_album, &dialog, "question-scrolled");
+}
+
+void TestDialogScreens::messagesThatStay_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("one-line") << QStringLiteral("Please wait");
+    QTest::newRow("four-lines") << QStringLiteral(
+        "A message of four lines takes all of the screen, from the first pixel row to the last "
+        "jgpqy.");
+    QTest::newRow("too-long") << QStringLiteral("More words than there is room for. ").repeated(9);
+}
+
+void TestDialogScreens::messagesThatStay()
+{
+    QFETCH(QString, text);
+    MessageWidget message(text, nullptr);
+    QVERIFY2(m_album.shows(&message, QLatin1String("stays-") + QTest::currentDataTag()),
+             qPrintable(m_album.problem()));
+}
+
+void TestDialogScreens::comboBoxWithABorder()
+{
+    QWidget screen;
+    screen.resize(256, 64);
+    ComboBoxBorder box(&screen);
+    box.setGeometry(8, 24, 240, 24);
+    box.setFont(painting::screenFont());
+    box.addItem(QStringLiteral("English - Chinese"));
+    COMPARE_SCREEN(m_album, &screen, "combo-box");
 }
 
 void TestDialogScreens::everyPictureIsUsed()

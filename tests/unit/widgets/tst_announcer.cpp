@@ -1,0 +1,72 @@
+#include "widgets/announcer.h"
+
+#include <QStringList>
+#include <QTest>
+
+/* Who speaks messages. */
+class TestAnnouncer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup();
+    void speakerGetsWhatIsAnnounced();
+    void earlyMessagesAreKeptInOrder();
+    void forgottenMessagesAreNotSpoken();
+    void nobodySpeaksAfterTheSpeakerHasGone();
+
+private:
+    void listen()
+    {
+        announcer::setSpeaker([this](const QString& text) { m_texts.append(text); });
+    }
+
+    QStringList m_texts;
+};
+
+static const QString A = QStringLiteral("a");
+static const QString B = QStringLiteral("b");
+
+void TestAnnouncer::cleanup()
+{
+    announcer::setSpeaker(nullptr);
+    announcer::forget();
+    m_texts.clear();
+}
+
+void TestAnnouncer::speakerGetsWhatIsAnnounced()
+{
+    listen();
+    announcer::announce(A);
+    announcer::announce(B);
+    QCOMPARE(m_texts, (QStringList{A, B}));
+}
+
+void TestAnnouncer::earlyMessagesAreKeptInOrder()
+{
+    announcer::announce(A);
+    announcer::announce(B);
+    listen();
+    QCOMPARE(m_texts, (QStringList{A, B}));
+    listen();
+    QCOMPARE(m_texts.size(), 2);
+}
+
+void TestAnnouncer::forgottenMessagesAreNotSpoken()
+{
+    announcer::announce(A);
+    announcer::forget();
+    listen();
+    QCOMPARE(m_texts, QStringList());
+}
+
+void TestAnnouncer::nobodySpeaksAfterTheSpeakerHasGone()
+{
+    listen();
+    announcer::setSpeaker(nullptr);
+    announcer::announce(A);
+    QCOMPARE(m_texts, QStringList());
+}
+
+QTEST_GUILESS_MAIN(TestAnnouncer)
+#include "tst_announcer.moc"
