@@ -140,10 +140,14 @@ void MyEdit::SaveAndExit()
     StopTTS();
     stopAutoSave();
     if (!saveDocument()) {
-        // The store has told the user. What was scanned stays on the screen, and the next attempt
-        // to leave or the timer saves it.
-        m_autoSaveTimer = startTimer(AutoSavePeriodMs);
-        return;
+        // The store has told the user.
+        if (!FileManager::Instance()->isKept(m_file, documentText())) {
+            // What was scanned stays on the screen, and the next attempt to leave or the timer
+            // saves it.
+            m_autoSaveTimer = startTimer(AutoSavePeriodMs);
+            return;
+        }
+        MessageDialog(this, tr("The text is kept in the pen.")).exec();
     }
     m_bound = false;
     leaveEngine();

@@ -47,8 +47,9 @@ public:
     int autoSaveTimer() const { return m_autoSaveTimer; }
 
     /* Appends one recognised scan at the end of the document within the size limit, and puts the
-     * cursor where it begins. Stops speech. An empty text is ignored; one that does not fit is
-     * dropped with a message. True when it was appended. */
+     * cursor where it begins. Logs it, so that a cut of power does not lose it. Stops speech. An
+     * empty text is ignored; one that does not fit is dropped with a message. True when it was
+     * appended. */
     bool appendText(const QString& text);
     bool appendScanText(QString text) { return appendText(text); }
 
@@ -61,7 +62,7 @@ public:
 
     /* Saves, clears the editor, stops the scan engine and goes back to the previous screen; with no
      * file bound only emits signalEsc(). A scan that is being recognised is waited for and saved.
-     */
+     * When the card does not take the text, the editor is left only if the store keeps it. */
     void SaveAndExit();
 
     /* Clears the text and stops the scan engine, without saving. */

@@ -8,6 +8,7 @@
 #include "engines/ocrpen.h"
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
+#include "store/filemanager.h"
 #include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
@@ -133,6 +134,12 @@ bool MyEdit::appendText(const QString& text)
         cursor.movePosition(QTextCursor::End);
     const int start = cursor.position();
     cursor.insertText(withTrailingBlank(document, text));
+    if (m_bound) {
+        // Without the log the next save has it all the same.
+        const QString inserted = documentText().mid(start, cursor.position() - start);
+        FileManager::Instance()->noteScan(m_file, start, inserted,
+                                          static_cast<int>(document.size()));
+    }
     moveTo(cursor.position()); // as much of the scan as there is room for comes into view
     moveTo(start);
     return true;

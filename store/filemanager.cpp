@@ -2,41 +2,30 @@
 
 #include "platform/devicepaths.h"
 #include "platform/systemcalls.h"
+#include "store/cardstate.h"
 #include "store/filelist.h"
 #include "store/filewriter.h"
 #include "store/plainfile.h"
 #include "store/scannames.h"
 #include "store/scantext.h"
-#include "widgets/messagedialog.h"
 
 #include <QDate>
 #include <QDir>
 #include <QSet>
 
 #include <algorithm>
-#include <cstdio>
-#include <limits>
+#include <iterator>
 
 namespace {
 
 constexpr int MaxFiles = 1000;
 constexpr qint64 MaxListBytes = 16 * 1024 * 1024;
-constexpr unsigned SettleMicroseconds = 50000;
-// Four times what the editor takes: above it no encoding makes the text small enough.
-constexpr qint64 MaxReadBytes = 4 * 65536;
+const QString ListPlace = QStringLiteral("/apps/config/filelist.cfg");
 
-QString listPath()
+bool isFileThere(const FileInfo& info)
 {
-    return devicePath(QStringLiteral("/apps/config/filelist.cfg"));
-}
-
-// For a terminal: a name may hold anything.
-QByteArray printable(QString text)
-{
-    for (QChar& c : text)
-        if (c.category() == QChar::Other_Control)
-            c = u'?';
-    return text.toUtf8();
+    const QString path = scannames::devicePlace(info);
+    return !path.isEmpty() && plainfile::isPlainFile(devicePath(path));
 }
 
 } // namespace
@@ -61,10 +50,14 @@ int FileManager::init()
     m_readSize = 0;
     m_current = 0;
     m_files.clear();
+    m_away = AwayFiles();
+    const QStringList written = m_journal.recover();
     QByteArray bytes;
-    if (plainfile::read(listPath(), MaxListBytes, bytes) != plainfile::Result::Done) {
-        if (FileWriter().create(listPath(), {}) != FileWriter::Result::Done)
+    if (plainfile::read(devicePath(ListPlace), MaxListBytes, bytes) != plainfile::Result::Done) {
+        if (FileWriter().create(devicePath(ListPlace), {}) != FileWriter::Result::Done)
             return -1;
+        m_away.restore(m_journal.known());
+        bringBack();
         systemcalls::syncStorage();
         return 0;
     }
@@ -74,16 +67,23 @@ int FileManager::init()
     if (!list.wellFormed)
         return -1;
     dropVanished();
+    m_away.restore(m_journal.known());
+    bringBack();
+    refresh(written);
     return 0;
 }
 
-// The ids are the places before; the current index follows its entry.
+// The ids are the places before; the current index follows its entry. Files of a card that is not
+// there have not vanished; those whose text waits for the card can be opened.
 void FileManager::dropVanished()
 {
+    const bool cardIsAway = !cardstate::isCardThere();
     int place = 0;
     while (place < m_files.size()) {
-        const QString path = scannames::devicePlace(m_files.at(place));
-        if (path.isEmpty() || !plainfile::isPlainFile(devicePath(path))) {
+        const FileInfo& info = m_files.at(place);
+        if (!isFileThere(info) && !m_journal.waitingText(scannames::devicePlace(info))) {
+            if (cardIsAway && info.storage == 0)
+                m_away.add(info, info.id == m_current);
             m_files.removeAt(place);
             continue;
         }
@@ -94,11 +94,33 @@ void FileManager::dropVanished()
     }
 }
 
+void FileManager::bringBack()
+{
+    if (!m_away.isEmpty() && cardstate::isCardThere())
+        m_away.bringBack(m_files, m_current, isFileThere);
+}
+
+// Texts that have come to the card at last: their entries tell what the files hold.
+void FileManager::refresh(const QStringList& paths)
+{
+    for (FileInfo& info : m_files) {
+        QByteArray bytes;
+        const QString path = scannames::devicePlace(info);
+        if (!paths.contains(path)
+            || plainfile::read(devicePath(path), MaxListBytes, bytes) != plainfile::Result::Done)
+            continue;
+        info.brief = scantext::briefOfSaved(scantext::decode(bytes));
+        info.date = scannames::dateText(QDate::currentDate());
+    }
+}
+
 int FileManager::getFileList()
 {
     const QDir folder(devicePath(scannames::scanFolder()));
     if (!folder.exists() || !folder.isReadable())
         return -1;
+    refresh(m_journal.retry());
+    bringBack();
     QSet<QString> known;
     for (const FileInfo& info : std::as_const(m_files))
         known.insert(info.name);
@@ -187,23 +209,6 @@ QString FileManager::newFileName() const
     return scannames::next(m_files, QDate::currentDate());
 }
 
-bool FileManager::judgeSameName(int, QString name) const
-{
-    const QString place = scannames::devicePlaceOfScan(name);
-    std::printf("newfile name is %s\n", printable(place).constData());
-    return !plainfile::isAnything(devicePath(place));
-}
-
-bool FileManager::renameFile(QString oldName, QString newName)
-{
-    if (!scannames::isUsable(oldName) || !scannames::isUsable(newName))
-        return false;
-    const FileWriter::Result result =
-        FileWriter().rename(devicePath(scannames::devicePlaceOfScan(oldName)),
-                            devicePath(scannames::devicePlaceOfScan(newName)));
-    return result == FileWriter::Result::Done;
-}
-
 bool FileManager::saveCfg(int displayIndex, QString name)
 {
     const int index = storedIndexOf(displayIndex);
@@ -219,7 +224,7 @@ int FileManager::removeAt(int displayIndex)
     if (!isListed(index))
         return -1;
     const QString path = scannames::devicePlace(m_files.at(index));
-    if (path.isEmpty() || FileWriter().remove(devicePath(path)) != FileWriter::Result::Done)
+    if (path.isEmpty() || m_journal.remove(path) != StoreJournal::Result::Done)
         return -1;
     m_files.removeAt(index);
     renumberFrom(index);
@@ -241,108 +246,11 @@ void FileManager::renumberFrom(int storedIndex)
     }
 }
 
-QString FileManager::readFile(const FileInfo& info)
-{
-    const QString path = scannames::devicePlace(info);
-    QByteArray bytes;
-    qint64 fileSize = 0;
-    switch (path.isEmpty() ? plainfile::Result::Missing
-                           : plainfile::read(devicePath(path), MaxReadBytes, bytes, &fileSize)) {
-    case plainfile::Result::Missing:
-        return {};
-    case plainfile::Result::TooLarge:
-        m_readSize = static_cast<int>(std::min<qint64>(fileSize, std::numeric_limits<int>::max()));
-        return {};
-    case plainfile::Result::Failed:
-        m_readSize = MaxReadBytes;
-        return {};
-    case plainfile::Result::Done:
-        break;
-    }
-    const QString text = scantext::decode(bytes);
-    m_readSize = static_cast<int>(scantext::savedSize(text));
-    return text;
-}
-
-int FileManager::getReturnSize() const
-{
-    return m_readSize;
-}
-
-void FileManager::showDamaged() const
-{
-    MessageDialog dialog(nullptr, tr("File system is damaged, please connect to PC and repair."));
-    dialog.exec();
-}
-
-// The list only knows the files that it has read: the card may hold others. Returns the name, null
-// when no file could be made.
-QString FileManager::createFile(const QByteArray& content)
-{
-    QString name = newFileName();
-    for (;;) {
-        switch (FileWriter().create(devicePath(scannames::devicePlaceOfScan(name)), content)) {
-        case FileWriter::Result::Done:
-            return name;
-        case FileWriter::Result::Exists:
-            name = scannames::following(name);
-            break;
-        case FileWriter::Result::Failed:
-            return {};
-        }
-    }
-}
-
-// After the list was written: nothing of it shall be left in memory only when the power goes or a
-// PC takes the card over.
-void FileManager::settle(bool listWritten) const
-{
-    systemcalls::dropPageCache();
-    systemcalls::sleepMicroseconds(SettleMicroseconds);
-    if (!listWritten)
-        showDamaged();
-}
-
-QString FileManager::saveFile(const QString& text)
-{
-    const QString name = createFile(scantext::encode(text));
-    if (name.isNull()) {
-        showDamaged();
-        return {};
-    }
-    systemcalls::syncStorage();
-    m_files.append({name, scantext::briefOfNew(text), scannames::dateText(QDate::currentDate()), 0,
-                    getFileNum()});
-    settle(flush() == 0);
-    return name;
-}
-
-QString FileManager::saveFile(const FileInfo& info, const QString& text)
-{
-    if (!isListed(info.id))
-        return {};
-    const QString path = scannames::devicePlace(info);
-    const QByteArray content = scantext::encode(scantext::withCarriageReturns(text));
-    if (path.isEmpty()
-        || FileWriter().overwrite(devicePath(path), content) != FileWriter::Result::Done) {
-        showDamaged();
-        return {};
-    }
-    systemcalls::syncStorage();
-    FileInfo& entry = m_files[info.id];
-    entry.brief = scantext::briefOfSaved(text);
-    entry.date = scannames::dateText(QDate::currentDate());
-    const bool listWritten = flush() == 0;
-    systemcalls::syncStorage();
-    settle(listWritten);
-    return info.name;
-}
-
 int FileManager::flush()
 {
-    const FileWriter::Result result =
-        FileWriter().replace(listPath(), filelist::format(m_current, m_files));
-    if (result != FileWriter::Result::Done)
+    m_journal.setKnown(m_away.save());
+    if (m_journal.write(ListPlace, filelist::format(m_current, m_files))
+        != StoreJournal::Result::Done)
         return -1;
     systemcalls::syncStorage();
     return 0;

@@ -1,7 +1,9 @@
 #ifndef FILEMANAGER_H
 #define FILEMANAGER_H
 
+#include "store/awayfiles.h"
 #include "store/fileinfo.h"
+#include "store/storejournal.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -14,6 +16,10 @@
  * Two orders of indices are in use. Stored order is the list file's, oldest first; display order
  * is its reverse, newest first. Each function says which one it speaks: the current file is set in
  * stored order and asked for in display order.
+ *
+ * Every change goes through a journal on the internal flash (store/storejournal.h): after a cut of
+ * power each file is the old or the new one, and a text that the card does not take is kept in the
+ * pen until the card does.
  *
  * Interface thread only.
  */
@@ -31,13 +37,15 @@ public:
      * after each change. */
     static void quitFun();
 
-    /* Reads "/apps/config/filelist.cfg" and drops the entries whose file is gone. A missing list
-     * file is made, empty. 0, or -1 when it can be neither read nor made, or holds a malformed
-     * line: the entries before it are kept. */
+    /* Ends what a cut of power interrupted, reads "/apps/config/filelist.cfg" and drops the entries
+     * whose file is gone; when the card itself is not there, what is known of its files is kept
+     * aside until it is back. A missing list file is made, empty. 0, or -1 when it can be neither
+     * read nor made, or holds a malformed line: the entries before it are kept. */
     int init();
 
-    /* Adds the plain files of the scan folder that the list does not have. The list file is not
-     * written. 0, or -1 when the folder cannot be opened. */
+    /* Adds the plain files of the scan folder that the list does not have; those known from before
+     * the card was away come back as they were. The list file is not written. 0, or -1 when the
+     * folder cannot be opened. */
     int getFileList();
 
     int getFileNum() const;
@@ -80,7 +88,8 @@ public:
     /* Deletes a file and its entry. 0, or -1 when it is not listed or cannot be deleted. */
     int removeAt(int displayIndex);
 
-    /* The text of a file; empty when it cannot be read. Sets getReturnSize(), except when there is
+    /* The text of a file, the newest one when it still waits for its card; empty when it cannot be
+     * read. Sets getReturnSize(), except when there is
      * no such file. A file far over what the editor takes, or one that breaks off while it is
      * read, gives an empty text and a size over the editor's limit, so that nobody takes it for an
      * empty file. */
@@ -97,9 +106,18 @@ public:
     QString saveFile(const QString& text);
 
     /* Overwrites the file of an entry; returns its name. On failure a message is shown for two
-     * seconds, the file is what it was, and the name is empty; it is empty, too, when info.id is
-     * outside the list. */
+     * seconds, the file is what it was, and the name is empty (isKept() tells whether the text is
+     * safe all the same); it is empty, too, when info.id is outside the list. */
     QString saveFile(const FileInfo& info, const QString& text);
+
+    /* Whether this text of a file is safe in the pen although the card does not take it. It is
+     * brought to the card as soon as that is possible. */
+    bool isKept(const FileInfo& info, const QString& text);
+
+    /* Logs what was inserted into the text of the file being edited, so that a cut of power does
+     * not lose it before the next save: `inserted`, at `position` of the text, which was `length`
+     * code units long. One flush of the internal flash. False when that fails. */
+    bool noteScan(const FileInfo& info, int position, const QString& inserted, int length);
 
     /* Writes the list file. 0, or -1 when that fails. */
     int flush();
@@ -111,11 +129,16 @@ private:
     bool copyEntry(int storedIndex, FileInfo& info) const;
     int storedIndexOf(int displayIndex) const;
     void dropVanished();
+    void bringBack();
+    void refresh(const QStringList& paths);
     void renumberFrom(int storedIndex);
     QString createFile(const QByteArray& content);
+    QString takeText(const QByteArray& bytes);
     void showDamaged() const;
     void settle(bool listWritten) const;
 
+    StoreJournal m_journal;
+    AwayFiles m_away;
     int m_readSize = 0;
     int m_current = 0; // stored order
     QVector<FileInfo> m_files;

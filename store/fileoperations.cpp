@@ -62,6 +62,11 @@ int FileOperations::flush(int file)
     return ::fsync(file);
 }
 
+int FileOperations::flushData(int file)
+{
+    return ::fdatasync(file);
+}
+
 int FileOperations::close(int file)
 {
     return ::close(file);

@@ -6,8 +6,8 @@
 
 /*
  * The system calls that reading and writing of files is made of, so that tests can let each of
- * them fail. Results
- * are those of the calls: -1 and errno on failure. Paths are in the encoding of the file system.
+ * them fail. Results are those of the calls: -1 and errno on failure. Paths are in the encoding of
+ * the file system.
  */
 class FileOperations
 {
@@ -29,6 +29,8 @@ public:
     virtual qint64 write(int file, const char* data, qint64 length, qint64 offset);
     virtual int truncate(int file, qint64 size);
     virtual int flush(int file);
+    /* As flush(), but of what is needed to read the data again only. */
+    virtual int flushData(int file);
     virtual int close(int file);
     virtual int remove(const QByteArray& path);
     /* Never over an existing file. */

@@ -161,6 +161,33 @@ FileWriter::Result FileWriter::append(const QString& path, const QByteArray& con
     return update(path, content, &FileWriter::grow);
 }
 
+FileWriter::Result FileWriter::log(const QString& path, qint64 end, const QByteArray& content)
+{
+    OpenFile file(m_operations, path, 0);
+    if (file.fd() < 0 && errno == ENOENT && end == 0)
+        return create(path, content) == Result::Done ? Result::Done : Result::Failed;
+    if (!file.isPlain() || file.size() < end)
+        return Result::Failed;
+    if (file.size() > end && m_operations.truncate(file.fd(), end) != 0)
+        return Result::Failed;
+    if (write(file, content, 0, end) && m_operations.flushData(file.fd()) == 0)
+        return Result::Done;
+    m_operations.truncate(file.fd(), end);
+    m_operations.flushData(file.fd());
+    return Result::Failed;
+}
+
+FileWriter::Result FileWriter::clear(const QString& path, bool flushed)
+{
+    OpenFile file(m_operations, path, 0);
+    if (file.fd() < 0 && errno == ENOENT)
+        return Result::Done;
+    if (!file.isPlain() || (file.size() > 0 && m_operations.truncate(file.fd(), 0) != 0)
+        || (flushed && m_operations.flushData(file.fd()) != 0))
+        return Result::Failed;
+    return Result::Done;
+}
+
 FileWriter::Result FileWriter::replace(const QString& path, const QByteArray& content)
 {
     const QByteArray target = QFile::encodeName(path);

@@ -39,6 +39,14 @@ public:
     /* Adds to the end of the file, and makes it when it is missing. */
     Result append(const QString& path, const QByteArray& content);
 
+    /* Writes into the file from `end` on, and makes the file when it is missing and `end` is 0.
+     * What stood behind `end` is gone then; on a failure nothing is behind it, as far as the
+     * storage lets that be. For the journal: only the data is flushed. */
+    Result log(const QString& path, qint64 end, const QByteArray& content);
+
+    /* Empties a file; `flushed`: on the storage, too. Done when there is no such file. */
+    Result clear(const QString& path, bool flushed);
+
     /* Replaces a table of ours: writes "PATH.new" and renames it over the file (over a link
      * itself). Not for the folders of the user's files, where a crash would leave the new file. */
     Result replace(const QString& path, const QByteArray& content);

@@ -14,6 +14,7 @@ namespace {
 const QString TooBigToOpen =
     QStringLiteral("The file is too big, do not edit the file in computer.");
 const QString TooBigToAppend = QStringLiteral("The file is too big. Please create new file.");
+const QString Kept = QStringLiteral("The text is kept in the pen.");
 const QString Damaged = QStringLiteral("File system is damaged, please connect to PC and repair.");
 
 _stImg* pictureOfALine()
@@ -50,7 +51,9 @@ private slots:
     void noBreakSpaceSurvives();
     void escapeWithoutFileOnlyAsks();
     void escapeSavesAndGoesBack();
+    void textThatTheCardRefusesIsKeptAndComesBack();
     void failedSaveKeepsTextAndScreen();
+    void scansAreLoggedAtOnce();
     void stopOnlyLeavesTheFileAlone();
     void autoSaveTimerSaves();
     void keysAreIgnoredWhileSwiping();
@@ -296,9 +299,48 @@ void TestMyEdit::escapeSavesAndGoesBack()
     QCOMPARE(WidgetChange::Instance()->getCurWidget(), m_previous.get());
 }
 
+void TestMyEdit::textThatTheCardRefusesIsKeptAndComesBack()
+{
+    open(QStringLiteral("old "));
+    m_edit->appendText(QStringLiteral("precious"));
+    const QString path = m_state->root.path(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
+    QTest::keyClick(m_edit.get(), Qt::Key_Escape);
+    QCOMPARE(m_messages->texts(), (QStringList{Damaged, Kept}));
+    QVERIFY(!m_edit->isBound());
+    QVERIFY(m_previous->isVisible());
+
+    FileInfo info;
+    QVERIFY(FileManager::Instance()->getInfoByID(0, info));
+    QCOMPARE(m_edit->setFileInfo(info), 0); // while the card still fails
+    QCOMPARE(m_edit->documentText(), QStringLiteral("old precious "));
+
+    QVERIFY(QDir(path).removeRecursively());
+    QCOMPARE(m_edit->setFileInfo(info), 0);
+    QCOMPARE(m_edit->documentText(), QStringLiteral("old precious "));
+    QCOMPARE(savedText(), QStringLiteral("old precious "));
+}
+
+void TestMyEdit::scansAreLoggedAtOnce()
+{
+    open(QStringLiteral("one"));
+    m_edit->appendText(QStringLiteral("\ntwo\r\nthree"));
+    m_edit->appendText(QStringLiteral("four"));
+    const QString text = m_edit->documentText();
+    QCOMPARE(savedText(), QStringLiteral("one")); // nothing was saved
+    FileManager::quitFun();                       // the power goes
+    m_state->load();
+    QCOMPARE(savedText(), QString(text).replace(u'\n', QStringLiteral("\r\n")));
+    FileManager::quitFun();
+    m_state->load(); // not once more
+    QCOMPARE(savedText(), QString(text).replace(u'\n', QStringLiteral("\r\n")));
+}
+
 void TestMyEdit::failedSaveKeepsTextAndScreen()
 {
     open(QStringLiteral("precious"));
+    QVERIFY(QDir().mkpath(m_state->root.path(QStringLiteral("/apps/config/store.jnl"))));
     const QString path = m_state->root.path(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
     QVERIFY(QFile::remove(path));
     QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));

@@ -84,6 +84,11 @@ int FaultyOperations::flush(int file)
     return fails(Call::Flush) ? -1 : FileOperations::flush(file);
 }
 
+int FaultyOperations::flushData(int file)
+{
+    return fails(Call::Flush) ? -1 : FileOperations::flushData(file);
+}
+
 int FaultyOperations::close(int file)
 {
     // As the system does: the descriptor is gone even when closing fails.

@@ -59,6 +59,7 @@ public:
     qint64 write(int file, const char* data, qint64 length, qint64 offset) override;
     int truncate(int file, qint64 size) override;
     int flush(int file) override;
+    int flushData(int file) override; // a Call::Flush, too
     int close(int file) override;
     int remove(const QByteArray& path) override;
     int renameToNew(const QByteArray& from, const QByteArray& to) override;
