@@ -54,6 +54,25 @@ void setUp(QDataStream& stream)
     stream.setByteOrder(QDataStream::LittleEndian);
 }
 
+// Not by the stream's own function: that one makes room for as many as the bytes claim.
+void readNumbers(QDataStream& stream, QVector<quint64>& numbers)
+{
+    quint32 count = 0;
+    stream >> count;
+    for (quint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        quint64 number = 0;
+        stream >> number;
+        numbers.append(number);
+    }
+}
+
+void writeNumbers(QDataStream& stream, const QVector<quint64>& numbers)
+{
+    stream << quint32(numbers.size());
+    for (const quint64 number : numbers)
+        stream << number;
+}
+
 bool readBody(const QByteArray& body, Record& record)
 {
     QDataStream stream(body);
@@ -63,7 +82,8 @@ bool readBody(const QByteArray& body, Record& record)
     Print before;
     stream >> record.number >> kind >> record.path >> record.target >> record.content >> hasBefore
         >> before.size >> before.checksum >> record.untouched >> record.text >> record.position
-        >> record.length >> record.numbers;
+        >> record.length;
+    readNumbers(stream, record.numbers);
     if (stream.status() != QDataStream::Ok || !stream.atEnd() || kind < quint8(Kind::Write)
         || kind > quint8(Kind::Done))
         return false;
@@ -121,7 +141,8 @@ QByteArray encode(const Record& record)
     const Print before = record.before.value_or(Print());
     stream << record.number << quint8(record.kind) << record.path << record.target << record.content
            << record.before.has_value() << before.size << before.checksum << record.untouched
-           << record.text << record.position << record.length << record.numbers;
+           << record.text << record.position << record.length;
+    writeNumbers(stream, record.numbers);
     const QByteArray length = littleEndian(static_cast<quint32>(body.size()));
     return QByteArray(Mark, sizeof Mark) + length + littleEndian(checksum(length + body)) + body;
 }

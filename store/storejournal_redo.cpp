@@ -124,7 +124,11 @@ bool StoreJournal::redoWrite(const Record& record)
         if (!read || (record.before != printOf(content) && content != record.content))
             return writeBeside(record.path, record.content);
     }
-    return overwrite(record.path, record.content);
+    // Scans that were logged later go on waiting for their turn.
+    if (!overwriteFile(record.path, record.content))
+        return false;
+    m_seen[record.path] = printOf(record.content);
+    return true;
 }
 
 // All scans that were logged for a file since it was saved.
