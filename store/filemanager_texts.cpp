@@ -49,6 +49,7 @@ bool FileManager::renameFile(QString oldName, QString newName)
 {
     if (!scannames::isUsable(oldName) || !scannames::isUsable(newName))
         return false;
+    m_journal.leave();
     refresh(m_journal.retry());
     return m_journal.rename(scannames::devicePlaceOfScan(oldName),
                             scannames::devicePlaceOfScan(newName))

@@ -166,7 +166,8 @@ void add(QVector<Record>& waiting, const Record& record)
     waiting.removeIf([&](const Record& older) { return isOutdatedBy(older, record); });
     if (record.kind == Kind::Untouched) {
         for (Record& older : waiting)
-            older.untouched = older.untouched || record.numbers.contains(older.number);
+            if (record.numbers.contains(older.number))
+                older.untouched = record.untouched;
     } else if (record.kind != Kind::Done) {
         waiting.append(record);
     }

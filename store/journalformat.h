@@ -19,7 +19,7 @@ enum class Kind : quint8 {
     Rename,    // `path` becomes `target`; the content is the file's
     Scan,      // a text was inserted into the text of the file
     Known,     // entries of files whose card is not there
-    Untouched, // the file of an earlier Write is as it was before
+    Untouched, // whether the files of earlier Writes are as they were before
     Done       // earlier records have had their effect, or have lost their meaning
 };
 
@@ -40,7 +40,7 @@ struct Record
     QString target; // Rename
     QByteArray content;
     std::optional<Print> before; // Write: what the text replaces, when that is known
-    bool untouched = false;      // Write: nothing of it has reached the file
+    bool untouched = false;      // Write, Untouched: nothing of it has reached the file
     QString text;                // Scan
     qint32 position = 0;         // Scan: code units from the beginning of the text
     qint32 length = 0;           // Scan: length of the text before

@@ -128,13 +128,18 @@ StoreJournal::Result StoreJournal::write(const QString& path, const QByteArray& 
     // When nothing has reached the file, this is written down: only then it may be found to be
     // somebody else's later.
     const bool untouched = !touched && (missing ? isMissing(path) : isUntouched(record));
-    if (record.number != 0 && untouched) {
-        Record mark;
-        mark.kind = Kind::Untouched;
-        mark.numbers = {record.number};
-        m_journal.commit(mark);
-    }
+    if (record.number != 0 && untouched)
+        mark(record.number, true);
     return otherwise;
+}
+
+bool StoreJournal::mark(quint64 number, bool untouched)
+{
+    Record record;
+    record.kind = Kind::Untouched;
+    record.numbers = {number};
+    record.untouched = untouched;
+    return m_journal.commit(record) != 0;
 }
 
 // What waits for this file has no meaning any more then.

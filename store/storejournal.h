@@ -73,6 +73,7 @@ private:
     bool changedUnseen(const QString& path) const;
     bool isUntouched(const Record& record) const;
     bool overwrite(const QString& path, const QByteArray& content);
+    bool mark(quint64 number, bool untouched);
     bool isWaiting(quint64 number);
 
     void work(bool start, QStringList& written);

@@ -115,18 +115,27 @@ bool StoreJournal::redo(const Record& record, QStringList& written)
     return true;
 }
 
+// Scans that were logged later go on waiting for their turn.
 bool StoreJournal::redoWrite(const Record& record)
 {
     QByteArray content;
     const bool isText = record.path.endsWith(QStringLiteral(".txt"));
     if (isText && record.untouched && !isMissing(record.path)) {
-        const bool read = readFile(record.path, content) == plainfile::Result::Done;
-        if (!read || (record.before != printOf(content) && content != record.content))
+        const plainfile::Result read = readFile(record.path, content);
+        if (read == plainfile::Result::Failed)
+            return false;
+        if (read != plainfile::Result::Done
+            || (record.before != printOf(content) && content != record.content))
             return writeBeside(record.path, record.content);
     }
-    // Scans that were logged later go on waiting for their turn.
-    if (!overwriteFile(record.path, record.content))
+    // From here on it is not known to be as it was.
+    if (record.untouched && !mark(record.number, false))
         return false;
+    if (!overwriteFile(record.path, record.content)) {
+        if (record.untouched && (isMissing(record.path) || isUntouched(record)))
+            mark(record.number, true);
+        return false;
+    }
     m_seen[record.path] = printOf(record.content);
     return true;
 }

@@ -153,6 +153,8 @@ private slots:
     void powerGoesDuring();
     void powerGoesDuringTheStartAfterwards_data();
     void powerGoesDuringTheStartAfterwards();
+    void powerGoesWhileAWaitingTextReachesItsCard_data();
+    void powerGoesWhileAWaitingTextReachesItsCard();
     void modelFindsWhatAPlainWriteLoses_data();
     void modelFindsWhatAPlainWriteLoses();
     void scansOfAWholeMorning();
@@ -276,6 +278,50 @@ void TestCrashes::powerGoesDuringTheStartAfterwards()
     }
     QVERIFY(known.size() > 10);
     qInfo("%lld distinct states", static_cast<long long>(known.size()));
+}
+
+void TestCrashes::powerGoesWhileAWaitingTextReachesItsCard_data()
+{
+    everyKind();
+}
+
+// The card was out when the text was saved: its file is known to be as it was, but not after this.
+void TestCrashes::powerGoesWhileAWaitingTextReachesItsCard()
+{
+    QFETCH(const Kind, kind);
+    journalformat::Record record;
+    record.number = 1;
+    record.kind = journalformat::Kind::Write;
+    record.path = StoreFixture::scanPlace(QStringLiteral("a"));
+    record.content = scantext::encode(longText("fresh ", 250));
+    record.before = journalformat::printOf(scantext::encode(OldText));
+    record.untouched = true;
+    std::optional<CrashModel> model;
+    {
+        StoreFixture fixture;
+        prepare(fixture);
+        fixture.root().write(QStringLiteral("/apps/config/store.jnl"),
+                             journalformat::encode(record));
+        model.emplace(fixture.root().path(QString()));
+        QVERIFY(penWith(fixture));
+        FileOperations::setCurrent(nullptr);
+    }
+    QSet<QByteArray> known;
+    const Unflushed unflushed;
+    for (int events = 0; events <= model->events(); ++events)
+        for (const CrashModel::State& state : model->statesAfter(events, kind)) {
+            if (known.contains(bytesOf(state)))
+                continue;
+            known.insert(bytesOf(state));
+            StoreFixture fixture;
+            restore(fixture, state);
+            const std::optional<Pen> pen = penWith(fixture);
+            QVERIFY(pen);
+            QCOMPARE(pen->texts.value(QStringLiteral("a")), longText("fresh ", 250));
+            QCOMPARE(pen->texts.value(QStringLiteral("b")), OtherText);
+            QCOMPARE(pen->texts.size(), 2);
+        }
+    QVERIFY(known.size() > 5);
 }
 
 void TestCrashes::modelFindsWhatAPlainWriteLoses_data()

@@ -151,11 +151,15 @@ void TestJournalFormat::untouchedIsMarked()
 {
     Record mark = record(3, Kind::Untouched);
     mark.numbers = {2};
-    const QVector<Record> waiting = journalformat::waiting(
+    mark.untouched = true;
+    QVector<Record> waiting = journalformat::waiting(
         {record(1, Kind::Write), record(2, Kind::Write, QStringLiteral("/b.txt")), mark});
     QCOMPARE(waiting.size(), 2);
     QVERIFY(!waiting.at(0).untouched);
     QVERIFY(waiting.at(1).untouched);
+    mark.untouched = false;
+    journalformat::add(waiting, mark);
+    QVERIFY(!waiting.at(1).untouched);
 }
 
 void TestJournalFormat::onlyTheNewestOfWhatIsKnownCounts()

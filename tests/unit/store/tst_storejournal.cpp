@@ -43,6 +43,7 @@ private slots:
     void journalStaysSmallWhileATextWaits();
     void takenAwayJournalIsMadeAgain();
     void longFileIsRenamed();
+    void everyFaultOfACreation();
     void everyFaultOfARenaming();
     void everyFaultOfARemoval();
     void everyFaultOfALog();
@@ -394,6 +395,34 @@ void TestStoreJournal::longFileIsRenamed()
     QCOMPARE(journal->rename(path("book"), path("b")), Result::Done);
     QCOMPARE(f->root().read(path("b")), book);
     QVERIFY(!f->root().exists(path("book")));
+}
+
+// Done: the file is there; else nothing is, now and after the next start.
+void TestStoreJournal::everyFaultOfACreation()
+{
+    bool faulted = true;
+    int nth = 0;
+    while (faulted) {
+        const std::string where = std::to_string(++nth);
+        f.emplace();
+        restart();
+        Result result = Result::Failed;
+        {
+            FaultyOperations operations;
+            operations.failAtAny(nth, ENOSPC, false);
+            result = journal->create(path("a"), New);
+            faulted = operations.hasFailed();
+            QCOMPARE(operations.openFiles(), 0);
+        }
+        QVERIFY2(faulted || result == Result::Done, where.c_str());
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY2(f->root().exists(path("a")) == (result == Result::Done), where.c_str());
+            QCOMPARE(f->root().read(path("a")), result == Result::Done ? New : QByteArray());
+            restart();
+            journal->recover();
+        }
+    }
+    QVERIFY(nth > 8);
 }
 
 // Done: under the new name; else under the old one. Never under both, never under none.
