@@ -32,6 +32,7 @@ private slots:
     void saveWithoutTipLeavesTheEngineAlone();
     void stopSignalIsCleared();
     void usbFreezesAndReopens();
+    void usbBringsBackATextThatTheCardRefused();
     void usbKeepsATextThatCannotBeSaved();
     void usbReopensNoFileThatWasNotOpen();
     void usbEndWithoutBeginReopensNothing();
@@ -183,10 +184,32 @@ void TestLauncherMessages::usbFreezesAndReopens()
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("a "));
 }
 
+// The pen keeps it, so that the card may go to the PC; afterwards it is on the card.
+void TestLauncherMessages::usbBringsBackATextThatTheCardRefused()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("precious"));
+    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    const QString path = f.state.root.path(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
+    QVERIFY(QFile::remove(path));
+    QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
+    f.window->handleReceived(Usb, "plug");
+    QCOMPARE(f.messages.texts().size(), 2);
+    QVERIFY(f.current() != f.window->editor());
+    QVERIFY(QDir(path).removeRecursively());
+    f.window->handleReceived(Usb, "delete");
+    QTRY_COMPARE(f.current(), f.window->editor());
+    QCOMPARE(f.window->editor()->documentText(), QStringLiteral("precious "));
+    QCOMPARE(savedFile(f).size(), 2 + 2 * 9);
+}
+
 void TestLauncherMessages::usbKeepsATextThatCannotBeSaved()
 {
     WindowFixture f;
     openEditor(f, QStringLiteral("precious"));
+    const QString journal = f.state.root.path(QStringLiteral("/apps/config/store.jnl"));
+    QVERIFY(QFile::remove(journal));
+    QVERIFY(QDir().mkpath(journal));
     const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
     const QString path = f.state.root.path(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
     QVERIFY(QFile::remove(path));

@@ -3,6 +3,7 @@
 #include "tests/unit/store/storefixture.h"
 
 #include <QDataStream>
+#include <QFileInfo>
 #include <QSet>
 #include <QTest>
 
@@ -149,6 +150,7 @@ class TestCrashes : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase();
     void powerGoesDuring_data();
     void powerGoesDuring();
     void powerGoesDuringTheStartAfterwards_data();
@@ -163,6 +165,13 @@ private:
     static void everyKind();
     static void everyOperation();
 };
+
+// A thousand small pens: in memory where that is possible.
+void TestCrashes::initTestCase()
+{
+    if (QFileInfo(QStringLiteral("/dev/shm")).isWritable())
+        qputenv("TMPDIR", "/dev/shm");
+}
 
 void TestCrashes::everyKind()
 {
