@@ -268,6 +268,7 @@ private:
     void resumeNameScanning();
     void pauseNameScanning();
     void resumeAfterUsb();
+    bool entryCanBeRenamed() const;
     void beginRename(const QString& proposal);
     void showRenameInput(const QString& proposal);
     void ensureRenameEdit();

@@ -84,6 +84,6 @@ void MainWindow::speakCurrentFile()
 
 bool MainWindow::openListIsShown() const
 {
-    return m_fileMenu && m_fileMenuUse == FileMenuUse::Open && !isFrozen()
+    return m_fileMenu && m_fileMenuUse == FileMenuUse::Open
            && WidgetChange::Instance()->getCurWidget() == m_fileMenu;
 }

@@ -29,7 +29,7 @@ const QRect HintPlace(0, 32, 256, 32);
 
 void MainWindow::resumeNameScanning()
 {
-    if (!openListIsShown())
+    if (!openListIsShown() || isFrozen())
         return;
     if (!m_nameScanner) {
         m_nameScanner = std::make_unique<CharScanner>(this);
@@ -48,14 +48,19 @@ void MainWindow::pauseNameScanning()
 // A text may come late: after a key has led elsewhere, or while something lies over the list.
 void MainWindow::Recognize(const QString& text)
 {
-    if (openListIsShown() && !m_sandGlass && !QApplication::activeModalWidget())
+    if (entryCanBeRenamed())
         beginRename(text);
 }
 
 void MainWindow::renameCurrentFile()
 {
-    if (openListIsShown() && !m_sandGlass)
+    if (entryCanBeRenamed())
         beginRename(QString());
+}
+
+bool MainWindow::entryCanBeRenamed() const
+{
+    return openListIsShown() && !isFrozen() && !m_sandGlass && !QApplication::activeModalWidget();
 }
 
 // Files of the other store are only opened, changed and deleted here.

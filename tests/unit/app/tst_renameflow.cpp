@@ -61,6 +61,8 @@ private slots:
     void powerKeySilencesTheInput();
     void saveMessagesLeaveTheInputAlone();
     void textOnItsWayWhenTheWindowGoesIsHarmless();
+    void endWhileTheListIsShownStopsTheEngine_data();
+    void endWhileTheListIsShownStopsTheEngine();
     void everyRefusalInOneWalk();
 
 private:
@@ -507,6 +509,23 @@ void TestRenameFlow::textOnItsWayWhenTheWindowGoesIsHarmless()
     f.window.reset();
     QVERIFY(!CharScanner::editScan);
     QCoreApplication::processEvents();
+}
+
+void TestRenameFlow::endWhileTheListIsShownStopsTheEngine_data()
+{
+    QTest::addColumn<QByteArray>("word");
+    QTest::newRow("stop") << QByteArray("stop");
+    QTest::newRow("stoponly") << QByteArray("stoponly");
+}
+
+void TestRenameFlow::endWhileTheListIsShownStopsTheEngine()
+{
+    QFETCH(QByteArray, word);
+    WindowFixture f(TwoFiles);
+    openList(f);
+    f.window->handleReceived(QStringLiteral("execute(QString)"), word);
+    QVERIFY(!f.window->isVisible());
+    QVERIFY(!FakeIap::isStarted());
 }
 
 void TestRenameFlow::everyRefusalInOneWalk()
