@@ -167,6 +167,12 @@ bool FakeIap::waitUntilIdle()
                                    [&engine] { return !engine.set.pressed && !engine.inCallback; });
 }
 
+bool FakeIap::isIdle()
+{
+    const std::lock_guard lock(state().mutex);
+    return !state().set.pressed && !state().inCallback;
+}
+
 std::optional<int> FakeIap::swipe(Picture picture)
 {
     if (!press())

@@ -37,8 +37,9 @@ public:
     /* The tip goes up, and no line could be made of the swipe. */
     static void liftWithoutLine();
 
-    /* Waits until the engine is idle. */
+    /* Waits until the engine is idle; whether it is. */
     static bool waitUntilIdle();
+    static bool isIdle();
 
     /* press(), lift(), waitUntilIdle(). What the callback returned; nothing when no callback was
      * called. */

@@ -78,16 +78,21 @@ struct RunningTimer
     int id = 0;
 };
 
-// A single shot without an object of ours belongs to the event dispatcher.
+// The editor's other timers are faster. A single shot without an object of its own belongs to the
+// event dispatcher.
 RunningTimer delayTimer()
 {
+    const MyEdit* const editor = Stage::window()->editor();
     auto* const dispatcher = QAbstractEventDispatcher::instance();
-    for (QObject* timer : dispatcher->findChildren<QObject*>()) {
-        for (const auto& info : dispatcher->registeredTimers(timer)) {
+    if (!editor)
+        return {};
+    QObjectList candidates = dispatcher->children();
+    for (QTimer* timer : editor->findChildren<QTimer*>())
+        candidates.append(timer);
+    for (QObject* timer : std::as_const(candidates))
+        for (const auto& info : dispatcher->registeredTimers(timer))
             if (info.interval >= ShortestDelayMs)
                 return {timer, info.timerId};
-        }
-    }
     return {};
 }
 
@@ -245,8 +250,13 @@ QString Stage::unrest()
         return QStringLiteral("the menu speech does not end");
     if (!readingHasEnded() && !speaking)
         return QStringLiteral("the reading does not end");
-    if (busySignShown() && !(m_recognitionHeld && FakeOcr::isRecognizing()))
+    const bool recognising = m_recognitionHeld && FakeOcr::isRecognizing();
+    if (busySignShown() && !recognising)
         return QStringLiteral("the busy sign stays");
+    // A file name is recognised within the scan engine's callback, without the sign.
+    const bool inCallback = recognising && !busySignShown();
+    if (!m_tipIsDown && !FakeIap::isIdle() && !inCallback)
+        return QStringLiteral("the scan engine works on");
     if (!frontWindowIsActive())
         return QStringLiteral("the front window is not active");
     return {};
@@ -304,9 +314,7 @@ void Stage::checkSounds()
 
 void Stage::end()
 {
-    holdVoice(false);
-    holdRecognition(false);
-    FakeIap::liftWithoutLine();
+    letGo();
     if (std::exchange(m_ending, true))
         giveUp(QStringLiteral("The application does not end."));
     else
@@ -316,8 +324,7 @@ void Stage::end()
 void Stage::giveUp(const QString& problem)
 {
     m_problem = problem;
-    holdVoice(false);
-    holdRecognition(false);
+    letGo();
     QApplication::closeAllWindows();
     QCoreApplication::exit(1);
 }
@@ -397,7 +404,8 @@ void Stage::send(const QString& message, const QByteArray& payload)
 
 bool Stage::tipDown()
 {
-    return FakeIap::press() && !FakeIap::stopSignal();
+    m_tipIsDown = FakeIap::press();
+    return m_tipIsDown && !FakeIap::stopSignal();
 }
 
 void Stage::tipUp(const QString& text)
@@ -409,8 +417,16 @@ void Stage::tipUp(const QString& text)
             FakeIap::liftWithoutLine();
         else
             FakeIap::lift(FakeIap::pattern(width, PictureHeight));
-        FakeIap::waitUntilIdle();
+        m_tipIsDown = false;
     });
+}
+
+void Stage::letGo()
+{
+    holdVoice(false);
+    holdRecognition(false);
+    FakeIap::liftWithoutLine();
+    m_tipIsDown = false;
 }
 
 void Stage::joinReleaser()

@@ -79,6 +79,9 @@ public:
     void releaseRecognitionSoon();
     void holdVoice(bool hold);
 
+    /* Nothing is held any more, and the tip is up. */
+    void letGo();
+
     /* Lets a timer run out: "message", "autosave", "delay", or the object name of a QTimer. False
      * when it does not run. */
     bool endTimer(const QString& name);
@@ -116,6 +119,7 @@ private:
     int m_swipes = 0;
     bool m_recognitionHeld = false;
     bool m_voiceHeld = false;
+    bool m_tipIsDown = false;
     bool m_ending = false;
     bool m_windowSeen = false;
     QString m_lastSound;

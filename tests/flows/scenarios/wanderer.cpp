@@ -4,7 +4,6 @@
 #include "app/widgetchange.h"
 #include "editor/myedit.h"
 #include "store/filemanager.h"
-#include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
 #include "tests/flows/scenarios/screentext.h"
@@ -265,9 +264,7 @@ void Wanderer::goHome()
     if (m_frozen || m_cardOut || m_escapesLeft == EscapesHome) {
         if (m_cardOut)
             changeTheCard();
-        m_stage.holdVoice(false);
-        m_stage.holdRecognition(false);
-        FakeIap::liftWithoutLine();
+        m_stage.letGo();
         FakeSystem::setFreeBytes(10'000'000);
         if (std::exchange(m_frozen, false))
             m_stage.send(QStringLiteral("USB(QString)"), "delete");
