@@ -209,6 +209,7 @@ private:
 
     void setupUi();
     void silence();
+    void stopAndFreeze();
     void hushMenu();
     bool editorIsUsable() const;
     void speak(const QString& text, const QString& instruction);
@@ -323,6 +324,8 @@ private:
     QVector<_stTransLan> m_dictionaries;
 
     bool m_editorWasOpen = false;
+    int m_stopsRunning = 0;     // calls of StopAll() that have not returned
+    bool m_usbHasEnded = false; // since the last of them began
     bool m_keepRunning = true;
     bool m_utterancePending = false;
     bool m_readAgainPending = false;

@@ -91,7 +91,17 @@ void MainWindow::SaveAll()
     Save();
 }
 
+// Saving may show a message, and the PC may be done with the card while it is shown.
 void MainWindow::StopAll()
+{
+    m_usbHasEnded = false;
+    ++m_stopsRunning;
+    stopAndFreeze();
+    if (--m_stopsRunning == 0 && m_usbHasEnded)
+        Back2Normal();
+}
+
+void MainWindow::stopAndFreeze()
 {
     dismissDialogs();
     m_editorWasOpen = false;
@@ -109,6 +119,9 @@ void MainWindow::StopAll()
 
 void MainWindow::Back2Normal()
 {
+    m_usbHasEnded = true;
+    if (m_stopsRunning > 0)
+        return;
     if (QWidget* current = WidgetChange::Instance()->getCurWidget()) {
         current->setEnabled(true);
         current->setFocus(Qt::OtherFocusReason);

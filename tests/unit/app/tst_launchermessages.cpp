@@ -10,6 +10,9 @@
 #include "tests/shared/windowfixture.h"
 #include "widgets/sandglass.h"
 
+#include <QDir>
+#include <QTimer>
+
 namespace {
 
 const QString Execute = QStringLiteral("execute(QString)");
@@ -37,6 +40,7 @@ private slots:
     void usbReopensNoFileThatWasNotOpen();
     void usbEndWithoutBeginReopensNothing();
     void usbEndSaidTwiceLosesNothing();
+    void usbEndWhileSavingIsNotForgotten();
     void wordsBelongToTheirMessage_data();
     void wordsBelongToTheirMessage();
     void messagesComeOverTheChannel();
@@ -255,6 +259,21 @@ void TestLauncherMessages::usbEndSaidTwiceLosesNothing()
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("one two "));
     f.press(Qt::Key_Escape);
     QVERIFY(f.menu());
+}
+
+void TestLauncherMessages::usbEndWhileSavingIsNotForgotten()
+{
+    WindowFixture f;
+    openEditor(f, QStringLiteral("one"));
+    QVERIFY(QDir().rename(f.state.root.path(QStringLiteral("/mnt/mmc")),
+                          f.state.root.path(QStringLiteral("/mnt/away"))));
+    // In the event loop of the message that the text cannot be saved.
+    QTimer::singleShot(0, f.window.get(), [&f] {
+        QVERIFY(!f.messages.texts().isEmpty());
+        f.window->handleReceived(Usb, "delete");
+    });
+    f.window->handleReceived(Usb, "plug");
+    QVERIFY(f.current()->isEnabled());
 }
 
 void TestLauncherMessages::usbEndWithoutBeginReopensNothing()
