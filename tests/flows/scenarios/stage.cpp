@@ -307,7 +307,7 @@ void Stage::rest()
 void Stage::checkSounds()
 {
     const bool told = m_lastSound == QLatin1String("soundyes");
-    if (told != FakeTts::isSpeaking())
+    if (m_heedsLauncher && told != FakeTts::isSpeaking())
         m_problem = told ? QStringLiteral("The launcher believes that the pen speaks.")
                          : QStringLiteral("The launcher believes that the pen is silent.");
 }

@@ -17,7 +17,9 @@ namespace {
 
 constexpr int LongestBurst = 8;
 constexpr int EscapesHome = 12;
-constexpr bool CardLeaves = false;
+constexpr bool CardLeaves = false; // the storage fills and empties all the same
+// The end of a reading that was cut off by a menu is told when the menu speaks already.
+constexpr bool HeedsLauncher = false;
 const QString MainTitle = QStringLiteral("Scan to file");
 const QString Card = QStringLiteral("/mnt/mmc");
 const QString CardInAPc = QStringLiteral("/mnt/taken-out");
@@ -63,6 +65,7 @@ const std::array Texts = {u"The keeper of the light",
 Wanderer::Wanderer(unsigned seed, int steps)
     : m_random(seed), m_stepsLeft(steps), m_escapesLeft(EscapesHome)
 {
+    m_stage.setHeedsLauncher(HeedsLauncher);
 }
 
 int Wanderer::upTo(int number)
@@ -244,6 +247,7 @@ void Wanderer::changeTheCard()
         const QString to = root.path(m_cardOut ? Card : CardInAPc);
         m_stage.act([from, to] { QDir().rename(from, to); });
         m_cardOut = !m_cardOut;
+        m_cardWasOut = true;
     } else {
         const qint64 bytes = upTo(2) == 0 ? 0 : 10'000'000;
         note(QStringLiteral("free-space %1").arg(bytes));
@@ -270,6 +274,14 @@ void Wanderer::goHome()
             m_stage.send(QStringLiteral("USB(QString)"), "delete");
         m_stage.act([] {});
         --m_escapesLeft;
+        return;
+    }
+    if (isAtHome() && m_cardWasOut) {
+        // What waits in the pen for the card is on it after the next start.
+        m_cardWasOut = false;
+        m_mayHaveEnded = true;
+        m_escapesLeft = EscapesHome;
+        m_stage.send(QStringLiteral("execute(QString)"), "stop");
         return;
     }
     if (isAtHome()) {

@@ -53,6 +53,7 @@ private:
     bool m_frozen = false; // the PC has the card
     bool m_mayHaveEnded = false;
     bool m_cardOut = false;
+    bool m_cardWasOut = false;
     bool m_tipIsDown = false;
     bool m_done = false;
     QSet<QString> m_appended;         // scans that were seen in a document
