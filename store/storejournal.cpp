@@ -1,6 +1,7 @@
 #include "store/storejournal.h"
 
 #include "platform/devicepaths.h"
+#include "store/cardstate.h"
 #include "store/filewriter.h"
 #include "store/plainfile.h"
 #include "store/scantext.h"
@@ -174,8 +175,9 @@ StoreJournal::Result StoreJournal::remove(const QString& path)
 {
     const QVector<quint64> waiting = numbersOf(path);
     if (isMissing(path)) {
-        // Its text is here only: it is removed here.
-        if (waiting.isEmpty())
+        // Its text is here only, and is removed here; while the card is out nobody knows, and the
+        // file would come back with its old text.
+        if (waiting.isEmpty() || !cardstate::isThere(path))
             return Result::Failed;
         m_journal.forget(waiting, true);
         return Result::Done;

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int LongestBurst = 8;
 constexpr int EscapesHome = 12;
-constexpr bool CardLeaves = false; // the storage fills and empties all the same
+constexpr bool CardLeaves = true;
 // The end of a reading that was cut off by a menu is told when the menu speaks already.
 constexpr bool HeedsLauncher = false;
 const QString MainTitle = QStringLiteral("Scan to file");

@@ -32,7 +32,7 @@ private slots:
     void cardThatComesBackBeforeTheSaveKeepsItsText();
     void halfWrittenFileIsCompleted();
     void waitingTextIsNotRenamedAway();
-    void removingAFileThatWaitsForgetsIt();
+    void removingAFileThatWaitsForgetsItUnlessTheCardIsOut();
     void nameOfAWaitingFileIsTaken();
     void scansAreAppendedToAnEditedFile();
     void scansOfAVanishedFileMakeIt();
@@ -256,15 +256,18 @@ void TestStoreJournal::waitingTextIsNotRenamedAway()
     QCOMPARE(text("b"), QStringLiteral("older"));
 }
 
-void TestStoreJournal::removingAFileThatWaitsForgetsIt()
+void TestStoreJournal::removingAFileThatWaitsForgetsItUnlessTheCardIsOut()
 {
     see("a");
     takeCardOut();
     QCOMPARE(journal->remove(path("a")), Result::Failed);
     QCOMPARE(journal->write(path("a"), New), Result::Kept);
+    QCOMPARE(journal->remove(path("a")), Result::Failed);
+    QCOMPARE(journal->waitingText(path("a")), QStringLiteral("new"));
+    putCardBack();
+    QVERIFY(QFile::remove(f->root().path(path("a"))));
     QCOMPARE(journal->remove(path("a")), Result::Done);
     QVERIFY(!journal->waitingText(path("a")));
-    putCardBack();
     QVERIFY(journal->noteScan(path("a"), 3, QStringLiteral("er"), 3));
     QCOMPARE(journal->remove(path("a")), Result::Done);
     restart();
