@@ -30,10 +30,8 @@ bool splitAt(char separator, std::string_view line, std::string_view& left, std:
     const std::size_t at = line.find(separator);
     if (at == std::string_view::npos)
         return false;
-    // Both are views of the line, which may be one of the two.
-    const std::string_view whole = line;
-    left = trimmed(whole.substr(0, at));
-    right = trimmed(whole.substr(at + 1));
+    left = trimmed(line.substr(0, at));
+    right = trimmed(line.substr(at + 1));
     return true;
 }
 
