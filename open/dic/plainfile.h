@@ -38,6 +38,9 @@ public:
     std::uint64_t size() const { return m_stamp.size; }
     const FileStamp& stamp() const { return m_stamp; }
 
+    /* The path by which this process can open the same file once more. */
+    std::string link() const { return "/proc/self/fd/" + std::to_string(m_descriptor); }
+
     /* Exactly `length` bytes from `offset`, or false. */
     bool read(std::uint64_t offset, void* to, std::size_t length) const;
     bool read(std::uint64_t offset, std::size_t length, std::string& out) const;
