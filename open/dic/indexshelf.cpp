@@ -2,13 +2,10 @@
 
 #include "open/dic/log.h"
 
-#include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
 
@@ -36,20 +33,6 @@ PlainFile anotherHandle(const std::string& path)
 }
 
 } // namespace
-
-std::string indexFolder()
-{
-    const char* const value = std::getenv("SWIPELINE_ROOT");
-    std::string root = value ? value : "";
-    while (root.ends_with('/'))
-        root.pop_back();
-    const std::string data = root + "/apps/data";
-    const std::string folder = data + "/dictindex/";
-    if (access(data.c_str(), F_OK) != 0)
-        return {};
-    mkdir(folder.c_str(), 0755);
-    return access(folder.c_str(), W_OK | X_OK) == 0 ? folder : std::string();
-}
 
 IndexShelf::IndexShelf(std::string folder) : m_folder(std::move(folder)) {}
 

@@ -69,10 +69,6 @@ private:
     std::thread m_thread;
 };
 
-/* Where sidecars and the registry are kept: a folder of the pen's data partition, made if there is
- * such a partition. Empty when there is none or it cannot be written. */
-std::string indexFolder();
-
 } // namespace dic
 
 #endif

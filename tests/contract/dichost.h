@@ -1,11 +1,14 @@
 #ifndef DICHOST_H
 #define DICHOST_H
 
-/* Installs what dictionaries the surroundings of an engine can: two language pairs with the word
- * "house", or none. Returns whether there are any. */
+#include <string>
+#include <vector>
+
+/* Installs two language pairs; the first dictionary of the first has the word "house". Returns the
+ * folders, as the engine takes them. */
 namespace dichost {
 
-bool installDictionaries();
+std::vector<std::string> installDictionaries();
 
 } // namespace dichost
 

@@ -1,7 +1,7 @@
 #include "tests/contract/dichost.h"
 #include "tests/fakes/fakedic.h"
 
-bool dichost::installDictionaries()
+std::vector<std::string> dichost::installDictionaries()
 {
     FakeDic::reset();
     FakeDic::Dictionary one;
@@ -10,5 +10,5 @@ bool dichost::installDictionaries()
     two.entries[u"maison"] = {{u"maison", u"house", 0}};
     FakeDic::addPair(101, 104, u"English-German", {one, two});
     FakeDic::addPair(103, 101, u"French-English", {two});
-    return true;
+    return {"/nowhere/one/", "/nowhere/two/"};
 }

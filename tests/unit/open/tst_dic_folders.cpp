@@ -1,6 +1,7 @@
 /* Which dictionaries there are: languages, folders, places in the list, sidecars. */
 #include "open/dic/folderscan.h"
 #include "open/dic/indexshelf.h"
+#include "open/dic/penfolders.h"
 #include "open/dic/registry.h"
 #include "tests/unit/open/dicfiles.h"
 

@@ -1,0 +1,166 @@
+#include "open/dic/entrylines.h"
+
+#include "open/dic/folding.h"
+#include "open/dic/utf.h"
+
+#include <algorithm>
+#include <array>
+
+namespace dic {
+
+namespace {
+
+constexpr std::size_t LongestHeadLine = 1000;
+
+// What is shown of grammar in angle brackets: "neut, n, sg" is "n".
+std::string shownGrammar(std::string_view tag)
+{
+    static constexpr std::array<std::pair<std::string_view, std::string_view>, 6> Shown = {
+        {{"masc", "m"}, {"fem", "f"}, {"neut", "n"}, {"common", "c"}, {"pl", "pl"}, {"m", "m"}}};
+    std::string shown;
+    while (!tag.empty()) {
+        const std::size_t end = std::min(tag.find(','), tag.size());
+        const std::string_view word = trimmed(tag.substr(0, end));
+        tag.remove_prefix(std::min(end + 1, tag.size()));
+        for (const auto& [name, sign] : Shown) {
+            if (word == name)
+                shown += (shown.empty() ? "" : ", ") + std::string(sign);
+        }
+    }
+    return shown.empty() ? shown : "[" + shown + "]";
+}
+
+void appendSingleBlanks(std::string& out, char c)
+{
+    if (c != ' ' && c != '\t' && c != '\n')
+        out += c;
+    else if (!out.empty() && out.back() != ' ')
+        out += ' ';
+}
+
+bool isBlankAt(std::string_view text, std::size_t at)
+{
+    return at >= text.size() || std::string_view(" \t,;()").find(text[at]) != std::string_view::npos;
+}
+
+/* A group of brackets or slashes that begins at `at`: its end behind the closing sign, or `at` when
+ * there is none. */
+std::size_t groupEnd(std::string_view text, std::size_t at)
+{
+    static constexpr std::string_view Opening = "<[(/";
+    static constexpr std::string_view Closing = ">])/";
+    const std::size_t kind = Opening.find(text[at]);
+    if (kind == std::string_view::npos)
+        return at;
+    if (text[at] == '/') {
+        if (at > 0 && !isBlankAt(text, at - 1))
+            return at;
+        const std::size_t end = text.find('/', at + 1);
+        return end == std::string_view::npos || end == at + 1 || !isBlankAt(text, end + 1) ? at
+                                                                                          : end + 1;
+    }
+    int depth = 0;
+    for (std::size_t i = at; i < text.size(); ++i) {
+        depth += text[i] == text[at];
+        depth -= text[i] == Closing[kind];
+        if (depth == 0)
+            return i + 1;
+    }
+    return at;
+}
+
+/* The line without groups of the kinds; the first phonetics that it had. */
+std::string withoutGroups(std::string_view line, std::string_view kinds, std::string& phonetics)
+{
+    std::string out;
+    for (std::size_t at = 0; at < line.size();) {
+        const bool opens = kinds.find(line[at]) != std::string_view::npos;
+        const std::size_t end = opens ? groupEnd(line, at) : at;
+        if (end == at) {
+            appendSingleBlanks(out, line[at++]);
+            continue;
+        }
+        if (phonetics.empty() && (line[at] == '/' || line[at] == '['))
+            phonetics = line.substr(at + 1, end - at - 2);
+        at = end;
+    }
+    return std::string(trimmed(out));
+}
+
+} // namespace
+
+std::vector<EntryLine> linesOf(std::string_view raw)
+{
+    std::vector<EntryLine> lines;
+    while (!raw.empty()) {
+        const std::size_t end = std::min(raw.find('\n'), raw.size());
+        const std::string_view line = raw.substr(0, end);
+        raw.remove_prefix(std::min(end + 1, raw.size()));
+        const std::string_view text = trimmed(line);
+        if (!text.empty())
+            lines.push_back({text, static_cast<std::size_t>(text.data() - line.data())});
+    }
+    return lines;
+}
+
+bool takeHeadLine(const EntryLine& line, std::string_view head, EntryText& entry)
+{
+    if (line.text.size() > LongestHeadLine)
+        return false;
+    const std::string key = foldedKey(head);
+    for (const std::string_view kinds : {"", "/<", "/<(["}) {
+        std::string phonetics;
+        const std::string rest = withoutGroups(line.text, kinds, phonetics);
+        if (rest.empty() || foldedKey(rest) != key)
+            continue;
+        entry.word = rest;
+        entry.phonetics = phonetics;
+        return true;
+    }
+    // Another spelling of the word, with what only head lines have.
+    std::string phonetics;
+    const std::string rest = withoutGroups(line.text, "/<", phonetics);
+    if (phonetics.empty() || rest.empty() || line.indent > 0)
+        return false;
+    entry.word = rest;
+    entry.phonetics = phonetics;
+    return true;
+}
+
+std::string tidy(std::string_view text)
+{
+    std::string out;
+    const std::size_t lastClosing = text.rfind('>');
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        const bool opens = c == '<' && lastClosing != std::string_view::npos && at < lastClosing;
+        const std::size_t end = opens ? text.find('>', at) : std::string_view::npos;
+        if (end != std::string_view::npos) {
+            const std::string shown = shownGrammar(text.substr(at + 1, end - at - 1));
+            if (shown.empty() && !out.empty() && out.back() == ' ')
+                out.pop_back();
+            out += shown;
+            at = end;
+        } else if (c != '{' && c != '}') {
+            appendSingleBlanks(out, c);
+        }
+    }
+    return std::string(trimmed(out));
+}
+
+unsigned takeNumber(std::string_view& text, char mark)
+{
+    std::size_t digits = 0;
+    unsigned number = 0;
+    while (digits < text.size() && digits < 3 && text[digits] >= '0' && text[digits] <= '9')
+        number = number * 10 + static_cast<unsigned>(text[digits++] - '0');
+    if (digits == 0 || digits == text.size() || text[digits] != mark)
+        return 0;
+    const std::string_view rest = text.substr(digits + 1);
+    if (!rest.empty() && rest.front() != ' ' && rest.front() != '\n')
+        return 0;
+    text = trimmed(rest);
+    return number;
+}
+
+} // namespace dic
