@@ -51,11 +51,12 @@ void addWordNetSense(std::string_view text, std::string_view wordClass, EntryTex
                            + tidy(rest.substr(rest.front() == ';' ? 2 : 1)));
 }
 
+// "word word [pinyin] /sense/sense/"
 bool isCedictLine(std::string_view text)
 {
-    const std::size_t first = text.find('/');
-    return first != std::string_view::npos && text.ends_with('/') && first + 1 < text.size()
-           && (first == 0 || text[first - 1] == ' ');
+    const std::size_t first = text.find(" /");
+    return first != std::string_view::npos && first > 0 && text[first - 1] == ']'
+           && text.ends_with('/') && first + 2 < text.size();
 }
 
 void addCedictLine(std::string_view text, EntryText& entry)

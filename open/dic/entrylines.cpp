@@ -16,7 +16,7 @@ constexpr std::size_t LongestHeadLine = 1000;
 std::string shownGrammar(std::string_view tag)
 {
     static constexpr std::array<std::pair<std::string_view, std::string_view>, 6> Shown = {
-        {{"masc", "m"}, {"fem", "f"}, {"neut", "n"}, {"common", "c"}, {"pl", "pl"}, {"m", "m"}}};
+        {{"masc", "m"}, {"fem", "f"}, {"neut", "n"}, {"ut", "c"}, {"common", "c"}, {"pl", "pl"}}};
     std::string shown;
     while (!tag.empty()) {
         const std::size_t end = std::min(tag.find(','), tag.size());
@@ -69,6 +69,46 @@ std::size_t groupEnd(std::string_view text, std::size_t at)
     return at;
 }
 
+// The end of phonetics in slashes that begin at `at`, else `at`.
+std::size_t phoneticsEnd(std::string_view text, std::size_t at)
+{
+    constexpr std::size_t Longest = 100;
+    if (text[at] != '/' || (at > 0 && !isBlankAt(text, at - 1)))
+        return at;
+    const std::string_view near = text.substr(at + 1, Longest);
+    const std::size_t length = near.find('/');
+    const bool isForeign =
+        length != std::string_view::npos
+        && std::any_of(near.begin(), near.begin() + static_cast<std::ptrdiff_t>(length),
+                       [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    return isForeign && isBlankAt(text, at + length + 2) ? at + length + 2 : at;
+}
+
+// Without a comma behind which nothing came.
+void dropOpenComma(std::string& out)
+{
+    while (!out.empty() && (out.back() == ' ' || out.back() == ','))
+        out.pop_back();
+}
+
+void putGrammar(std::string& out, const std::string& shown)
+{
+    if (shown.empty() && out.ends_with(' '))
+        out.pop_back();
+    else if (!shown.empty() && !out.empty() && !out.ends_with(' '))
+        out += ' ';
+    out += shown;
+}
+
+// Of the word itself, as its line tells it.
+std::string grammarOf(std::string_view line)
+{
+    const std::size_t start = line.rfind('<');
+    const std::size_t end = line.rfind('>');
+    const bool inOrder = start != std::string_view::npos && end != std::string_view::npos && start < end;
+    return inOrder ? shownGrammar(line.substr(start + 1, end - start - 1)) : std::string();
+}
+
 /* The line without groups of the kinds; the first phonetics that it had. */
 std::string withoutGroups(std::string_view line, std::string_view kinds, std::string& phonetics)
 {
@@ -115,15 +155,17 @@ bool takeHeadLine(const EntryLine& line, std::string_view head, EntryText& entry
             continue;
         entry.word = rest;
         entry.phonetics = phonetics;
+        entry.grammar = grammarOf(line.text);
         return true;
     }
     // Another spelling of the word, with what only head lines have.
     std::string phonetics;
-    const std::string rest = withoutGroups(line.text, "/<", phonetics);
+    const std::string rest = withoutGroups(line.text, "/<([", phonetics);
     if (phonetics.empty() || rest.empty() || line.indent > 0)
         return false;
     entry.word = rest;
     entry.phonetics = phonetics;
+    entry.grammar = grammarOf(line.text);
     return true;
 }
 
@@ -134,18 +176,23 @@ std::string tidy(std::string_view text)
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char c = text[at];
         const bool opens = c == '<' && lastClosing != std::string_view::npos && at < lastClosing;
-        const std::size_t end = opens ? text.find('>', at) : std::string_view::npos;
-        if (end != std::string_view::npos) {
-            const std::string shown = shownGrammar(text.substr(at + 1, end - at - 1));
-            if (shown.empty() && !out.empty() && out.back() == ' ')
-                out.pop_back();
-            out += shown;
+        const std::size_t end = opens ? text.find('>', at) : phoneticsEnd(text, at);
+        if (opens) {
+            putGrammar(out, shownGrammar(text.substr(at + 1, end - at - 1)));
             at = end;
+            if (at + 1 < text.size() && !isBlankAt(text, at + 1))
+                out += ' ';
+        } else if (end > at) {
+            dropOpenComma(out);
+            at = end - 1;
         } else if (c != '{' && c != '}') {
+            if (c == ',' && out.ends_with(' '))
+                out.pop_back();
             appendSingleBlanks(out, c);
         }
     }
-    return std::string(trimmed(out));
+    dropOpenComma(out);
+    return out;
 }
 
 unsigned takeNumber(std::string_view& text, char mark)

@@ -90,10 +90,11 @@ private:
             return;
         if (m_entry.senses.empty() || (!explains && (numbered || m_linesAreSenses)))
             m_entry.senses.push_back(tidied);
-        else if (m_entry.senses.back().ends_with(','))
-            m_entry.senses.back() += " " + tidied;
+        else if (m_goesOn)
+            m_entry.senses.back() += ", " + tidied;
         else
             addExtra(text);
+        m_goesOn = text.ends_with(',');
     }
 
     void addExtra(std::string_view text)
@@ -106,6 +107,7 @@ private:
     EntryText& m_entry;
     bool m_linesAreSenses;
     bool m_danglingNumber = false;
+    bool m_goesOn = false; // the last line ended with a comma
     std::string m_reference;
 };
 
@@ -140,8 +142,11 @@ std::u16string EntryText::text() const
     }
     if (out.empty())
         return {};
+    if (!phonetics.empty() || !grammar.empty())
+        out += "\n";
     if (!phonetics.empty())
-        out += "\n[" + phonetics + "]";
+        out += "[" + phonetics + "]" + (grammar.empty() ? "" : " ");
+    out += grammar;
     for (const std::string& extra : extras)
         out += "\n" + extra;
     std::u16string units = toUtf16(out);

@@ -13,11 +13,12 @@ struct EntryText
     std::string word;                // the headword as the entry spells it
     std::vector<std::string> senses; // translations or definitions
     std::string phonetics;           // without brackets
+    std::string grammar;             // of the word: "[f]", "[pl]"
     std::vector<std::string> extras; // examples, synonyms, notes, one a line
     int examples = 0;
 
-    /* Senses in the first line, numbered when there are several; then phonetics in square
-     * brackets, then the extras. What is in square brackets, and what is not in the first line, is
+    /* Senses in the first line, numbered when there are several; then phonetics and gender in
+     * square brackets, then the extras. What is in square brackets, and what is not in the first line, is
      * for the eyes only. At most 8,192 UTF-16 code units. Empty when there are no senses. */
     std::u16string text() const;
 };
