@@ -54,9 +54,10 @@ const ChunkedBody::Chunk* ChunkedBody::chunk(std::size_t number, std::size_t len
         return kept.lastUsed > 0 && kept.number == number;
     });
     if (place == m_chunks.end()) {
-        place = std::min_element(
-            m_chunks.begin(), m_chunks.end(),
-            [](const Chunk& a, const Chunk& b) { return a.lastUsed < b.lastUsed; });
+        place =
+            std::min_element(m_chunks.begin(), m_chunks.end(), [](const Chunk& a, const Chunk& b) {
+                return a.lastUsed < b.lastUsed;
+            });
         place->lastUsed = 0;
     }
     if (place->lastUsed == 0 || place->text.size() < length) {

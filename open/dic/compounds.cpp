@@ -6,8 +6,8 @@
 #include <array>
 #include <map>
 #include <span>
-#include <utility>
 #include <unicode/utf8.h>
+#include <utility>
 
 namespace dic {
 
@@ -26,12 +26,16 @@ Links linksOf(int language)
     static constexpr std::array<std::string_view, 4> Dutch = {"", "s", "en", "e"};
     static constexpr std::array<std::string_view, 3> Nordic = {"", "s", "e"};
     switch (language) {
-    case 104: return German;
-    case 110: return Dutch;
+    case 104:
+        return German;
+    case 110:
+        return Dutch;
     case 107:
     case 108:
-    case 109: return Nordic;
-    default: return {};
+    case 109:
+        return Nordic;
+    default:
+        return {};
     }
 }
 
@@ -40,8 +44,8 @@ Links linksOf(int language)
 class Splitter
 {
 public:
-    Splitter(std::string_view key, Links links, const std::function<bool(const std::string&)>& has) :
-        m_key(key), m_links(links), m_has(has)
+    Splitter(std::string_view key, Links links, const std::function<bool(const std::string&)>& has)
+        : m_key(key), m_links(links), m_has(has)
     {
     }
 

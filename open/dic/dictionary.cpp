@@ -62,9 +62,8 @@ std::vector<Hit> Dictionary::read(const std::vector<FoundRow>& rows)
 {
     std::vector<Hit> hits;
     for (const FoundRow& row : rows) {
-        const bool known = std::any_of(hits.begin(), hits.end(), [&row](const Hit& hit) {
-            return hit.offset == row.offset;
-        });
+        const bool known = std::any_of(hits.begin(), hits.end(),
+                                       [&row](const Hit& hit) { return hit.offset == row.offset; });
         Hit hit;
         if (!known && hits.size() < MostEntries && readEntry(row, hit))
             hits.push_back(std::move(hit));

@@ -40,7 +40,8 @@ void appendSingleBlanks(std::string& out, char c)
 
 bool isBlankAt(std::string_view text, std::size_t at)
 {
-    return at >= text.size() || std::string_view(" \t,;()").find(text[at]) != std::string_view::npos;
+    return at >= text.size()
+           || std::string_view(" \t,;()").find(text[at]) != std::string_view::npos;
 }
 
 /* A group of brackets or slashes that begins at `at`: its end behind the closing sign, or `at` when
@@ -56,8 +57,9 @@ std::size_t groupEnd(std::string_view text, std::size_t at)
         if (at > 0 && !isBlankAt(text, at - 1))
             return at;
         const std::size_t end = text.find('/', at + 1);
-        return end == std::string_view::npos || end == at + 1 || !isBlankAt(text, end + 1) ? at
-                                                                                          : end + 1;
+        return end == std::string_view::npos || end == at + 1 || !isBlankAt(text, end + 1)
+                   ? at
+                   : end + 1;
     }
     int depth = 0;
     for (std::size_t i = at; i < text.size(); ++i) {
@@ -105,7 +107,8 @@ std::string grammarOf(std::string_view line)
 {
     const std::size_t start = line.rfind('<');
     const std::size_t end = line.rfind('>');
-    const bool inOrder = start != std::string_view::npos && end != std::string_view::npos && start < end;
+    const bool inOrder =
+        start != std::string_view::npos && end != std::string_view::npos && start < end;
     return inOrder ? shownGrammar(line.substr(start + 1, end - start - 1)) : std::string();
 }
 

@@ -48,8 +48,8 @@ void dropDanglingNumber(std::string_view& text)
 class PlainCleaner
 {
 public:
-    PlainCleaner(EntryText& entry, bool linesAreSenses) :
-        m_entry(entry), m_linesAreSenses(linesAreSenses)
+    PlainCleaner(EntryText& entry, bool linesAreSenses)
+        : m_entry(entry), m_linesAreSenses(linesAreSenses)
     {
     }
 

@@ -18,8 +18,9 @@ struct EntryText
     int examples = 0;
 
     /* Senses in the first line, numbered when there are several; then phonetics and gender in
-     * square brackets, then the extras. What is in square brackets, and what is not in the first line, is
-     * for the eyes only. At most 8,192 UTF-16 code units. Empty when there are no senses. */
+     * square brackets, then the extras. What is in square brackets, and what is not in the first
+     * line, is for the eyes only. At most 8,192 UTF-16 code units. Empty when there are no senses.
+     */
     std::u16string text() const;
 };
 

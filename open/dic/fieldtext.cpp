@@ -47,15 +47,22 @@ void append(std::string& out, const Field& field)
     switch (field.type) {
     case 'm':
     case 'l':
-    case 'n': text = field.data; break;
+    case 'n':
+        text = field.data;
+        break;
     case 't':
-    case 'y': text = "/" + std::string(trimmed(field.data)) + "/"; break;
+    case 'y':
+        text = "/" + std::string(trimmed(field.data)) + "/";
+        break;
     case 'g':
     case 'h':
     case 'k':
     case 'w':
-    case 'x': text = withoutMarkup(field.data); break;
-    default: return;
+    case 'x':
+        text = withoutMarkup(field.data);
+        break;
+    default:
+        return;
     }
     if (!out.empty() && !out.ends_with('\n'))
         out += '\n';
@@ -65,7 +72,8 @@ void append(std::string& out, const Field& field)
 bool isBlock(std::string_view name)
 {
     static constexpr std::array<std::string_view, 14> Blocks = {
-        "br", "p", "div", "li", "ul", "ol", "dd", "dt", "dl", "tr", "ar", "def", "ex", "blockquote"};
+        "br", "p",  "div", "li", "ul",  "ol", "dd",
+        "dt", "dl", "tr",  "ar", "def", "ex", "blockquote"};
     return std::find(Blocks.begin(), Blocks.end(), name) != Blocks.end();
 }
 

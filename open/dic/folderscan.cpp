@@ -42,8 +42,7 @@ std::vector<Name> namesIn(const std::string& path)
             || fstatat(dirfd(folder.get()), entry->d_name, &info, AT_SYMLINK_NOFOLLOW) != 0)
             continue;
         if (S_ISREG(info.st_mode) || S_ISDIR(info.st_mode))
-            names.push_back(
-                {entry->d_name, S_ISDIR(info.st_mode), {info.st_dev, info.st_ino}});
+            names.push_back({entry->d_name, S_ISDIR(info.st_mode), {info.st_dev, info.st_ino}});
     }
     std::sort(names.begin(), names.end(),
               [](const Name& a, const Name& b) { return a.name < b.name; });

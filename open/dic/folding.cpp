@@ -59,15 +59,24 @@ const UNormalizer2* decomposer()
 std::u16string_view plainLetters(char16_t c)
 {
     switch (c) {
-    case u'ø': return u"o";
-    case u'đ': return u"d";
-    case u'ð': return u"d";
-    case u'ł': return u"l";
-    case u'ı': return u"i";
-    case u'æ': return u"ae";
-    case u'œ': return u"oe";
-    case u'þ': return u"th";
-    default: return {};
+    case u'ø':
+        return u"o";
+    case u'đ':
+        return u"d";
+    case u'ð':
+        return u"d";
+    case u'ł':
+        return u"l";
+    case u'ı':
+        return u"i";
+    case u'æ':
+        return u"ae";
+    case u'œ':
+        return u"oe";
+    case u'þ':
+        return u"th";
+    default:
+        return {};
     }
 }
 
@@ -145,9 +154,8 @@ std::string capitalized(std::string_view word)
 
 std::size_t characterCount(std::string_view text)
 {
-    return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
-        return !U8_IS_TRAIL(static_cast<uint8_t>(c));
-    }));
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char c) { return !U8_IS_TRAIL(static_cast<uint8_t>(c)); }));
 }
 
 } // namespace dic

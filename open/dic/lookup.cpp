@@ -14,9 +14,9 @@ namespace dic {
 namespace {
 
 constexpr int Chinese = 1;
-constexpr std::size_t LongestWord = 200;       // code units
-constexpr std::size_t LongestChineseWord = 9;  // the character and eight that follow
-constexpr std::size_t MostProbes = 400;        // words of a line that are looked up
+constexpr std::size_t LongestWord = 200;      // code units
+constexpr std::size_t LongestChineseWord = 9; // the character and eight that follow
+constexpr std::size_t MostProbes = 400;       // words of a line that are looked up
 constexpr std::size_t ShortestPart = 2;
 
 void append(std::vector<Hit>& hits, std::vector<Hit> more)
@@ -116,7 +116,8 @@ std::vector<Hit> Lookup::searchCompound(const std::string& word)
 {
     std::vector<Hit> hits;
     const auto has = [this](const std::string& key) { return m_dictionary.has(key); };
-    for (const std::string& part : partsOfCompound(foldedKey(word), m_dictionary.pair().from, has)) {
+    for (const std::string& part :
+         partsOfCompound(foldedKey(word), m_dictionary.pair().from, has)) {
         // One entry a part, or the second part is never seen.
         std::vector<Hit> found = m_dictionary.find(part, capitalized(part));
         if (!found.empty()) {

@@ -23,8 +23,8 @@ PlainFile::PlainFile(int descriptor) : m_descriptor(descriptor)
     m_stamp.modified = std::int64_t(info.st_mtim.tv_sec) * 1'000'000'000 + info.st_mtim.tv_nsec;
 }
 
-PlainFile::PlainFile(PlainFile&& other) noexcept :
-    m_descriptor(std::exchange(other.m_descriptor, -1)), m_stamp(other.m_stamp)
+PlainFile::PlainFile(PlainFile&& other) noexcept
+    : m_descriptor(std::exchange(other.m_descriptor, -1)), m_stamp(other.m_stamp)
 {
 }
 
@@ -52,7 +52,8 @@ void PlainFile::close()
 
 PlainFile PlainFile::open(const std::string& path)
 {
-    return PlainFile(::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    return PlainFile(
+        ::open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
 }
 
 bool PlainFile::read(std::uint64_t offset, void* to, std::size_t length) const

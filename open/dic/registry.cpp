@@ -40,7 +40,8 @@ std::vector<Line> readLines(std::string_view content)
         if (!splitAt(' ', line, tag, place) || place.empty())
             continue;
         Line known = {pairOfTag(tag), std::string(place)};
-        if (known.languages.isKnown() && std::find(lines.begin(), lines.end(), known) == lines.end())
+        if (known.languages.isKnown()
+            && std::find(lines.begin(), lines.end(), known) == lines.end())
             lines.push_back(std::move(known));
     }
     return lines;

@@ -97,10 +97,9 @@ std::vector<FoundRow> Sidecar::find(std::string_view key)
 {
     std::vector<FoundRow> found;
     // The last rows of the block before the first that begins with the key may have it, too.
-    auto block = std::lower_bound(m_blocks.begin(), m_blocks.end(), key,
-                                  [this](const Block& a, std::string_view wanted) {
-                                      return firstKey(a) < wanted;
-                                  });
+    auto block = std::lower_bound(
+        m_blocks.begin(), m_blocks.end(), key,
+        [this](const Block& a, std::string_view wanted) { return firstKey(a) < wanted; });
     if (block != m_blocks.begin())
         --block;
     for (; block != m_blocks.end() && firstKey(*block) <= key; ++block) {

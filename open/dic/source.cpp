@@ -45,7 +45,8 @@ std::string titleOfDict(const Source& source)
     IndexReport report;
     std::string why;
     std::string title;
-    if (!readDictIndex(PlainFile::open(mainFile(source)), [](const Row&) {}, facts, report))
+    if (!readDictIndex(
+            PlainFile::open(mainFile(source)), [](const Row&) {}, facts, report))
         return {};
     const auto body = facts.titleSize > 0 ? openBodyOf(source, why) : nullptr;
     if (!body || !body->read(facts.titleOffset, std::min(facts.titleSize, LargestTitle), title))
@@ -99,7 +100,7 @@ bool learnPair(Source& source, std::string& why)
 
 std::string fingerprintOf(const Source& source)
 {
-    static constexpr std::array Suffixes = {".index", ".ifo", ".idx",    ".idx.gz",
+    static constexpr std::array Suffixes = {".index", ".ifo",  ".idx",    ".idx.gz",
                                             ".syn",   ".dict", ".dict.dz"};
     std::string text = source.place;
     for (const char* suffix : Suffixes) {

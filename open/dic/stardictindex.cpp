@@ -22,8 +22,8 @@ std::uint64_t bigEndian(std::string_view text)
 class Records
 {
 public:
-    Records(std::string_view text, std::size_t numbersLength) :
-        m_text(text), m_numbersLength(numbersLength)
+    Records(std::string_view text, std::size_t numbersLength)
+        : m_text(text), m_numbersLength(numbersLength)
     {
     }
 
@@ -64,8 +64,8 @@ bool isWord(std::string_view word)
 class Reader
 {
 public:
-    Reader(int offsetBytes, const RowSink& sink, IndexReport& report) :
-        m_offsetBytes(static_cast<std::size_t>(offsetBytes)), m_sink(sink), m_report(report)
+    Reader(int offsetBytes, const RowSink& sink, IndexReport& report)
+        : m_offsetBytes(static_cast<std::size_t>(offsetBytes)), m_sink(sink), m_report(report)
     {
     }
 

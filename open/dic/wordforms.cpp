@@ -133,7 +133,8 @@ std::vector<std::string> WordForms::stems(const std::string& word)
 
 bool WordForms::knows(const std::string& word)
 {
-    return m_spelling && word.size() <= LongestWord && m_spelling->spell(converted(word, Utf8, m_encoding));
+    return m_spelling && word.size() <= LongestWord
+           && m_spelling->spell(converted(word, Utf8, m_encoding));
 }
 
 } // namespace dic

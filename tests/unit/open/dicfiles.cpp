@@ -139,9 +139,8 @@ void writeStarDict(const std::string& stem, const StarDict& content)
     for (const auto& [word, number] : content.synonyms)
         synonyms += word + '\0' + bigEndian(number, 4);
     std::string info = "StarDict's dict ifo file\nversion=2.4.2\nwordcount="
-                       + std::to_string(content.entries.size())
-                       + "\nidxfilesize=" + std::to_string(index.size())
-                       + "\nbookname=" + content.title + "\n";
+                       + std::to_string(content.entries.size()) + "\nidxfilesize="
+                       + std::to_string(index.size()) + "\nbookname=" + content.title + "\n";
     if (!content.type.empty())
         info += "sametypesequence=" + content.type + "\n";
     if (content.offsetBits != 32)

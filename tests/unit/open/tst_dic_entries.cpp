@@ -60,22 +60,24 @@ void TestDicEntries::theTrueSpellingComesFromTheHeadLine()
     QCOMPARE(entry.word, std::string("Gehen"));
     QCOMPARE(QString::fromStdU16String(entry.text()), QStringLiteral("going\n[ge:n] [n]"));
     QCOMPARE(dic::cleanEntry("don't /dont/\nnicht", "dont", false).word, std::string("don't"));
-    const auto withBrackets = dic::cleanEntry("abbrechen (Reise)\nto stop", "abbrechen reise", false);
+    const auto withBrackets =
+        dic::cleanEntry("abbrechen (Reise)\nto stop", "abbrechen reise", false);
     QCOMPARE(withBrackets.word, std::string("abbrechen (Reise)"));
 }
 
 void TestDicEntries::aFormLeadsToTheWordInTheHeadLine()
 {
-    const auto entry = dic::cleanEntry("go /gou/ (went /went/ <>, gone /gon/ <>) <v>\ngehen <v>",
-                                       "went", false);
+    const auto entry =
+        dic::cleanEntry("go /gou/ (went /went/ <>, gone /gon/ <>) <v>\ngehen <v>", "went", false);
     QCOMPARE(entry.word, std::string("go"));
     QCOMPARE(entry.senses, std::vector<std::string>{"gehen"});
 }
 
 void TestDicEntries::gendersAreShownOtherGrammarIsNot()
 {
-    QCOMPARE(cleaned("house /haus/\nHaus <neut>, Heim <neut, n, sg>; bauen <v, trans> [arch.]", "house"),
-             QStringLiteral("Haus [n], Heim [n]; bauen [arch.]\n[haus]"));
+    QCOMPARE(
+        cleaned("house /haus/\nHaus <neut>, Heim <neut, n, sg>; bauen <v, trans> [arch.]", "house"),
+        QStringLiteral("Haus [n], Heim [n]; bauen [arch.]\n[haus]"));
     QCOMPARE(cleaned("people\nLeute <pl>", "people"), QStringLiteral("Leute [pl]"));
     QCOMPARE(cleaned("a\nb <masc, fem, n, sg>", "a"), QStringLiteral("b [m, f]"));
     QCOMPARE(cleaned("a\nb < c", "a"), QStringLiteral("b < c"));
@@ -114,14 +116,18 @@ void TestDicEntries::explanationsInTheSourceLanguageComeLast()
 
 void TestDicEntries::danglingNumbersAreDropped()
 {
-    QCOMPARE(cleaned("maison <n>\n1. Haus 2.\nBatiment\n 3.\nLignee\n2. Heim, Haus\nFoyer\n", "maison"),
-             QStringLiteral("1. Haus 2. Heim, Haus\nBatiment\nLignee\nFoyer"));
+    QCOMPARE(
+        cleaned("maison <n>\n1. Haus 2.\nBatiment\n 3.\nLignee\n2. Heim, Haus\nFoyer\n", "maison"),
+        QStringLiteral("1. Haus 2. Heim, Haus\nBatiment\nLignee\nFoyer"));
 }
 
 void TestDicEntries::phoneticsWithinATranslationAreDropped()
 {
     const QString expected = QStringLiteral("road Rd\n[f]");
-    QCOMPARE(cleaned("Weg <fem, n, sg>\nroad <n>Rd,  /\xcb\x8c" "a:/\n", "weg"), expected);
+    QCOMPARE(cleaned("Weg <fem, n, sg>\nroad <n>Rd,  /\xcb\x8c"
+                     "a:/\n",
+                     "weg"),
+             expected);
     QCOMPARE(cleaned("a\nb Ave,  /\xcb\x88x/ , c", "a"), QStringLiteral("b Ave, c"));
     QCOMPARE(cleaned("a\nto /as far as/ a place", "a"), QStringLiteral("to /as far as/ a place"));
 }
@@ -205,8 +211,8 @@ void TestDicEntries::fieldsOfKnownTypes()
 
 void TestDicEntries::fieldsThatNameTheirTypes()
 {
-    const std::string raw = std::string("tha\0W", 5) + dicfiles::bigEndian(2, 4) + "xx"
-                            + std::string("mtext\0", 6);
+    const std::string raw =
+        std::string("tha\0W", 5) + dicfiles::bigEndian(2, 4) + "xx" + std::string("mtext\0", 6);
     QCOMPARE(dic::plainText(raw, ""), std::string("/ha/\ntext"));
 }
 
@@ -228,8 +234,8 @@ void TestDicEntries::markupIsTakenOff_data()
     QTest::newRow("break") << QByteArray("a<br/>b<BR>c") << QByteArray("a\nb\nc");
     QTest::newRow("references") << QByteArray("&lt;a&gt; &amp; &#65;&#x42; &quot;")
                                 << QByteArray("<a> & AB \"");
-    QTest::newRow("no references") << QByteArray("a & b; &unknown; &#xd800; &")
-                                   << QByteArray("a & b; &unknown;   &");
+    QTest::newRow("no references")
+        << QByteArray("a & b; &unknown; &#xd800; &") << QByteArray("a & b; &unknown;   &");
     QTest::newRow("cut") << QByteArray("a <b") << QByteArray("a ");
 }
 

@@ -45,8 +45,14 @@ private slots:
     void theIndexFolderIsMadeOnAPenOnly();
 
 private:
-    std::string path(const std::string& name) const { return m_folder->path().toStdString() + "/" + name; }
-    void makeFolder(const std::string& name) { QVERIFY(QDir().mkpath(QString::fromStdString(path(name)))); }
+    std::string path(const std::string& name) const
+    {
+        return m_folder->path().toStdString() + "/" + name;
+    }
+    void makeFolder(const std::string& name)
+    {
+        QVERIFY(QDir().mkpath(QString::fromStdString(path(name))));
+    }
     void makeDict(const std::string& name, const std::string& title = {})
     {
         dicfiles::writeDict(path(name), {{"house", "Haus"}, {"dog", "Hund"}}, true, title);
@@ -159,10 +165,9 @@ void TestDicFolders::foldersAndTheirSubFoldersAreSearched()
     dicfiles::StarDict content;
     content.entries = {{"house", "Haus"}};
     dicfiles::writeStarDict(path("two/eng-fra"), content);
-    const std::vector<std::string> expected = {"0/a-eng-deu English-German",
-                                               "0/b-deu-eng German-English",
-                                               "0/sub/fra-deu French-German",
-                                               "1/eng-fra English-French"};
+    const std::vector<std::string> expected = {
+        "0/a-eng-deu English-German", "0/b-deu-eng German-English", "0/sub/fra-deu French-German",
+        "1/eng-fra English-French"};
     QCOMPARE(scan({"one/", "two"}), expected);
 }
 
@@ -192,8 +197,7 @@ void TestDicFolders::aDescriptorComesFirst()
     makeDict("one/deu-eng");
     dicfiles::write(path("one/wn.about"), "title = WordNet\r\nlanguages = eng-eng\r\n");
     dicfiles::write(path("one/deu-eng.about"), "languages=fr-de\n");
-    const std::vector<std::string> expected = {"0/deu-eng French-German",
-                                               "0/wn English-English"};
+    const std::vector<std::string> expected = {"0/deu-eng French-German", "0/wn English-English"};
     QCOMPARE(scan({"one"}), expected);
 }
 
@@ -237,7 +241,8 @@ void TestDicFolders::newDictionariesComeLast()
     makeDict("one/a-eng-deu");
     makeDict("one/a-deu-eng");
     const std::vector<std::string> after = {"German-English 1/deu-eng 0/a-deu-eng",
-                                            "French-German 1/fra-deu", "English-German 0/a-eng-deu"};
+                                            "French-German 1/fra-deu",
+                                            "English-German 0/a-eng-deu"};
     QCOMPARE(arrange({"one", "two"}), after);
     QCOMPARE(arrange({"one", "two"}), after);
 }

@@ -43,7 +43,10 @@ private slots:
     void emptyAndDamagedHeadsAreLeftOut();
 
 private:
-    std::string path(const std::string& name) { return m_folder.filePath(QString::fromStdString(name)).toStdString(); }
+    std::string path(const std::string& name)
+    {
+        return m_folder.filePath(QString::fromStdString(name)).toStdString();
+    }
     void readDict(const std::string& content);
     bool readStarDict();
 
@@ -125,16 +128,15 @@ void TestDicIndices::aFourthColumnIsTheTrueSpelling()
 
 void TestDicIndices::damagedDictLinesAreLeftOut()
 {
-    readDict("word\n"                        // no numbers
-             "word\tA\n"                     // no length
-             "word\tA!\tB\n"                 // no digit
-             "word\tA\t\n"                   // no number
-             "word\tAAAAAAAAAAAAAA\tB\n"     // too long
-             "word\tA\tEAAAAA\n"             // a length of 2^32
-             "w\xff\tA\tB\n"                 // no UTF-8
-             "w\x01\tA\tB\n"                 // a control character
-             + std::string(2000, 'w') + "\tA\tB\n"
-             + "\tA\tB\n"                    // empty, which is no damage
+    readDict("word\n"                                           // no numbers
+             "word\tA\n"                                        // no length
+             "word\tA!\tB\n"                                    // no digit
+             "word\tA\t\n"                                      // no number
+             "word\tAAAAAAAAAAAAAA\tB\n"                        // too long
+             "word\tA\tEAAAAA\n"                                // a length of 2^32
+             "w\xff\tA\tB\n"                                    // no UTF-8
+             "w\x01\tA\tB\n"                                    // a control character
+             + std::string(2000, 'w') + "\tA\tB\n" + "\tA\tB\n" // empty, which is no damage
              + "good\tA\tB");
     QCOMPARE(m_rows.size(), std::size_t(1));
     QCOMPARE(m_rows[0].head, std::string("good"));

@@ -58,13 +58,18 @@ void TestDicSidecar::wordsFoldToTheSameKey_data()
 {
     QTest::addColumn<QString>("word");
     QTest::addColumn<QString>("key");
-    QTest::newRow("plain") << "house" << "house";
-    QTest::newRow("capitals") << "HOUSE" << "house";
-    QTest::newRow("apostrophe") << "don't" << "dont";
+    QTest::newRow("plain") << "house"
+                           << "house";
+    QTest::newRow("capitals") << "HOUSE"
+                              << "house";
+    QTest::newRow("apostrophe") << "don't"
+                                << "dont";
     QTest::newRow("printed apostrophe") << QString::fromUtf8("don’t") << "dont";
-    QTest::newRow("hyphen") << "well-known" << "wellknown";
+    QTest::newRow("hyphen") << "well-known"
+                            << "wellknown";
     QTest::newRow("soft hyphen") << QStringLiteral("well\u00adknown") << "wellknown";
-    QTest::newRow("blanks") << "  a \t b " << "a b";
+    QTest::newRow("blanks") << "  a \t b "
+                            << "a b";
     QTest::newRow("umlaut") << QString::fromUtf8("ÄRA") << QString::fromUtf8("ära");
     QTest::newRow("decomposed") << QStringLiteral("a\u0308ra") << QString::fromUtf8("ära");
     QTest::newRow("sharp s") << QString::fromUtf8("Straße") << "strasse";
@@ -72,7 +77,8 @@ void TestDicSidecar::wordsFoldToTheSameKey_data()
     QTest::newRow("ligature fi") << QString::fromUtf8("ﬁn") << "fin";
     QTest::newRow("Cyrillic") << QString::fromUtf8("Дом") << QString::fromUtf8("дом");
     QTest::newRow("Chinese") << QString::fromUtf8("中国。") << QString::fromUtf8("中国");
-    QTest::newRow("signs stay") << "C++" << "c++";
+    QTest::newRow("signs stay") << "C++"
+                                << "c++";
 }
 
 void TestDicSidecar::wordsFoldToTheSameKey()
@@ -94,10 +100,11 @@ void TestDicSidecar::accentsAreTakenOff_data()
 {
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("plain");
-    QTest::newRow("none") << "house" << "house";
+    QTest::newRow("none") << "house"
+                          << "house";
     QTest::newRow("French") << QString::fromUtf8("hébété") << "hebete";
-    QTest::newRow("letters of their own") << QString::fromUtf8("œuf æble smørrebrød")
-                                          << "oeuf aeble smorrebrod";
+    QTest::newRow("letters of their own")
+        << QString::fromUtf8("œuf æble smørrebrød") << "oeuf aeble smorrebrod";
     QTest::newRow("Russian") << QString::fromUtf8("ёлка") << QString::fromUtf8("елка");
 }
 
