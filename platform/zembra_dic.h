@@ -47,7 +47,9 @@ struct tagDictTypeInfo
     struct tagDictTypeInfo* next;         /* 272: null at the end */
 };
 
-/* One entry that a search found. */
+/* One entry that a search found. The first line of the definition is its gist: translations or
+ * meanings, numbered when there are several. What follows (pronunciation, examples, notes), and
+ * what stands in square brackets, is to be seen rather than heard. */
 struct tagResultNodeInfo
 {
     uint16_t word[ZEMBRA_DIC_WORD_UNITS]; /*   0: headword as the dictionary spells it */
@@ -79,8 +81,8 @@ int32_t ZEMBRA_DIC_FreeDicList(void** dicList);
 
 /* Stores the language pairs of the list, named in `language` ("ENGLISH"), or null when there are
  * none. Owned by the caller until ZEMBRA_DIC_FreeTypeDicList. The order of pairs and dictionaries
- * is stable: settings refer to places in it. Dictionary pointers stay valid until the list is
- * freed. */
+ * is stable: settings refer to places in it. A pair may be without dictionaries: it keeps its place
+ * while they are away. Dictionary pointers stay valid until the list is freed. */
 int32_t ZEMBRA_DIC_GetDicTypeList(struct tagDictTypeInfo** typeList, void* dicList,
                                   const char* language);
 
@@ -93,7 +95,7 @@ int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t k
                              int32_t number);
 
 /* Opens a dictionary; searches go to it from then on. Fails for null or when its files cannot be
- * read. */
+ * read. The first time may take seconds: not for the interface thread. */
 int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict);
 
 /* Closes a dictionary. Null succeeds, and so does one that is not open. */
