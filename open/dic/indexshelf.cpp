@@ -3,6 +3,7 @@
 #include "open/dic/log.h"
 
 #include <cstdio>
+#include <exception>
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -50,7 +51,7 @@ IndexShelf::~IndexShelf()
 void IndexShelf::prepare(const std::vector<Source>& sources)
 {
     for (const Source& source : sources)
-        request(source, fingerprintOf(source), false);
+        request(source, {}, false);
 }
 
 void IndexShelf::request(const Source& source, std::string fingerprint, bool first)
@@ -94,13 +95,22 @@ void IndexShelf::work()
 void IndexShelf::see(Slot& slot, std::unique_lock<std::mutex>& lock)
 {
     const Source source = slot.source;
-    const std::string fingerprint = slot.fingerprint;
+    const std::string asked = slot.fingerprint;
+    std::string fingerprint = asked;
     PlainFile inMemory;
+    bool ready = false;
     lock.unlock();
-    const bool ready = openFile(source, fingerprint) || make(source, fingerprint, inMemory);
+    try {
+        if (fingerprint.empty())
+            fingerprint = fingerprintOf(source);
+        ready = openFile(source, fingerprint) || make(source, fingerprint, inMemory);
+    } catch (const std::exception& error) {
+        note(mainFile(source), error.what());
+    }
     lock.lock();
-    if (slot.fingerprint != fingerprint)
+    if (slot.fingerprint != asked)
         return; // changed meanwhile, and asked for again
+    slot.fingerprint = fingerprint;
     slot.state = ready ? Slot::State::Ready : Slot::State::Failed;
     slot.inMemory = std::move(inMemory);
     m_changed.notify_all();

@@ -45,8 +45,8 @@ private:
         enum class State { Waiting, Ready, Failed };
 
         State state = State::Waiting;
-        std::string fingerprint;
-        PlainFile inMemory; // where the folder cannot be written
+        std::string fingerprint; // empty until the thread has looked
+        PlainFile inMemory;      // where the folder cannot be written
         Source source;
     };
 

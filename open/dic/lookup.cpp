@@ -16,7 +16,7 @@ namespace {
 constexpr int Chinese = 1;
 constexpr std::size_t LongestWord = 200;      // code units
 constexpr std::size_t LongestChineseWord = 9; // the character and eight that follow
-constexpr std::size_t MostProbes = 400;       // words of a line that are looked up
+constexpr std::size_t MostProbes = 100;       // words of a line that are looked up
 constexpr std::size_t ShortestPart = 2;
 
 void append(std::vector<Hit>& hits, std::vector<Hit> more)

@@ -42,7 +42,7 @@ inline void appendShort(std::string& out, std::uint64_t number)
 inline bool takeShort(std::string_view& text, std::uint64_t& number)
 {
     number = 0;
-    for (unsigned bits = 0; !text.empty() && bits < 63; bits += 7) {
+    for (unsigned bits = 0; !text.empty() && bits < 64; bits += 7) {
         const auto byte = static_cast<unsigned char>(text.front());
         text.remove_prefix(1);
         number |= std::uint64_t(byte & 0x7f) << bits;

@@ -29,6 +29,7 @@ private slots:
     void wordsAreCapitalized();
     void everyRowIsFound();
     void manyRowsOfOneKeyComeInOrder();
+    void placesOfAnySizeAreKept();
     void accentFreeKeysAreRowsOfTheirOwn();
     void anEmptyIndexFindsNothing();
     void theStateOfTheDictionaryMustFit();
@@ -165,6 +166,21 @@ void TestDicSidecar::manyRowsOfOneKeyComeInOrder()
         QCOMPARE(rows[i].offset, std::uint64_t(i));
     QCOMPARE(sidecar->find("a").size(), std::size_t(1));
     QCOMPARE(sidecar->find("z").size(), std::size_t(1));
+}
+
+void TestDicSidecar::placesOfAnySizeAreKept()
+{
+    dic::SidecarBuilder builder;
+    const std::vector<std::uint64_t> places = {0, 127, 128, 1ULL << 62, 1ULL << 63, ~0ULL};
+    for (const std::uint64_t place : places)
+        builder.add({"a", "", place, ~0U});
+    QVERIFY(write(builder));
+    const auto rows = open()->find("a");
+    QCOMPARE(rows.size(), places.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        QCOMPARE(rows[i].offset, places[i]);
+        QCOMPARE(rows[i].size, ~0U);
+    }
 }
 
 void TestDicSidecar::accentFreeKeysAreRowsOfTheirOwn()
