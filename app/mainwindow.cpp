@@ -12,6 +12,7 @@
 #include "platform/zembra_iap.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
+#include "store/launcher.h"
 #include "widgets/announcer.h"
 #include "widgets/messagedialog.h"
 #include "widgets/mysubmenu.h"
@@ -60,6 +61,7 @@ MainWindow::~MainWindow()
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
     m_menuSpeech.reset();
+    launcher::speakerLeaves(launcher::Speaker::Menu);
     m_settingsThread.reset();
     m_setupThread.reset();
     for (MyEdit** edit : {&m_renameEdit, &m_editor})

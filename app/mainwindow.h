@@ -185,6 +185,9 @@ public slots:
     void sayPlace();
     void sayAgain();
 
+    /* Speaks what the editor tells the user. */
+    void hintSlot(const QString& text);
+
 signals:
     void signalEdit(const QString& text);
 

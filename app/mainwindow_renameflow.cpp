@@ -100,6 +100,7 @@ void MainWindow::ensureRenameEdit()
     connect(m_renameEdit, &MyEdit::signalCancelRename, this, &MainWindow::renameEscSlot);
     connect(m_renameEdit, &MyEdit::signalShow, this, &MainWindow::editRenameShowSlot);
     connect(m_renameEdit, &MyEdit::signalKeyPress, this, &MainWindow::keyPressSlot);
+    connect(m_renameEdit, &MyEdit::signalHint, this, &MainWindow::hintSlot);
     connect(m_renameEdit, &MyEdit::signalNewInput, this, &MainWindow::newInput);
 
     auto* hint = new QLabel(tr("Scan to rename,press ok to confirm."), m_renameEdit);

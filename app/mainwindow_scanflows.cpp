@@ -135,6 +135,7 @@ void MainWindow::ensureEditor()
         connect(m_editor, &MyEdit::signalQuickSet, this, &MainWindow::quickSet);
         connect(m_editor->soundThread(), &QThread::started, this,
                 [this] { m_editorSpokeLast = true; });
+        connect(m_editor, &MyEdit::signalHint, this, &MainWindow::hintSlot);
     }
     TTSPlayer::Instance()->setEdit(m_editor);
     m_editor->Getscanner()->setEdit(m_editor);

@@ -108,8 +108,10 @@ void MainWindow::speak(const QString& text, const QString& instruction)
         m_menuSpeech->setContent(text);
     else
         m_menuSpeech->setContent(text + pauseTag(HelpPauseMs) + instruction);
+    if (m_editor)
+        m_editor->setStopSoundFlag(false);
     m_menuSpeech->start(QThread::InheritPriority);
-    launcher::tellSoundBegins();
+    launcher::tellSoundBegins(launcher::Speaker::Menu);
 }
 
 void MainWindow::startSlot()
@@ -125,15 +127,17 @@ void MainWindow::finishTalkingMenu()
     // not be silenced, and it tells of its own end.
     if (m_menuSpeech->isRunning())
         return;
+    launcher::tellSoundEnds(launcher::Speaker::Menu);
     const auto reads = [](const MyEdit* edit) { return edit && edit->soundThread()->isRunning(); };
-    if (!reads(m_editor) && !reads(m_renameEdit)) {
-        launcher::tellSoundEnds();
+    if (!reads(m_editor) && !reads(m_renameEdit))
         TTSPlayer::Instance()->stop();
-    }
     if (m_editor)
         m_editor->setStopSoundFlag(true);
     carryOutRequests();
-    startSlot();
+    if (m_utterancePending)
+        startSlot();
+    else if (m_editor)
+        m_editor->readAfterTalkingMenu();
 }
 
 // What the user asked for in the quick menu is heard instead of the hint.
@@ -143,4 +147,16 @@ void MainWindow::editShowSlot(int index, const QString& text)
     if (m_readAgainPending || m_gotoBeginPending)
         return;
     talkingMenuTTS(index, QString(), tr("Scan or press Menu for options."));
+}
+
+// A message that is still being spoken is heard to its end: a hint never cuts anything short.
+void MainWindow::hintSlot(const QString& text)
+{
+    if (!m_menuSpeech->isRunning()) {
+        talkingMenuTTS(0, QString(), text);
+        return;
+    }
+    m_pendingText.clear();
+    m_pendingInstruction = text;
+    m_utterancePending = true;
 }

@@ -7,6 +7,8 @@
 #include "engines/ttsplayer.h"
 #include "platform/zembra_iap.h"
 #include "store/filemanager.h"
+#include "store/launcher.h"
+#include "widgets/hintline.h"
 #include "widgets/messagedialog.h"
 #include "widgets/painting.h"
 #include "widgets/sandglass.h"
@@ -43,6 +45,7 @@ MyEdit::~MyEdit()
     RecChar::forget(this);
     TTSPlayer::forget(this);
     m_soundThread.reset(); // both wait for their worker
+    launcher::speakerLeaves(launcher::Speaker::Editor);
     m_recThread.reset();
     m_scanner.reset();
     for (_stImg* image : std::as_const(m_arriving))
@@ -65,6 +68,10 @@ void MyEdit::Init()
     setCursorWidth(caret::Width);
     document()->setDocumentMargin(0);
 
+    m_hint = new HintLine(this);
+    m_readDelay.setObjectName(QStringLiteral("readDelay"));
+    m_readDelay.setSingleShot(true);
+
     m_scanner = std::make_unique<RecChar>(this);
     m_soundThread = std::make_unique<CSoundThread>(this);
     m_recThread = std::make_unique<CRecThread>(this);
@@ -74,6 +81,8 @@ void MyEdit::Init()
     connect(m_soundThread.get(), &QThread::finished, this, &MyEdit::FinishSound);
     connect(this, &MyEdit::singalSound, this, &MyEdit::Sound);
     connect(this, &MyEdit::signalTTShignlight, this, &MyEdit::TTShignlightFun);
+    connect(&m_readDelay, &QTimer::timeout, this, &MyEdit::readDelaySlot);
+    connect(&m_seekTimer, &QTimer::timeout, this, &MyEdit::quickSeek);
     connect(this, &MyEdit::readingPrepared, this, &MyEdit::setPreparedReading);
 }
 
@@ -83,13 +92,13 @@ int MyEdit::setFileInfo(const FileInfo& info)
     setRenameFlag(false);
     stopAutoSave();
     clear();
-    clearReading();
+    forgetTexts();
     m_file = info;
 
     FileManager* files = FileManager::Instance();
     const QString text = files->readFile(info);
     if (files->getReturnSize() > MaxFileBytes) {
-        MessageDialog(this, tr("The file is too big, do not edit the file in computer.")).exec();
+        showMessage(tr("The file is too big, do not edit the file in computer."));
         return -1;
     }
     QTextCursor cursor = textCursor();
@@ -119,8 +128,14 @@ QString MyEdit::documentText() const
 
 bool MyEdit::saveDocument()
 {
-    const QString name = FileManager::Instance()->saveFile(m_file, documentText());
-    return !name.isEmpty();
+    FileManager* const files = FileManager::Instance();
+    const QString text = documentText();
+    if (!files->saveFile(m_file, text).isEmpty())
+        return true;
+    // The store has told why; what it means for the text is ours to tell.
+    if (!files->isKept(m_file, text))
+        tellHint(tr("Not saved. Text is kept here."));
+    return false;
 }
 
 bool MyEdit::SaveOnly()
@@ -140,14 +155,13 @@ void MyEdit::SaveAndExit()
     StopTTS();
     stopAutoSave();
     if (!saveDocument()) {
-        // The store has told the user.
         if (!FileManager::Instance()->isKept(m_file, documentText())) {
             // What was scanned stays on the screen, and the next attempt to leave or the timer
             // saves it.
             m_autoSaveTimer = startTimer(AutoSavePeriodMs);
             return;
         }
-        MessageDialog(this, tr("The text is kept in the pen.")).exec();
+        showMessage(tr("The text is kept in the pen."));
     }
     m_bound = false;
     leaveEngine();
@@ -168,7 +182,7 @@ void MyEdit::StopOnly()
 void MyEdit::leaveEngine()
 {
     clear();
-    clearReading();
+    forgetTexts();
     ZEMBRA_IAP_Uninitialize();
 }
 
@@ -200,6 +214,22 @@ void MyEdit::gotoBeginEdit()
 void MyEdit::setStopFlag(bool stop)
 {
     ZEMBRA_IAP_SetStopSignal(stop ? 1 : 0);
+}
+
+void MyEdit::tellHint(const QString& text)
+{
+    if (!m_rename) // it would lie over the name
+        m_hint->tell(text);
+    if (isReading())
+        m_hintAfterReading = text;
+    else
+        emit signalHint(text);
+}
+
+void MyEdit::showMessage(const QString& text)
+{
+    emit signalHint(text);
+    MessageDialog(this, text).exec();
 }
 
 void MyEdit::showEvent(QShowEvent* event)

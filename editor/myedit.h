@@ -1,7 +1,9 @@
 #ifndef MYEDIT_H
 #define MYEDIT_H
 
+#include "editor/quickseek.h"
 #include "editor/speechtext.h"
+#include "editor/wordwalk.h"
 #include "engines/stimg.h"
 #include "store/fileinfo.h"
 
@@ -16,6 +18,7 @@
 
 class CRecThread;
 class CSoundThread;
+class HintLine;
 class RecChar;
 class SandGlass;
 
@@ -23,6 +26,16 @@ class SandGlass;
  * The screen of the Scan-to-file mode: the text of one scan file. It takes every scan, appends
  * the text that is recognised, reads it aloud with the spoken word marked, and saves the text back
  * into the scan-file store.
+ *
+ * Reading. A scan is read after the delay of the settings, when reading is switched on; of several
+ * that wait the newest. OK reads from the word at the cursor to the end, from the beginning when
+ * the cursor is at the end. The cursor goes along with the word that is heard and stays there. Any
+ * key and any swipe end what is read or waits; OK that ends a reading does no more.
+ *
+ * Walking. Left and Right go word by word and speak the word; Up and Down go line by line,
+ * silently: OK reads from there. F7 and F8 seek while held and speak the word that they come to. A
+ * scan that arrives while the user walks is appended all the same and takes the cursor with it:
+ * what was scanned last is what is seen and read.
  *
  * Interface thread only, but for the functions that say otherwise. All access to the document
  * happens there; the workers get copies.
@@ -72,7 +85,8 @@ public:
      * it. */
     void awaitScan();
 
-    /* Silences the editor: what is spoken, prepared or queued. */
+    /* Silences the editor: what is spoken, prepared, queued, or waits for the delay or the menus'
+     * voice. What is still on its way from the voice marks nothing. */
     void StopTTS();
 
     /* Stops the scan engine, for a start with another scan direction. */
@@ -91,9 +105,35 @@ public:
     void setPrevWidget(QWidget* widget) { m_previous = widget; }
     QWidget* getPrevWidget() const { return m_previous; }
     RecChar* Getscanner() const { return m_scanner.get(); }
-    void setStopSoundFlag(bool on) { m_stopSoundAllowed = on; }
+
+    /* Whether the editor has the voice for itself. False from the beginning to the end of what the
+     * main window speaks: a text that becomes due meanwhile waits. */
+    void setStopSoundFlag(bool on) { m_stopSound = on; }
+
+    /* Whether a text waits for the menus' voice; false lets it go unread. It is the one that
+     * soundAgain() reads. */
     void setFlagForTalk(bool on) { m_talk = on; }
     bool getFlagForTalk() const { return m_talk; }
+
+    /* The translate screen speaks, or has ended: the editor starts no reading meanwhile. */
+    void setTTSFlagInTrans(bool on);
+
+    /* For the flow that takes a word to the translate screen and back; the editor keeps it only. */
+    void setChangeTransFlag(bool on) { m_changeTrans = on; }
+    bool getChangeTransFlag() const { return m_changeTrans; }
+
+    /* Whether a text of the editor's is with the voice. Setting false lets reports that are still
+     * on their way mark nothing. */
+    void setMpayingFlag(bool on);
+    bool isPlaying() const { return m_playing; }
+
+    /* Whether a pointer may place the cursor; false at first, as the pen has none. */
+    void setmouseFlag(bool on) { m_mouse = on; }
+
+    /* Applies the speed of the settings file, for the voice chosen there. The argument is not
+     * used. */
+    void setScanSpeedInfo(int unused);
+
     CSoundThread* soundThread() const { return m_soundThread.get(); }
 
     /* The place of the word being read or last read, in the document; -1 when there is none. */
@@ -120,6 +160,17 @@ public:
     /* Begins rename mode with a name to start from, and starts the scan engine. `longest` is how
      * many characters the user is told that a name may have. */
     void startRename(const QString& oldName, const QString& proposal, int longest);
+
+    /* The word before the one at the cursor, and the one behind it; invalid at the ends. */
+    WordSpan GetPrevWod() const;
+    WordSpan GetNextWod() const;
+
+    /* Puts the cursor on that word, silently. False when there is none. */
+    bool MovePrevWord();
+    bool MoveNextWord();
+
+    /* Whether the cursor is seeking because a key is held. */
+    bool isSeeking() const { return m_seek.isActive(); }
 
     /* A scan has arrived. Called on the scan engine's thread; takes the record over. */
     void tirggleEditSingal(_stImg* image);
@@ -154,8 +205,12 @@ public slots:
     void TTShignlightFun(int offset, int length, int kind);
     /* Reads the newest scan, if reading is switched on. */
     void readDelaySlot();
-    /* Reads the last text read once more. */
+    /* Reads the last text read once more; nothing when none was read yet. */
     void soundAgain();
+    /* Reads the text that waits for the menus' voice, if one does and the voice is free. */
+    void readAfterTalkingMenu();
+    /* One tick of the seek; nothing while no key is held. */
+    void quickSeek();
 
 signals:
     void signalEdit(_stImg* image);
@@ -174,6 +229,8 @@ signals:
     void signalKeyPress();
     /* The quick menu is asked for; speech and scanning are stopped. */
     void signalQuickSet();
+    /* Something to be told, in words that are on the screen. Comes when the editor is silent. */
+    void signalHint(const QString& text);
 
     /* Internal: a reading is about to be heard. Reaches the interface thread before the first of
      * its highlight reports. */
@@ -181,6 +238,9 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -201,11 +261,39 @@ private:
     void MoveUp();
     void MoveDown();
     void moveTo(int position);
+    bool moveLines(QuickSeek::Direction direction, int count);
 
-    void beginReading(const QString& text, int documentStart);
+    void startSeek(QuickSeek::Direction direction);
+    void stopSeek();
+    void endSeek();
+    /* Ends the seek on a word, and speaks it. */
+    void landSeek();
+
+    void tellHint(const QString& text);
+    /* Shows a message that fills the screen, and has it spoken. */
+    void showMessage(const QString& text);
+    void tellEnd(QuickSeek::Direction direction);
+    bool hasWords() const;
+
+    struct ScannedText
+    {
+        QString text;
+        int start; // where it begins in the document
+    };
+
+    enum class Amount { Word, Passage };
+
+    bool isReading() const;
+    void readFromCursor();
+    void readWordAtCursor();
+    /* Reads the text read last, at once or when the voice is free. */
+    void readLast();
+    void beginReading(const ScannedText& text, Amount amount = Amount::Passage);
+    void forgetTexts();
     void setPreparedReading(const QString& source,
                             const std::shared_ptr<const SpeechText>& prepared);
-    void markWord(int start, int length);
+    bool hignFun(int offset, int length);
+    void HignItem(int start, int length);
     void unmark();
 
     bool renameKey(int key);
@@ -247,17 +335,23 @@ private:
     std::atomic<bool> m_readingAloud = false;
     std::atomic<bool> m_scannedWhileReading = false;
 
-    struct ScannedText
-    {
-        QString text;
-        int start; // where it begins in the document
-    };
     QMutex m_readQueueMutex;
     QList<ScannedText> m_readQueue;
 
     QMutex m_soundMutex; // one reading at a time
-    std::atomic<bool> m_stopSoundAllowed = true;
+    bool m_stopSound = true;
     bool m_talk = false;
+    bool m_ttsInTrans = false;
+    bool m_changeTrans = false;
+    bool m_mouse = false;
+    std::atomic<bool> m_playing = false;
+
+    QTimer m_readDelay{this};
+    QTimer m_seekTimer{this};
+    QuickSeek m_seek;
+    int m_seekStart = 0; // where the cursor was
+    HintLine* m_hint = nullptr;
+    QString m_hintAfterReading;
 
     ScannedText m_lastRead = {QString(), 0};
 
@@ -270,7 +364,8 @@ private:
         std::shared_ptr<const SpeechText> prepared;
     };
     QList<Reading> m_requested;
-    Reading m_current; // the one that is heard now
+    Reading m_current;                 // the one that is heard now
+    Amount m_amount = Amount::Passage; // of what was begun last
 };
 
 #endif

@@ -2,23 +2,50 @@
 
 #include "editor/myedit.h"
 
-#include "editor/wordwalk.h"
-#include "engines/csoundthread.h"
-#include "platform/zembra_iap.h"
+#include "widgets/hintline.h"
+#include "widgets/scanbusy.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+namespace {
+
+using Direction = QuickSeek::Direction;
+
+bool isSeekKey(int key)
+{
+    return key == Qt::Key_F7 || key == Qt::Key_F8;
+}
+
+Direction directionOf(int seekKey)
+{
+    return seekKey == Qt::Key_F7 ? Direction::Back : Direction::Forward;
+}
+
+// What repeats itself because such a key is held is no further press: it would begin the seek anew,
+// cut off the word that it came to, or switch reading on and off.
+bool actsOnce(int key)
+{
+    return isSeekKey(key) || key == Qt::Key_Return || key == Qt::Key_Escape;
+}
+
+} // namespace
+
 void MyEdit::keyPressEvent(QKeyEvent* event)
 {
+    const int key = event->key();
+    if (event->isAutoRepeat() && actsOnce(key))
+        return;
     emit signalKeyPress();
-    int state = ZEMBRA_IAP_IDLE;
-    ZEMBRA_IAP_GetWorkState(&state);
-    if (state == ZEMBRA_IAP_BUSY)
+    stopSeek();
+    if (scanEngineIsBusy())
         return;
-    if (m_rename && renameKey(event->key()))
+    m_hint->hide();
+    if (m_rename && renameKey(key))
         return;
-    switch (event->key()) {
+    if (key != Qt::Key_Return)
+        StopTTS();
+    switch (key) {
     case Qt::Key_Escape:
         SaveAndExit();
         break;
@@ -37,8 +64,11 @@ void MyEdit::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Down:
         MoveDown();
         break;
+    case Qt::Key_F7:
+    case Qt::Key_F8:
+        startSeek(directionOf(key));
+        break;
     case Qt::Key_F12:
-        StopTTS();
         setStopFlag(true);
         emit signalQuickSet();
         break;
@@ -48,62 +78,37 @@ void MyEdit::keyPressEvent(QKeyEvent* event)
     }
 }
 
-// The pen has no pointer.
-void MyEdit::mousePressEvent(QMouseEvent* event)
+void MyEdit::keyReleaseEvent(QKeyEvent* event)
 {
-    event->ignore();
-}
-
-// OK reads from the word at the cursor to the end, or stops what is being read.
-void MyEdit::PressEnter()
-{
-    if (m_soundThread->isRunning()) {
-        StopTTS();
+    if (!isSeekKey(event->key())) {
+        event->ignore();
         return;
     }
-    const QString text = documentText();
-    const int position = textCursor().position();
-    WordSpan word = wordAt(text, position);
-    if (!word.isValid())
-        word = nextWord(text, position);
-    if (word.isValid())
-        beginReading(text.mid(word.start), static_cast<int>(word.start));
+    if (!event->isAutoRepeat() && m_seek.isActive()
+        && m_seek.direction() == directionOf(event->key()))
+        landSeek();
 }
 
-void MyEdit::MovePrev()
+// The release of the key may go elsewhere from now on.
+void MyEdit::focusOutEvent(QFocusEvent* event)
 {
+    stopSeek();
+    QTextEdit::focusOutEvent(event);
+}
+
+void MyEdit::hideEvent(QHideEvent* event)
+{
+    stopSeek();
+    m_hint->hide();
+    QTextEdit::hideEvent(event);
+}
+
+void MyEdit::mousePressEvent(QMouseEvent* event)
+{
+    if (!m_mouse) {
+        event->ignore();
+        return;
+    }
     StopTTS();
-    const WordSpan word = previousWord(documentText(), textCursor().position());
-    if (word.isValid())
-        moveTo(static_cast<int>(word.start));
-}
-
-void MyEdit::MoveNext()
-{
-    StopTTS();
-    const WordSpan word = nextWord(documentText(), textCursor().position());
-    if (word.isValid())
-        moveTo(static_cast<int>(word.start));
-    else
-        moveCursor(QTextCursor::End);
-}
-
-void MyEdit::MoveUp()
-{
-    StopTTS();
-    moveCursor(QTextCursor::Up);
-}
-
-void MyEdit::MoveDown()
-{
-    StopTTS();
-    moveCursor(QTextCursor::Down);
-}
-
-void MyEdit::moveTo(int position)
-{
-    QTextCursor cursor = textCursor();
-    cursor.setPosition(qBound(0, position, document()->characterCount() - 1));
-    setTextCursor(cursor);
-    ensureCursorVisible();
+    moveTo(cursorForPosition(event->pos()).position());
 }

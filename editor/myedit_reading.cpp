@@ -3,14 +3,18 @@
 #include "editor/myedit.h"
 
 #include "editor/caret.h"
-#include "editor/wordwalk.h"
+#include "editor/readingvoice.h"
 #include "engines/csoundthread.h"
 #include "engines/ttsplayer.h"
+#include "platform/devicepaths.h"
 #include "platform/zembra_tts.h"
 #include "store/configreader.h"
+#include "store/engineunits.h"
 #include "store/languagemanager.h"
 #include "store/launcher.h"
-#include "store/voicecodes.h"
+#include "widgets/hintline.h"
+
+#include <QSettings>
 
 namespace {
 
@@ -27,15 +31,6 @@ SpeechSettings currentSettings()
     return settings;
 }
 
-// Menus and hints are spoken in the voice of the interface's language, and the voice stays as it
-// was set last.
-void takeVoiceOf(int language)
-{
-    const ConfigReader* config = ConfigReader::Instance();
-    TTSPlayer::Instance()->setLan(
-        voicecodes::forScanLanguage(config->getTTSInfo(), language, config->getSpanishInfo() == 1));
-}
-
 } // namespace
 
 void MyEdit::readDelaySlot()
@@ -48,49 +43,103 @@ void MyEdit::readDelaySlot()
         newest = m_readQueue.takeLast();
         m_readQueue.clear();
     }
-    // A new name is heard in any case: it is to be confirmed.
-    if (!m_rename && ConfigReader::Instance()->getReadControlInfo() != ReadingOn) {
-        m_lastRead = newest;
-        return;
-    }
-    beginReading(newest.text, newest.start);
+    m_lastRead = newest;
+    // A new name is heard in any case: it is to be confirmed. While another screen is shown the
+    // user is elsewhere; the text can be asked for later.
+    const bool wanted = m_rename || ConfigReader::Instance()->getReadControlInfo() == ReadingOn;
+    if (wanted && isEnabled())
+        readLast();
 }
 
 void MyEdit::soundAgain()
 {
     if (!m_lastRead.text.isEmpty())
-        beginReading(m_lastRead.text, m_lastRead.start);
+        readLast();
 }
 
-void MyEdit::beginReading(const QString& text, int documentStart)
+void MyEdit::readLast()
 {
-    TTSPlayer::Instance()->stop();
-    m_lastRead = {text, documentStart};
+    if (m_stopSound && !m_ttsInTrans)
+        beginReading(m_lastRead);
+    else
+        m_talk = true;
+}
+
+void MyEdit::readAfterTalkingMenu()
+{
+    if (m_talk && !m_lastRead.text.isEmpty())
+        readLast();
+}
+
+void MyEdit::setTTSFlagInTrans(bool on)
+{
+    m_ttsInTrans = on;
+    if (!on)
+        readAfterTalkingMenu();
+}
+
+void MyEdit::readFromCursor()
+{
+    const QString text = documentText();
+    const int position = textCursor().position();
+    WordSpan word = position < text.size() ? wordAt(text, position) : WordSpan{};
+    if (!word.isValid())
+        word = nextWord(text, position);
+    if (!word.isValid())
+        word = nextWord(text, -1);
+    if (!word.isValid()) {
+        tellHint(tr("No text."));
+        return;
+    }
+    // To the voice a line end of the file is the end of a paragraph, not a blank.
+    m_lastRead = {text.mid(word.start).replace(u'\n', QChar::ParagraphSeparator),
+                  static_cast<int>(word.start)};
+    beginReading(m_lastRead);
+}
+
+// Not what soundAgain() reads: that stays the passage in which the user walks.
+void MyEdit::readWordAtCursor()
+{
+    const QString text = documentText();
+    const WordSpan word = wordAt(text, textCursor().position());
+    if (word.isValid())
+        beginReading({text.mid(word.start, word.length()), static_cast<int>(word.start)},
+                     Amount::Word);
+}
+
+bool MyEdit::isReading() const
+{
+    return m_soundThread->isRunning() && (!m_requested.isEmpty() || m_current.prepared);
+}
+
+void MyEdit::beginReading(const ScannedText& text, Amount amount)
+{
+    StopTTS();
+    m_amount = amount;
     QTextCursor start(document());
-    start.setPosition(qBound(0, documentStart, document()->characterCount() - 1));
-    m_requested.append({text, start, nullptr});
+    start.setPosition(qBound(0, text.start, document()->characterCount() - 1));
+    m_requested.append({text.text, start, nullptr});
     m_readingAloud = true;
-    m_soundThread->setContent(text);
+    m_soundThread->setContent(text.text);
     m_soundThread->start(QThread::InheritPriority);
-    launcher::tellSoundBegins();
+    launcher::tellSoundBegins(launcher::Speaker::Editor);
 }
 
 void MyEdit::Sound(QString& text)
 {
     const QMutexLocker lock(&m_soundMutex);
-    launcher::tellSoundBegins();
+    launcher::tellSoundBegins(launcher::Speaker::Editor);
     const SpeechSettings settings = currentSettings();
     if (settings.language == LanguageWithoutSpeech)
         return;
-    TTSPlayer* player = TTSPlayer::Instance();
-    player->setScanPlayFlag(true);
     const auto prepared = std::make_shared<const SpeechText>(prepareSpeechText(text, settings));
     // Posted before the engine can report a word of it: the reports find their reading.
     emit readingPrepared(text, prepared);
     if (isChineseVoice(settings.language))
         text = prepared->text;
-    takeVoiceOf(settings.language);
-    player->play(prepared->text);
+    m_playing = true;
+    TTSPlayer::Instance()->play(prepared->text, readingVoice());
+    m_playing = false;
 }
 
 void MyEdit::setPreparedReading(const QString& source,
@@ -114,19 +163,28 @@ void MyEdit::tirggleTTShignlight(int offset, int length, int kind)
 
 void MyEdit::TTShignlightFun(int offset, int length, int kind)
 {
-    int sourceOffset = 0;
-    int sourceLength = 0;
-    if (kind != ZEMBRA_TTS_WORD || !m_current.prepared
-        || !m_current.prepared->sourceRange(offset, length, sourceOffset, sourceLength))
-        return;
-    const int start = m_current.start.position() + sourceOffset;
-    // The user may have changed the text since it was handed to the voice.
-    const QStringView word = QStringView(m_current.source).mid(sourceOffset, sourceLength);
-    if (documentText().mid(start, sourceLength) == word)
-        markWord(start, sourceLength);
+    if (kind == ZEMBRA_TTS_WORD)
+        hignFun(offset, length);
 }
 
-void MyEdit::markWord(int start, int length)
+// Marks what a report is about, if it is in the document: the user may have changed the text since
+// it was handed to the voice.
+bool MyEdit::hignFun(int offset, int length)
+{
+    int sourceOffset = 0;
+    int sourceLength = 0;
+    if (!m_current.prepared
+        || !m_current.prepared->sourceRange(offset, length, sourceOffset, sourceLength))
+        return false;
+    const int start = m_current.start.position() + sourceOffset;
+    const QStringView word = QStringView(m_current.source).mid(sourceOffset, sourceLength);
+    if (documentText().mid(start, sourceLength) != word)
+        return false;
+    HignItem(start, sourceLength);
+    return true;
+}
+
+void MyEdit::HignItem(int start, int length)
 {
     m_wordStart = start;
     m_wordEnd = start + length;
@@ -147,6 +205,16 @@ void MyEdit::unmark()
     setCursorWidth(caret::Width);
 }
 
+void MyEdit::setMpayingFlag(bool on)
+{
+    m_playing = on;
+    if (on)
+        return;
+    m_current = {};
+    m_requested.clear();
+    unmark();
+}
+
 void MyEdit::FinishSound()
 {
     unmark();
@@ -154,29 +222,46 @@ void MyEdit::FinishSound()
     if (m_soundThread->isRunning())
         return;
     m_readingAloud = false;
-    launcher::tellSoundEnds();
+    launcher::tellSoundEnds(launcher::Speaker::Editor);
+    if (!m_hintAfterReading.isEmpty())
+        emit signalHint(std::exchange(m_hintAfterReading, QString()));
 }
 
 void MyEdit::StopTTS()
 {
     m_soundThread->clearContent();
     TTSPlayer::Instance()->stop();
+    setMpayingFlag(false);
+    m_readDelay.stop();
+    m_talk = false;
     const QMutexLocker lock(&m_readQueueMutex);
     m_readQueue.clear();
 }
 
 void MyEdit::clearReading()
 {
-    m_current = {};
-    m_requested.clear();
+    setMpayingFlag(false);
     m_wordStart = -1;
     m_wordEnd = -1;
-    unmark();
 }
 
-QString MyEdit::getWordFromMyEdit() const
+// Of one file: the next one has nothing to read again.
+void MyEdit::forgetTexts()
 {
-    const QString text = documentText();
-    const WordSpan word = wordAt(text, textCursor().position());
-    return word.isValid() ? text.mid(word.start, word.length()) : QString();
+    clearReading();
+    m_lastRead = {};
+    m_hintAfterReading.clear();
+    m_hint->hide();
+}
+
+void MyEdit::setScanSpeedInfo(int unused)
+{
+    Q_UNUSED(unused)
+    const QSettings settings(devicePath(QStringLiteral("/apps/config/config.ini")),
+                             QSettings::IniFormat);
+    const auto read = [&settings](const char* key, int fallback) {
+        return settings.value(QLatin1String(key), fallback).toInt();
+    };
+    const int voice = voiceOfScanLanguage(read("SystemSet/TTS", 0));
+    TTSPlayer::Instance()->setSpeed(engineunits::readingSpeed(read("SystemSet/Speed", 6), voice));
 }

@@ -9,7 +9,6 @@
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
-#include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
 namespace {
@@ -104,8 +103,10 @@ void MyEdit::FinishRec()
         return;
     if (scan.isEmpty()) {
         m_recognitionFailed = true;
+        tellHint(tr("Nothing recognised."));
         return;
     }
+    stopSeek(); // the scan takes the cursor
     if (!m_rename && !appendText(scan))
         return;
     viewport()->update();
@@ -115,7 +116,7 @@ void MyEdit::FinishRec()
         m_readQueue.append({scan, textCursor().position()});
     }
     const int delaySeconds = qBound(0, ConfigReader::Instance()->getDelayInfo(), 60);
-    QTimer::singleShot(delaySeconds * 1000, this, &MyEdit::readDelaySlot);
+    m_readDelay.start(delaySeconds * 1000);
 }
 
 bool MyEdit::appendText(const QString& text)
@@ -125,7 +126,7 @@ bool MyEdit::appendText(const QString& text)
         return false;
     const QString document = documentText();
     if (!fitsIntoFile(document, text)) {
-        MessageDialog(this, tr("The file is too big. Please create new file.")).exec();
+        showMessage(tr("The file is too big. Please create new file."));
         return false;
     }
     QTextCursor cursor = textCursor();

@@ -124,8 +124,8 @@ SpeechText prepareChinese(QString text, const SpeechSettings& settings)
     return result;
 }
 
-// Cuts at single blanks, empty words kept. A paragraph separator ends a word as well: it stays at
-// the end of its word and a blank of ours follows it.
+// Cuts at single blanks, empty words kept. The end of a line ends a word as well: it stays at the
+// end of its word and a blank of ours follows it.
 SpeechText prepareWordByWord(const QString& text, const SpeechSettings& settings)
 {
     Builder builder(settings);
@@ -146,7 +146,7 @@ SpeechText prepareWordByWord(const QString& text, const SpeechSettings& settings
             endWord(i);
             builder.copy(u' ', i);
             start = i + 1;
-        } else if (text.at(i) == QChar::ParagraphSeparator) {
+        } else if (text.at(i) == QChar::ParagraphSeparator || text.at(i) == u'\n') {
             endWord(i + 1);
             builder.insert(QStringLiteral(" "));
         }

@@ -5,8 +5,16 @@
 
 /*
  * Words of a text, for the cursor that walks over them. A word is a run of characters that are
- * neither blanks nor separators (SpeechSeparators); in scripts that are written without blanks
- * (Chinese, Japanese, Thai) each character is a word of its own. Positions are UTF-16 code units.
+ * neither blanks nor separators (SpeechSeparators). Hyphen and apostrophe belong to their word:
+ * "well-known" and "don't" are heard whole.
+ *
+ * In scripts that are written without blanks (Chinese, Japanese, Thai) each character is a word of
+ * its own. A run up to the next mark would be a whole clause; where the words in it end only a
+ * dictionary could tell, and a reader who steps wants to hear the one character that he does not
+ * know. Their punctuation is stepped on, too: it is part of the line as the voice reads it. Latin
+ * letters and digits between them stay together ("USB").
+ *
+ * Positions are UTF-16 code units.
  */
 struct WordSpan
 {

@@ -13,18 +13,20 @@
 namespace {
 
 // The settings file itself is asked, not the cached settings: it holds what the launcher wrote.
-void applyMenuVoice()
+TTSPlayer::Voice voiceOfMenus()
 {
     const QSettings settings(devicePath(QStringLiteral("/apps/config/config.ini")),
                              QSettings::IniFormat);
     const auto read = [&settings](const char* key, int fallback) {
         return settings.value(QLatin1String(key), fallback).toInt();
     };
-    TTSPlayer* const player = TTSPlayer::Instance();
-    player->setLan(menuVoice(LanguageManager::Instance()->getLanIntByID(read("SystemSet/Lan", 0)),
-                             read("SystemSet/TTS", 0), ConfigReader::Instance()->getSpanishInfo()));
-    player->setVolume(engineunits::volume(read("SystemSet/Volum", 4)));
-    player->setSpeed(engineunits::speed(read("SystemSet/Speed", 6)));
+    TTSPlayer::Voice voice;
+    voice.language =
+        menuVoice(LanguageManager::Instance()->getLanIntByID(read("SystemSet/Lan", 0)),
+                  read("SystemSet/TTS", 0), ConfigReader::Instance()->getSpanishInfo());
+    voice.volume = engineunits::volume(read("SystemSet/Volum", 4));
+    voice.speed = engineunits::speed(read("SystemSet/Speed", 6));
+    return voice;
 }
 
 } // namespace
@@ -81,10 +83,7 @@ void CTTSThread::run()
 
 void CTTSThread::speak(const QString& text)
 {
-    applyMenuVoice();
-    TTSPlayer* const player = TTSPlayer::Instance();
-    player->setScanPlayFlag(false);
-    player->play(text);
+    TTSPlayer::Instance()->play(text, voiceOfMenus());
 }
 
 // A text that was queued between the thread's last look and its end, when the owner still saw it

@@ -2,7 +2,9 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/engines/charscanner.cpp
     ${CMAKE_SOURCE_DIR}/engines/codemap.cpp
     ${CMAKE_SOURCE_DIR}/engines/crecthread.cpp
+    ${CMAKE_SOURCE_DIR}/engines/csoundsrcthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/csoundthread.cpp
+    ${CMAKE_SOURCE_DIR}/engines/csoundtransthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/cttsthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/cttsthread_setup.cpp
     ${CMAKE_SOURCE_DIR}/engines/cttsthreadforset.cpp

@@ -10,7 +10,6 @@
 #include <QByteArray>
 #include <QFile>
 #include <mutex>
-#include <optional>
 
 std::atomic<TTSPlayer*> TTSPlayer::player{nullptr};
 Receiver<MyEdit> TTSPlayer::editScan;
@@ -83,10 +82,33 @@ int TTSPlayer::setLan(int language)
 
 int TTSPlayer::play(const QString& text)
 {
+    return playAs(text, nullptr);
+}
+
+int TTSPlayer::play(const QString& text, const Voice& voice)
+{
+    return playAs(text, &voice);
+}
+
+void TTSPlayer::take(const Voice& voice)
+{
+    if (voice.language)
+        setLan(*voice.language);
+    if (voice.volume)
+        setVolume(*voice.volume);
+    if (voice.speed)
+        setSpeed(*voice.speed);
+    setScanPlayFlag(voice.highlights);
+}
+
+int TTSPlayer::playAs(const QString& text, const Voice* voice)
+{
     const StopRequests::Mark mark = request.value_or(stops.mark());
     const std::lock_guard lock(playMutex);
     if (stops.cancelled(mark))
         return 1;
+    if (voice)
+        take(*voice);
     playing = mark;
     engineBusy = true;
     const int result = ZEMBRA_TTS_Play(text.utf16(), static_cast<int>(2 * text.length()), 0);

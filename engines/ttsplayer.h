@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <atomic>
+#include <optional>
 
 class DictScanEdit;
 class MyEdit;
@@ -17,6 +18,15 @@ class MyEdit;
 class TTSPlayer
 {
 public:
+    /* How a text is to sound; what is not given stays as it was set last. */
+    struct Voice
+    {
+        std::optional<int> language; // as for setLan()
+        std::optional<int> volume;   // as for setVolume()
+        std::optional<int> speed;    // as for setSpeed()
+        bool highlights = false;     // whether reports of this text reach the screen
+    };
+
     static std::atomic<TTSPlayer*> player;
 
     /* Screens that receive highlight reports; not owned. A screen calls forget() before it dies. */
@@ -45,6 +55,10 @@ public:
      * was spoken, 1 when stopped, -1 when the engine cannot speak. Not for the interface thread.
      * On a thread that called beginRequest(), a stop since then cancels the text. */
     int play(const QString& text);
+
+    /* As play(), in a voice: what another thread plays neither gets this voice nor comes between
+     * the voice and the text. A text that was cancelled leaves the voice as it is. */
+    int play(const QString& text, const Voice& voice);
 
     /* Silences what is being spoken, and what workers have taken from their queues but not
      * begun to speak. */
@@ -76,6 +90,9 @@ public:
 private:
     TTSPlayer();
     ~TTSPlayer() = default;
+
+    void take(const Voice& voice);
+    int playAs(const QString& text, const Voice* voice);
 };
 
 #endif

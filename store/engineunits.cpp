@@ -1,5 +1,7 @@
 #include "store/engineunits.h"
 
+#include "store/voicecodes.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -27,4 +29,9 @@ int engineunits::speed(int setting)
 int engineunits::spanishVariantSpeed(int setting)
 {
     return scaled(setting, 15);
+}
+
+int engineunits::readingSpeed(int setting, int voice)
+{
+    return voice == voicecodes::SpanishVariant ? spanishVariantSpeed(setting) : speed(setting);
 }

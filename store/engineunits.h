@@ -9,6 +9,9 @@ int volume(int setting);              // 20 a step
 int speed(int setting);               // 8 a step
 int spanishVariantSpeed(int setting); // 15 a step
 
+/* The speed for texts read in the voice with that code. */
+int readingSpeed(int setting, int voice);
+
 } // namespace engineunits
 
 #endif

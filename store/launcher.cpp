@@ -2,6 +2,8 @@
 
 #include "platform/qcopchannel.h"
 
+#include <mutex>
+
 namespace launcher {
 
 namespace {
@@ -16,6 +18,22 @@ void tellToExecute(const QByteArray& word)
     tell("execute(QString)", word);
 }
 
+// Held while sending, too: the launcher hears of changes in the order in which they happened.
+std::mutex speakersMutex;
+unsigned speakers = 0; // one bit for each that speaks
+
+unsigned bit(Speaker speaker)
+{
+    return 1U << static_cast<unsigned>(speaker);
+}
+
+void end(Speaker speaker)
+{
+    speakers &= ~bit(speaker);
+    if (speakers == 0)
+        tellToExecute("soundno");
+}
+
 } // namespace
 
 void tellShown()
@@ -28,14 +46,24 @@ void tellLeft()
     tell("ESC(QString)", "escpressed");
 }
 
-void tellSoundBegins()
+void tellSoundBegins(Speaker speaker)
 {
+    const std::lock_guard lock(speakersMutex);
+    speakers |= bit(speaker);
     tellToExecute("soundyes");
 }
 
-void tellSoundEnds()
+void tellSoundEnds(Speaker speaker)
 {
-    tellToExecute("soundno");
+    const std::lock_guard lock(speakersMutex);
+    end(speaker);
+}
+
+void speakerLeaves(Speaker speaker)
+{
+    const std::lock_guard lock(speakersMutex);
+    if ((speakers & bit(speaker)) != 0)
+        end(speaker);
 }
 
 void tellSwipe()

@@ -39,7 +39,11 @@ TalkingMenu::TalkingMenu(const QString& title, QWidget* parent)
     connect(&m_quitTimer, &QTimer::timeout, this, &TalkingMenu::threadQuitTalking);
 }
 
-TalkingMenu::~TalkingMenu() = default;
+TalkingMenu::~TalkingMenu()
+{
+    if (m_talking)
+        launcher::speakerLeaves(launcher::Speaker::Menu);
+}
 
 bool TalkingMenu::setCurIndex(int index)
 {
@@ -114,13 +118,13 @@ void TalkingMenu::ttsCurentItem()
         return;
     m_worker->setContent(currentText());
     m_worker->start(QThread::InheritPriority);
-    launcher::tellSoundBegins();
+    launcher::tellSoundBegins(launcher::Speaker::Menu);
     m_talking = true;
 }
 
 void TalkingMenu::FinishTTS()
 {
-    launcher::tellSoundEnds();
+    launcher::tellSoundEnds(launcher::Speaker::Menu);
     m_talking = false;
 }
 

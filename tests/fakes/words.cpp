@@ -19,7 +19,8 @@ std::size_t tagLength(std::u16string_view rest)
 
 bool isBlank(char16_t unit)
 {
-    return unit <= u' ' || unit == 0x3000 || (unit & 0xf800) == 0xd800;
+    return unit <= u' ' || unit == 0x2028 || unit == 0x2029 || unit == 0x3000
+           || (unit & 0xf800) == 0xd800;
 }
 
 } // namespace

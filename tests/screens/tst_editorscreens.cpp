@@ -24,6 +24,11 @@ private slots:
     void fourLinesFitExactly();
     void cursorAtTheBeginning();
     void positionMark();
+    void positionMarkInTheMiddle();
+    void hintInAnEmptyDocument();
+    void hintOverText();
+    void spokenWordInALine_data();
+    void spokenWordInALine();
     void spokenWord_data();
     void spokenWord();
     void scripts_data();
@@ -97,6 +102,60 @@ void TestEditorScreens::positionMark()
     COMPARE_SCREEN(m_album, m_edit.get(), "mark-end");
     m_edit->gotoBeginEdit();
     COMPARE_SCREEN(m_album, m_edit.get(), "mark-begin");
+}
+
+void TestEditorScreens::positionMarkInTheMiddle()
+{
+    for (int i = 1; i <= 12; ++i)
+        append(QStringLiteral("This is line number %1 of a long document.").arg(i));
+    QTextCursor middle = m_edit->textCursor();
+    middle.setPosition(static_cast<int>(m_edit->documentText().size() / 2));
+    m_edit->setTextCursor(middle);
+    COMPARE_SCREEN(m_album, m_edit.get(), "mark-middle");
+}
+
+void TestEditorScreens::hintInAnEmptyDocument()
+{
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    COMPARE_SCREEN(m_album, m_edit.get(), "hint-empty");
+}
+
+void TestEditorScreens::hintOverText()
+{
+    for (int i = 1; i <= 6; ++i)
+        append(QStringLiteral("This is line number %1 of a long document.").arg(i));
+    m_edit->gotoBeginEdit();
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    COMPARE_SCREEN(m_album, m_edit.get(), "hint-text");
+}
+
+void TestEditorScreens::spokenWordInALine_data()
+{
+    QTest::addColumn<int>("words");
+    QTest::newRow("line-first") << 2;
+    QTest::newRow("line-middle") << 9;
+    QTest::newRow("line-last") << 24;
+}
+
+// A page of four lines, in which words in the first, the second and the last one are heard.
+void TestEditorScreens::spokenWordInALine()
+{
+    QFETCH(int, words);
+    append(QStringLiteral("It was the best of times, it was the worst of times, it was the age "
+                          "of wisdom, it was the age of foolishness."));
+    FakeTts::setPace(FakeTts::Pace::Held);
+    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
+    m_edit->gotoBeginEdit();
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    for (int i = 0; i < words; ++i)
+        QVERIFY(FakeTts::speakWord());
+    QTRY_COMPARE(reports.count(), words);
+    QTRY_VERIFY(!m_edit->extraSelections().isEmpty());
+    QVERIFY2(m_album.shows(m_edit.get(), QString::fromLatin1(QTest::currentDataTag())),
+             qPrintable(m_album.problem()));
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
 }
 
 void TestEditorScreens::spokenWord_data()

@@ -14,7 +14,6 @@
 #include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QFile>
@@ -31,7 +30,6 @@ constexpr int DeadlineMs = 60'000;
 constexpr int CalmTurns = 3;
 constexpr int SpinMs = 20;
 constexpr int PatienceTurnMs = 1;
-constexpr int ShortestDelayMs = 900;
 constexpr int PictureWidth = 100; // of the first swipe; each that follows is one wider
 constexpr int PictureHeight = 20;
 const QString ToApplication = QStringLiteral("scanprocess");
@@ -78,24 +76,6 @@ struct RunningTimer
     int id = 0;
 };
 
-// The editor's other timers are faster. A single shot without an object of its own belongs to the
-// event dispatcher.
-RunningTimer delayTimer()
-{
-    const MyEdit* const editor = Stage::window()->editor();
-    auto* const dispatcher = QAbstractEventDispatcher::instance();
-    if (!editor)
-        return {};
-    QObjectList candidates = dispatcher->children();
-    for (QTimer* timer : editor->findChildren<QTimer*>())
-        candidates.append(timer);
-    for (QObject* timer : std::as_const(candidates))
-        for (const auto& info : dispatcher->registeredTimers(timer))
-            if (info.interval >= ShortestDelayMs)
-                return {timer, info.timerId};
-    return {};
-}
-
 RunningTimer namedTimer(const QString& name)
 {
     for (const QWidget* widget : QApplication::allWidgets()) {
@@ -110,7 +90,7 @@ RunningTimer namedTimer(const QString& name)
 RunningTimer findTimer(const QString& name)
 {
     if (name == QLatin1String("delay"))
-        return delayTimer();
+        return namedTimer(QStringLiteral("readDelay"));
     if (name == QLatin1String("autosave")) {
         MyEdit* const editor = Stage::window()->editor();
         return {editor, editor ? editor->autoSaveTimer() : 0};

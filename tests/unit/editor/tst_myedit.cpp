@@ -5,6 +5,7 @@
 #include "tests/fakes/faketts.h"
 #include "tests/unit/editor/editorfixture.h"
 
+#include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
 #include <thread>
@@ -47,6 +48,13 @@ private slots:
     void recognitionOfNothingGivesMinusTwo();
     void swipeWhileReadingSilencesAndIsRecognised();
     void scanThatDoesNotFitIsDroppedWithAMessage();
+    void fullDocumentOfLinesTakesNoCharacter();
+    void paragraphBreakCountsOneMoreThanItsLength();
+    void fileOf65537BytesIsNotAutoSaved();
+    void scanThatEndsUnderAnOpenDialogIsKept();
+    void scanLandsAtTheEndThoughTheUserWalks();
+    void scanStaysAtTheCursorWhenAsked();
+    void scanIsAppendedWhileReadingIsOff();
     void scanGoesToTheEndWhereverTheCursorIs();
     void noBreakSpaceSurvives();
     void escapeWithoutFileOnlyAsks();
@@ -249,6 +257,93 @@ void TestMyEdit::scanThatDoesNotFitIsDroppedWithAMessage()
     swipe(u"b");
     QTRY_COMPARE(m_messages->texts(), QStringList{TooBigToAppend});
     QCOMPARE(m_edit->documentText(), full);
+    QVERIFY(FakeTts::texts().empty());
+}
+
+// 32,768 code units as they are saved: a line end is two.
+void TestMyEdit::fullDocumentOfLinesTakesNoCharacter()
+{
+    open(QStringLiteral("\r\n").repeated(16'000) + QString(768, u'a'));
+    QVERIFY(!m_edit->appendText(QStringLiteral("b")));
+    QCOMPARE(m_messages->texts(), QStringList{TooBigToAppend});
+    QCOMPARE(m_edit->documentText().size(), 16'768);
+}
+
+void TestMyEdit::paragraphBreakCountsOneMoreThanItsLength()
+{
+    const QString paragraph = QStringLiteral("\n    ");
+    open(QString(32'763, u'a'));
+    QVERIFY(!m_edit->appendText(paragraph)); // five characters would just fit
+    m_edit->setPlainText(QString(32'762, u'a'));
+    QVERIFY(m_edit->appendText(paragraph));
+}
+
+void TestMyEdit::fileOf65537BytesIsNotAutoSaved()
+{
+    const QString text(32'769, u'a');
+    open(text);
+    QVERIFY(m_edit->documentText().isEmpty());
+    QCOMPARE(m_edit->autoSaveTimer(), 0);
+    m_edit->insertPlainText(QStringLiteral("other"));
+    QTimerEvent due(m_edit->autoSaveTimer());
+    QCoreApplication::sendEvent(m_edit.get(), &due);
+    QVERIFY(!m_edit->SaveOnly());
+    QCOMPARE(savedText(), text);
+}
+
+void TestMyEdit::scanThatEndsUnderAnOpenDialogIsKept()
+{
+    open(QString());
+    FakeOcr::hold();
+    swipe(u"under a dialog");
+    QCoreApplication::processEvents(); // Recognize() is called
+    QVERIFY(FakeOcr::waitUntilRecognizing());
+    QDialog dialog(m_edit.get());
+    QTimer look;
+    connect(&look, &QTimer::timeout, &dialog, [&] {
+        FakeOcr::release();
+        if (!m_edit->documentText().isEmpty())
+            dialog.accept();
+    });
+    look.start(0);
+    QCOMPARE(dialog.exec(), int(QDialog::Accepted));
+    QCOMPARE(m_edit->documentText(), QStringLiteral("under a dialog "));
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"under a dialog"}));
+}
+
+// What was scanned last is what is seen.
+void TestMyEdit::scanLandsAtTheEndThoughTheUserWalks()
+{
+    open(QStringLiteral("one two "));
+    FakeOcr::hold();
+    swipe(u"three");
+    QCoreApplication::processEvents(); // Recognize() is called
+    QVERIFY(FakeOcr::waitUntilRecognizing());
+    QTest::keyClick(m_edit.get(), Qt::Key_Left);
+    QCOMPARE(m_edit->getCurPosition(), 4);
+    FakeOcr::release();
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("one two three "));
+    QCOMPARE(m_edit->getCurPosition(), 8);
+}
+
+void TestMyEdit::scanStaysAtTheCursorWhenAsked()
+{
+    open(QStringLiteral("one two "));
+    m_edit->setKeepPosition(true);
+    m_edit->gotoBeginEdit();
+    swipe(u"zero");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("zero one two "));
+    QCOMPARE(m_edit->getCurPosition(), 0);
+}
+
+void TestMyEdit::scanIsAppendedWhileReadingIsOff()
+{
+    m_state->root.setSetting(QStringLiteral("InfoScan/ReadControl"), 1);
+    open(QStringLiteral("one "));
+    m_edit->gotoBeginEdit();
+    swipe(u"two");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("one two "));
+    QCOMPARE(m_edit->getCurPosition(), 4);
     QVERIFY(FakeTts::texts().empty());
 }
 

@@ -108,6 +108,7 @@ void TestSpeechText::pausesFollowWords_data()
                             << "3.14" + W + " 1,5" + W + " ";
     QTest::newRow("paragraph") << QStringLiteral("a\u2029b")
                                << QStringLiteral("a\u2029") + W + " b" + W + " ";
+    QTest::newRow("line") << QStringLiteral("a\nb") << QStringLiteral("a\n") + W + " b" + W + " ";
 }
 
 void TestSpeechText::pausesFollowWords()

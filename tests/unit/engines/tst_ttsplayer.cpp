@@ -57,6 +57,10 @@ private slots:
     void aStopAfterTheTextWasTakenCancelsIt();
     void aStopBeforeTheTextWasTakenDoesNot();
     void aStopThatTheEngineMissedIsMadeGoodAtTheFirstWord();
+    void aVoiceIsSetJustBeforeItsText();
+    void whatAVoiceDoesNotNameStays();
+    void aVoiceWaitsForTheTextBefore();
+    void aCancelledTextLeavesTheVoice();
     void highlightsReachTheEditorUnchanged();
     void withoutScanPlayFlagNoHighlightArrives();
     void inDictionaryModeTheTranslateScreenReceives();
@@ -217,6 +221,76 @@ void TestTtsPlayer::aStopThatTheEngineMissedIsMadeGoodAtTheFirstWord()
     FakeTts::speakWord();
     QCOMPARE(speech.get(), 1);
     QCOMPARE(CallLog::count("ZEMBRA_TTS_Stop"), 2);
+}
+
+void TestTtsPlayer::aVoiceIsSetJustBeforeItsText()
+{
+    TTSPlayer::Instance();
+    CallLog::clear();
+    TTSPlayer::Voice voice;
+    voice.language = 103;
+    voice.volume = 40;
+    voice.speed = 56;
+    QCOMPARE(TTSPlayer::Instance()->play(QStringLiteral("Bon"), voice), 0);
+    QCOMPARE(calls(),
+             (QStringList{"ZEMBRA_TTS_SetLang(103)", "ZEMBRA_TTS_SetHighlight_CallBack(callback)",
+                          "ZEMBRA_TTS_SetVolume(40)", "ZEMBRA_TTS_SetSpeed(56)",
+                          "ZEMBRA_TTS_Play(\"Bon\", 6, 0)"}));
+    QVERIFY(!TTSPlayer::scanPlayFlag);
+    voice.highlights = true;
+    TTSPlayer::Instance()->play(QStringLiteral("Bon"), voice);
+    QVERIFY(TTSPlayer::scanPlayFlag);
+}
+
+void TestTtsPlayer::whatAVoiceDoesNotNameStays()
+{
+    TTSPlayer::Instance();
+    CallLog::clear();
+    TTSPlayer::Instance()->play(QStringLiteral("a"), TTSPlayer::Voice());
+    QCOMPARE(calls(), QStringList{"ZEMBRA_TTS_Play(\"a\", 2, 0)"});
+}
+
+// Two workers at a time: the second one's voice is not set before the first one's text has ended.
+void TestTtsPlayer::aVoiceWaitsForTheTextBefore()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    const auto say = [](const QString& text, int language) {
+        TTSPlayer::Voice voice;
+        voice.language = language;
+        return TTSPlayer::Instance()->play(text, voice);
+    };
+    auto first = std::async(std::launch::async, say, QStringLiteral("first"), 103);
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    std::promise<void> begun;
+    auto second = std::async(std::launch::async, [&] {
+        begun.set_value();
+        return say(QStringLiteral("second"), 104);
+    });
+    begun.get_future().wait();
+    QCOMPARE(FakeTts::language(), 103);
+    QVERIFY(FakeTts::finish());
+    QCOMPARE(first.get(), 0);
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QVERIFY(FakeTts::finish());
+    QCOMPARE(second.get(), 0);
+    const QStringList log = calls();
+    QVERIFY(log.indexOf(QStringLiteral("ZEMBRA_TTS_SetLang(104)"))
+            > log.indexOf(QStringLiteral("ZEMBRA_TTS_Play(\"first\", 10, 0)")));
+    QCOMPARE(FakeTts::language(), 104);
+}
+
+void TestTtsPlayer::aCancelledTextLeavesTheVoice()
+{
+    TTSPlayer::Instance()->setLan(103);
+    auto speech = std::async(std::launch::async, [] {
+        TTSPlayer::beginRequest();
+        TTSPlayer::Instance()->stop();
+        TTSPlayer::Voice voice;
+        voice.language = 104;
+        return TTSPlayer::Instance()->play(QStringLiteral("never"), voice);
+    });
+    QCOMPARE(speech.get(), 1);
+    QCOMPARE(FakeTts::language(), 103);
 }
 
 void TestTtsPlayer::highlightsReachTheEditorUnchanged()

@@ -1,6 +1,8 @@
 #include "editor/myedit.h"
 #include "engines/crecthread.h"
+#include "engines/csoundsrcthread.h"
 #include "engines/csoundthread.h"
+#include "engines/csoundtransthread.h"
 #include "engines/cttsthread_setup.h"
 #include "engines/cttsthreadforset.h"
 #include "engines/ocrpen.h"
@@ -44,6 +46,11 @@ private slots:
     void aTextQueuedAsTheThreadEndsIsReadAfterAll();
     void destroyingAReaderWhileItReadsEndsIt();
     void aReaderWithoutScreenEnds();
+    void aTranslationThatIsQueuedForgetsTheNewScan();
+    void aNewScanIsSeenWhileATranslationIsRead();
+    void onlyTheNewestTranslationIsRead();
+    void theSourceIsReadOnceWithAnEmptyText();
+    void destroyingTheSourceReaderWhileItReadsEndsIt();
     void anImageIsHandedOverOnce();
     void anImageThatIsReplacedIsFreed();
     void anImageNeverRecognisedIsFreed();
@@ -188,6 +195,71 @@ void TestWorkers::aReaderWithoutScreenEnds()
     thread.start();
     QVERIFY(thread.wait());
     QVERIFY(FakeTts::texts().empty());
+}
+
+void TestWorkers::aTranslationThatIsQueuedForgetsTheNewScan()
+{
+    CSoundTransThread thread{Speaker()};
+    QVERIFY(!thread.getnewScanState());
+    thread.haveNewScan();
+    QVERIFY(thread.getnewScanState());
+    thread.setContent(QStringLiteral("text"));
+    QVERIFY(!thread.getnewScanState());
+}
+
+void TestWorkers::aNewScanIsSeenWhileATranslationIsRead()
+{
+    std::promise<void> reading;
+    std::promise<void> scanned;
+    std::atomic<bool> seen{false};
+    CSoundTransThread* asked = nullptr;
+    CSoundTransThread thread([&](QString&) {
+        reading.set_value();
+        scanned.get_future().wait();
+        seen = asked->getnewScanState();
+    });
+    asked = &thread;
+    thread.setContent(QStringLiteral("text"));
+    thread.start();
+    reading.get_future().wait();
+    thread.haveNewScan();
+    scanned.set_value();
+    QVERIFY(thread.wait());
+    QVERIFY(seen);
+}
+
+void TestWorkers::onlyTheNewestTranslationIsRead()
+{
+    CSoundTransThread thread{Speaker()};
+    thread.setContent(QStringLiteral("one"));
+    thread.setContent(QStringLiteral("two"));
+    thread.start();
+    QVERIFY(thread.wait());
+    QCOMPARE(FakeTts::texts(), std::vector<std::u16string>{u"two"});
+}
+
+void TestWorkers::theSourceIsReadOnceWithAnEmptyText()
+{
+    QStringList handed;
+    CSoundSrcThread thread([&](QString& text) { handed.append(text); });
+    thread.setContent(QStringLiteral("one"));
+    thread.setContent(QStringLiteral("two"));
+    thread.start();
+    QVERIFY(thread.wait());
+    QCoreApplication::processEvents();
+    QVERIFY(!thread.isRunning());
+    QCOMPARE(handed, QStringList{QString()});
+}
+
+void TestWorkers::destroyingTheSourceReaderWhileItReadsEndsIt()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    auto thread = std::make_unique<CSoundSrcThread>(
+        [](QString&) { TTSPlayer::Instance()->play(QStringLiteral("source")); });
+    thread->start();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    thread.reset();
+    QVERIFY(!FakeTts::isSpeaking());
 }
 
 void TestWorkers::anImageIsHandedOverOnce()
