@@ -119,12 +119,23 @@ void measureEntries(const dic::Source& source, dic::Sidecar& sidecar,
         dic::ChunkedBody body(dic::PlainFile::open(path));
         file.read(head.chunkStart[chunk], head.chunkStart[chunk + 1] - head.chunkStart[chunk],
                   compressed);
-        inflater.inflateFrom(compressed, within, out); // warms what both use
-        pure.push_back(microseconds([&] { inflater.inflateFrom(compressed, within, out); }));
-        ours.push_back(microseconds([&] {
-            sidecar.find(dic::foldedKey(word));
-            body.read(row.offset, row.size, out);
-        }));
+        const auto inflateOnly = [&] {
+            pure.push_back(microseconds([&] { inflater.inflateFrom(compressed, within, out); }));
+        };
+        const auto readEntry = [&] {
+            ours.push_back(microseconds([&] {
+                sidecar.find(dic::foldedKey(word));
+                body.read(row.offset, row.size, out);
+            }));
+        };
+        // Whoever comes second finds warm caches: each does half of the time.
+        if (ours.size() % 2 == 0) {
+            inflateOnly();
+            readEntry();
+        } else {
+            readEntry();
+            inflateOnly();
+        }
     }
     std::printf("  one entry: %.0f us median, pure inflate %.0f us, ratio %.2f\n",
                 percentile(ours, 0.5), percentile(pure, 0.5),

@@ -90,6 +90,7 @@ int32_t ZEMBRA_DIC_GetDicList(void** dicList, const char* const* dirs, int32_t c
         return Failed;
     return guarded("GetDicList", [=] {
         std::vector<std::string> folders;
+        folders.reserve(static_cast<std::size_t>(count));
         for (int32_t i = 0; i < count; ++i)
             folders.emplace_back(dirs[i] ? dirs[i] : "");
         *dicList = new dic::DictionaryList(folders);
