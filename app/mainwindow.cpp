@@ -14,6 +14,7 @@
 #include "store/filemanager.h"
 #include "store/launcher.h"
 #include "widgets/announcer.h"
+#include "widgets/heldkeys.h"
 #include "widgets/messagedialog.h"
 #include "widgets/mysubmenu.h"
 
@@ -91,6 +92,7 @@ void MainWindow::setupUi()
     central->setObjectName(QStringLiteral("centralWidget"));
     setCentralWidget(central);
     setWindowTitle(QCoreApplication::translate("MainWindow", "MainWindow"));
+    QCoreApplication::instance()->installEventFilter(new HeldKeys(this));
     QMetaObject::connectSlotsByName(this);
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/myedit.h"
 
+#include "widgets/heldkeys.h"
 #include "widgets/hintline.h"
 #include "widgets/scanbusy.h"
 
@@ -22,19 +23,14 @@ Direction directionOf(int seekKey)
     return seekKey == Qt::Key_F7 ? Direction::Back : Direction::Forward;
 }
 
-// What repeats itself because such a key is held is no further press: it would begin the seek anew,
-// cut off the word that it came to, or switch reading on and off.
-bool actsOnce(int key)
-{
-    return isSeekKey(key) || key == Qt::Key_Return || key == Qt::Key_Escape;
-}
-
 } // namespace
 
 void MyEdit::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
-    if (event->isAutoRepeat() && actsOnce(key))
+    // A press that repeats itself would begin the seek anew, cut off the word that it came to, or
+    // switch reading on and off.
+    if (event->isAutoRepeat() && HeldKeys::actsOnce(key))
         return;
     emit signalKeyPress();
     stopSeek();

@@ -30,6 +30,7 @@ private slots:
     void yesDeletesFileAndEntry();
     void answersThatKeepTheFile_data();
     void answersThatKeepTheFile();
+    void heldKeyChoosesButDoesNotAnswer();
     void questionIsSpokenWithItsInstruction();
     void leftAndRightSpeakOnlyTheInstruction();
     void questionIsShownInItsOwnWords();
@@ -120,6 +121,25 @@ void TestDeleteFlow::answersThatKeepTheFile()
     QCOMPARE(f.menu(), list);
     QCOMPARE(list->getCurIndex(), 0);
     QTRY_VERIFY(f.lastHeard().startsWith(QStringLiteral("c  [Import]")));
+}
+
+// Yes is the first choice: a press of OK that lasts too long must not delete.
+void TestDeleteFlow::heldKeyChoosesButDoesNotAnswer()
+{
+    WindowFixture f(ThreeFiles);
+    QuestionWatcher questions;
+    bool stillAsking = false;
+    questions.act([&](YesnoSelect* dialog) {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(dialog, &repeated);
+        stillAsking = dialog->isVisible();
+        dialog->reject();
+    });
+    openList(f);
+    f.press(Qt::Key_Return);
+    QVERIFY(stillAsking);
+    QCOMPARE(f.entries().size(), 3);
+    QVERIFY(f.state.root.exists(placeOf(QStringLiteral("c"))));
 }
 
 void TestDeleteFlow::questionIsSpokenWithItsInstruction()
