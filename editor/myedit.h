@@ -28,9 +28,10 @@ class SandGlass;
  * into the scan-file store.
  *
  * Reading. A scan is read after the delay of the settings, when reading is switched on; of several
- * that wait the newest. OK reads from the word at the cursor to the end, from the beginning when
- * the cursor is at the end. The cursor goes along with the word that is heard and stays there. Any
- * key and any swipe end what is read or waits; OK that ends a reading does no more.
+ * that wait the newest, and none while the next is being swiped or recognised. OK reads from the
+ * word at the cursor to the end, from the beginning when the cursor is at the end. The cursor goes
+ * along with the word that is heard and stays there. Any key and any swipe end what is read, any
+ * key also what waits; OK that ends a reading does no more.
  *
  * Walking. Left and Right go word by word and speak the word; Up and Down go line by line,
  * silently: OK reads from there. F7 and F8 seek while held and speak the word that they come to. A

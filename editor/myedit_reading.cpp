@@ -13,6 +13,7 @@
 #include "store/languagemanager.h"
 #include "store/launcher.h"
 #include "widgets/hintline.h"
+#include "widgets/scanbusy.h"
 
 #include <QSettings>
 
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int LanguageWithoutSpeech = 3;
 constexpr int ReadingOn = 0; // value of the read control setting
+constexpr int LookAgainMs = 100;
 
 SpeechSettings currentSettings()
 {
@@ -35,6 +37,11 @@ SpeechSettings currentSettings()
 
 void MyEdit::readDelaySlot()
 {
+    // The line that is coming is the newest; when nothing comes of it, this one is.
+    if (m_recognising || scanEngineIsBusy()) {
+        m_readDelay.start(LookAgainMs);
+        return;
+    }
     ScannedText newest;
     {
         const QMutexLocker lock(&m_readQueueMutex);

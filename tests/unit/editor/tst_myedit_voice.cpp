@@ -1,5 +1,7 @@
 #include "engines/csoundthread.h"
 #include "tests/fakes/calls.h"
+#include "tests/fakes/fakeiap.h"
+#include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
 #include "tests/unit/editor/editorfixture.h"
 #include "widgets/hintline.h"
@@ -22,6 +24,9 @@ private slots:
     void scanIsNotReadWhileAnotherScreenIsShown();
     void okBeforeTheDelayEndsReadsOnce();
     void newScanStartsTheDelayAnew();
+    void readingWaitsForTheEndOfASwipe();
+    void readingWaitsForARecognition();
+    void lineBeforeAnUnreadableOneIsRead();
     void emptyRecognitionIsTold();
     void hintWaitsForTheEndOfAReading();
     void readingBringsItsVoiceSpeedAndVolume();
@@ -39,6 +44,7 @@ private slots:
 
 private:
     QString lastSpoken() const;
+    QTimer* delay() const { return m_edit->findChild<QTimer*>(QStringLiteral("readDelay")); }
 };
 
 QString TestMyEditVoice::lastSpoken() const
@@ -149,6 +155,55 @@ void TestMyEditVoice::newScanStartsTheDelayAnew()
     QCOMPARE(running, 1);
     m_edit->readDelaySlot();
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"second"}));
+}
+
+// The pen does not begin to talk while it is on the paper.
+void TestMyEditVoice::readingWaitsForTheEndOfASwipe()
+{
+    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
+    open(QString());
+    swipe(u"waits");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("waits "));
+    QVERIFY(FakeIap::press());
+    m_edit->readDelaySlot(); // what the delay's end does
+    QVERIFY(!m_edit->soundThread()->isRunning());
+    QVERIFY(delay()->isActive());
+    FakeIap::liftWithoutLine();
+    QVERIFY(FakeIap::waitUntilIdle());
+    m_edit->readDelaySlot();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"waits"}));
+}
+
+void TestMyEditVoice::readingWaitsForARecognition()
+{
+    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
+    open(QString());
+    swipe(u"first");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
+    FakeOcr::hold();
+    swipe(u"second");
+    QCoreApplication::processEvents(); // Recognize() is called
+    QVERIFY(FakeOcr::waitUntilRecognizing());
+    m_edit->readDelaySlot(); // what the end of the first one's delay does
+    QVERIFY(!m_edit->soundThread()->isRunning());
+    FakeOcr::release();
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first second "));
+    QCOMPARE(delay()->interval(), 3000);
+    m_edit->readDelaySlot();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"second"}));
+}
+
+void TestMyEditVoice::lineBeforeAnUnreadableOneIsRead()
+{
+    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
+    open(QString());
+    swipe(u"first");
+    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
+    swipe(u"");
+    QTRY_VERIFY(m_edit->recognitionFailed());
+    QVERIFY(delay()->isActive());
+    m_edit->readDelaySlot();
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"first"}));
 }
 
 void TestMyEditVoice::emptyRecognitionIsTold()
