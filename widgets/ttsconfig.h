@@ -16,10 +16,12 @@ class SpinItems;
  * Keys:
  *   Up, Down     another row, no wrap-around; signalUp(), signalDown() whether it moved or not
  *   Left, Right  another value; the row's triggered(), then signalUp()
- *   Enter        a row that is not a left/right-click row: as Left, without signalUp(). Else, and
- * on a page without rows, leaves the page Escape       leaves the page; the top page ends the
- * application All other keys go on to the parent. While a swipe is in progress all keys are
- * swallowed, as in menus.
+ *   Enter        a row that is not a left/right-click row: as Left, without signalUp(); any other
+ *                row, and a page without rows: leaves the page
+ *   Escape       leaves the page; the top page ends the application
+ *
+ * All other keys go on to the parent. While a swipe is in progress all keys are swallowed, as in
+ * menus.
  *
  * Interface thread only. A slot of the page's or its rows' signals may delete the page.
  */

@@ -5,6 +5,7 @@
 #include "tests/fakes/faketts.h"
 #include "tests/unit/editor/editorfixture.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
@@ -464,6 +465,11 @@ void TestMyEdit::stopOnlyLeavesTheFileAlone()
 void TestMyEdit::autoSaveTimerSaves()
 {
     open(QStringLiteral("one "));
+    int period = 0;
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(m_edit.get());
+    for (const QAbstractEventDispatcher::TimerInfo& timer : timers)
+        period = timer.timerId == m_edit->autoSaveTimer() ? timer.interval : period;
+    QCOMPARE(period, 300'000);
     m_edit->appendText(QStringLiteral("two"));
     QTimerEvent foreign(m_edit->autoSaveTimer() + 1000);
     QCoreApplication::sendEvent(m_edit.get(), &foreign);

@@ -21,6 +21,7 @@ private slots:
     void delayComesBeforeReading();
     void okReadsFromTheWordAtTheCursorAndStops();
     void readAgainReadsTheLastText();
+    void foldedTextIsHandedBackAndStillMarked();
 };
 
 void TestMyEditReading::spokenWordIsMarked_data()
@@ -149,6 +150,27 @@ void TestMyEditReading::readAgainReadsTheLastText()
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
     m_edit->soundAgain();
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"again", u"again"}));
+}
+
+// What a Chinese voice is given differs from what is on the screen.
+void TestMyEditReading::foldedTextIsHandedBackAndStillMarked()
+{
+    m_state->root.write(QStringLiteral("/apps/config/scanlanguage.cfg"), "x\t1\tx\t1\t1\t1\t1\n");
+    open(QStringLiteral("it's\uff0cok"));
+    QString text = m_edit->documentText();
+    m_edit->Sound(text);
+    QCOMPARE(text, QStringLiteral("it\"s,ok"));
+    QCOMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"it\"s,ok"}));
+
+    FakeTts::setPace(FakeTts::Pace::Held);
+    m_edit->gotoBeginEdit();
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QVERIFY(FakeTts::speakWord());
+    QTRY_COMPARE(m_edit->extraSelections().size(), 1);
+    QCOMPARE(m_edit->getStartPosition(), 0);
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
 }
 
 QTEST_MAIN(TestMyEditReading)

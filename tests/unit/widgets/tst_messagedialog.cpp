@@ -2,6 +2,7 @@
 #include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QLabel>
 #include <QMovie>
@@ -18,6 +19,7 @@ class TestMessageDialog : public QObject
 private slots:
     void fillsTheScreenAsAWindow();
     void endsByItselfWithOne();
+    void timerRunsForTheTimeGiven();
     void aShortTimeReallyRunsOut();
     void enterEndsWithOne();
     void escapeEndsWithZero();
@@ -72,6 +74,16 @@ void TestMessageDialog::endsByItselfWithOne()
     MessageDialog dialog(nullptr, QStringLiteral("Text"), 2000);
     QCOMPARE(run(dialog, [&dialog] { sendTimer(dialog, dialog.timerId()); }), 1);
     QVERIFY(!dialog.isVisible());
+}
+
+void TestMessageDialog::timerRunsForTheTimeGiven()
+{
+    MessageDialog dialog(nullptr, QStringLiteral("Text"), 2000);
+    dialog.show();
+    const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(&dialog);
+    QCOMPARE(timers.size(), 1);
+    QCOMPARE(timers.first().timerId, dialog.timerId());
+    QCOMPARE(timers.first().interval, 2000);
 }
 
 void TestMessageDialog::aShortTimeReallyRunsOut()
