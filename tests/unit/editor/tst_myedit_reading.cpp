@@ -5,6 +5,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <atomic>
 
 /* The editor reading aloud. */
 class TestMyEditReading : public EditorFixture
@@ -22,6 +23,7 @@ private slots:
     void okReadsFromTheWordAtTheCursorAndStops();
     void readAgainReadsTheLastText();
     void foldedTextIsHandedBackAndStillMarked();
+    void stopDuringPreparationSilencesThatReadingOnly();
 };
 
 void TestMyEditReading::spokenWordIsMarked_data()
@@ -171,6 +173,30 @@ void TestMyEditReading::foldedTextIsHandedBackAndStillMarked()
     QCOMPARE(m_edit->getStartPosition(), 0);
     QVERIFY(FakeTts::finish());
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+}
+
+// The text is prepared and not yet with the engine, which knows of no stop then.
+void TestMyEditReading::stopDuringPreparationSilencesThatReadingOnly()
+{
+    open(QStringLiteral("one two"));
+    m_edit->gotoBeginEdit();
+    std::atomic<int> prepared = 0;
+    const auto stopping = connect(
+        m_edit.get(), &MyEdit::readingPrepared, m_edit.get(),
+        [&prepared] {
+            ++prepared;
+            TTSPlayer::Instance()->stop();
+        },
+        Qt::DirectConnection);
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QTRY_COMPARE(prepared, 1);
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    QVERIFY(FakeTts::texts().empty());
+
+    disconnect(stopping);
+    QCoreApplication::processEvents(); // the end is heard
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"one two"}));
 }
 
 QTEST_MAIN(TestMyEditReading)
