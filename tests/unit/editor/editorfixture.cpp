@@ -33,6 +33,7 @@ void EditorFixture::init()
 
 void EditorFixture::cleanup()
 {
+    FakeOcr::release(); // the editor waits for a recognition that a failed test left held
     m_edit.reset();
     m_previous.reset();
     m_launcher.reset();
