@@ -89,10 +89,9 @@ public:
     int removeAt(int displayIndex);
 
     /* The text of a file, the newest one when it still waits for its card; empty when it cannot be
-     * read. Sets getReturnSize(), except when there is
-     * no such file. A file far over what the editor takes, or one that breaks off while it is
-     * read, gives an empty text and a size over the editor's limit, so that nobody takes it for an
-     * empty file. */
+     * read. Sets getReturnSize(), except when there is no such file. A file far over what the
+     * editor takes, or one that breaks off while it is read, gives an empty text and a size over
+     * the editor's limit, so that nobody takes it for an empty file. */
     QString readFile(const FileInfo& info);
 
     /* Bytes that the text last read takes in a saved file, without the byte-order mark. */

@@ -19,8 +19,6 @@
 namespace {
 
 constexpr unsigned SettleMicroseconds = 50000;
-// Four times what the editor takes: above it no encoding makes the text small enough.
-constexpr qint64 MaxReadBytes = 4 * 65536;
 
 // For a terminal: a name may hold anything.
 QByteArray printable(QString text)
@@ -29,11 +27,6 @@ QByteArray printable(QString text)
         if (c.category() == QChar::Other_Control)
             c = u'?';
     return text.toUtf8();
-}
-
-QByteArray savedForm(const QString& text)
-{
-    return scantext::encode(scantext::withCarriageReturns(text));
 }
 
 } // namespace
@@ -70,7 +63,7 @@ QString FileManager::readFile(const FileInfo& info)
     }
     QByteArray bytes;
     qint64 fileSize = 0;
-    switch (plainfile::read(devicePath(path), MaxReadBytes, bytes, &fileSize)) {
+    switch (plainfile::read(devicePath(path), scantext::MaxFileBytes, bytes, &fileSize)) {
     case plainfile::Result::Missing:
         m_journal.noteRead(path, std::nullopt);
         return {};
@@ -78,7 +71,7 @@ QString FileManager::readFile(const FileInfo& info)
         m_readSize = static_cast<int>(std::min<qint64>(fileSize, std::numeric_limits<int>::max()));
         return {};
     case plainfile::Result::Failed:
-        m_readSize = MaxReadBytes;
+        m_readSize = scantext::MaxFileBytes;
         return {};
     case plainfile::Result::Done:
         break;
@@ -147,7 +140,8 @@ QString FileManager::saveFile(const FileInfo& info, const QString& text)
     if (!isListed(info.id))
         return {};
     const QString path = scannames::devicePlace(info);
-    if (path.isEmpty() || m_journal.write(path, savedForm(text)) != StoreJournal::Result::Done) {
+    if (path.isEmpty()
+        || m_journal.write(path, scantext::encodeSaved(text)) != StoreJournal::Result::Done) {
         showDamaged();
         return {};
     }
@@ -164,7 +158,8 @@ QString FileManager::saveFile(const FileInfo& info, const QString& text)
 bool FileManager::isKept(const FileInfo& info, const QString& text)
 {
     const QString path = scannames::devicePlace(info);
-    return !path.isEmpty() && m_journal.waitingText(path) == scantext::decode(savedForm(text));
+    return !path.isEmpty()
+           && m_journal.waitingText(path) == scantext::decode(scantext::encodeSaved(text));
 }
 
 bool FileManager::noteScan(const FileInfo& info, int position, const QString& inserted, int length)

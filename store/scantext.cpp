@@ -30,6 +30,11 @@ QString withCarriageReturns(const QString& text)
     return converted.replace(u'\n', QStringLiteral("\r\n"));
 }
 
+QByteArray encodeSaved(const QString& text)
+{
+    return encode(withCarriageReturns(text));
+}
+
 QString decode(const QByteArray& bytes)
 {
     QString text = localetext::decodeMarked(bytes).value_or(QString());

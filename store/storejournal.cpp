@@ -9,27 +9,10 @@
 using journalformat::Kind;
 using journalformat::Print;
 using journalformat::printOf;
+using ReadResult = plainfile::Result;
 using Written = FileWriter::Result;
 
 namespace {
-
-// Longer files are no texts of ours; they are renamed without their content in the journal.
-constexpr qint64 MaxTextBytes = 4 * 65536;
-
-bool readFile(const QString& path, QByteArray& content)
-{
-    return plainfile::read(devicePath(path), MaxTextBytes, content) == plainfile::Result::Done;
-}
-
-bool isMissing(const QString& path)
-{
-    return !plainfile::isAnything(devicePath(path));
-}
-
-bool isScanFile(const QString& path)
-{
-    return path.endsWith(QStringLiteral(".txt"));
-}
 
 StoreJournal::Result resultOf(Written written)
 {
@@ -59,6 +42,21 @@ Written renameByCopy(const QString& from, const QString& to, const QByteArray& c
 }
 
 } // namespace
+
+plainfile::Result StoreJournal::readFile(const QString& path, QByteArray& content)
+{
+    return plainfile::read(devicePath(path), scantext::MaxFileBytes, content);
+}
+
+bool StoreJournal::isMissing(const QString& path)
+{
+    return !plainfile::isAnything(devicePath(path));
+}
+
+bool StoreJournal::isScanFile(const QString& path)
+{
+    return path.endsWith(QStringLiteral(".txt"));
+}
 
 QVector<quint64> StoreJournal::numbersOf(const QString& path)
 {
@@ -91,7 +89,8 @@ std::optional<Print> StoreJournal::lastSeen(const QString& path)
     if (const auto seen = m_seen.constFind(path); seen != m_seen.constEnd())
         return *seen;
     QByteArray content;
-    return readFile(path, content) ? std::optional(printOf(content)) : std::nullopt;
+    return readFile(path, content) == ReadResult::Done ? std::optional(printOf(content))
+                                                       : std::nullopt;
 }
 
 // Whether a text stands in a file now that was not there when the file was opened: a card that has
@@ -105,7 +104,7 @@ bool StoreJournal::changedUnseen(const QString& path) const
 bool StoreJournal::isUntouched(const Record& record) const
 {
     QByteArray content;
-    return readFile(record.path, content) && record.before == printOf(content);
+    return readFile(record.path, content) == ReadResult::Done && record.before == printOf(content);
 }
 
 StoreJournal::Result StoreJournal::write(const QString& path, const QByteArray& content)
@@ -206,7 +205,8 @@ StoreJournal::Result StoreJournal::rename(const QString& from, const QString& to
     record.kind = Kind::Rename;
     record.path = from;
     record.target = to;
-    const bool isText = readFile(from, record.content);
+    // A longer file is no text of ours: it is renamed without its content in the journal.
+    const bool isText = readFile(from, record.content) == ReadResult::Done;
     const quint64 number = isText ? m_journal.commit(record) : 0;
     if (number == 0)
         return resultOf(FileWriter().rename(devicePath(from), devicePath(to)));
@@ -240,7 +240,8 @@ std::optional<QString> StoreJournal::waitingText(const QString& path)
         else if (record.kind == Kind::Scan) {
             QByteArray content;
             if (!text)
-                text = readFile(path, content) ? scantext::decode(content) : QString();
+                text = readFile(path, content) == ReadResult::Done ? scantext::decode(content)
+                                                                   : QString();
             text = journalformat::withScan(*text, record);
         }
     }

@@ -2,6 +2,7 @@
 #define STOREJOURNAL_H
 
 #include "store/journalfile.h"
+#include "store/plainfile.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -66,6 +67,10 @@ public:
 
 private:
     using Record = journalformat::Record;
+
+    static plainfile::Result readFile(const QString& path, QByteArray& content);
+    static bool isMissing(const QString& path);
+    static bool isScanFile(const QString& path);
 
     QVector<quint64> numbersOf(const QString& path);
     const Record* waitingWrite(const QString& path);

@@ -19,27 +19,9 @@ using Written = FileWriter::Result;
 
 namespace {
 
-constexpr qint64 MaxSavedBytes = 65536;            // of a text that the editor opens
-constexpr qint64 MaxFileBytes = 4 * MaxSavedBytes; // of a file that is read at all
-
-plainfile::Result readFile(const QString& path, QByteArray& content)
-{
-    return plainfile::read(devicePath(path), MaxFileBytes, content);
-}
-
-bool isMissing(const QString& path)
-{
-    return !plainfile::isAnything(devicePath(path));
-}
-
 bool overwriteFile(const QString& path, const QByteArray& content)
 {
     return FileWriter().overwrite(devicePath(path), content) == Written::Done;
-}
-
-QByteArray savedForm(const QString& text)
-{
-    return scantext::encode(scantext::withCarriageReturns(text));
 }
 
 } // namespace
@@ -119,8 +101,7 @@ bool StoreJournal::redo(const Record& record, QStringList& written)
 bool StoreJournal::redoWrite(const Record& record)
 {
     QByteArray content;
-    const bool isText = record.path.endsWith(QStringLiteral(".txt"));
-    if (isText && record.untouched && !isMissing(record.path)) {
+    if (isScanFile(record.path) && record.untouched && !isMissing(record.path)) {
         const plainfile::Result read = readFile(record.path, content);
         if (read == plainfile::Result::Failed)
             return false;
@@ -157,10 +138,10 @@ bool StoreJournal::redoScans(const QString& path)
         scans += record.text;
         numbers.append(record.number);
     }
-    if (scantext::savedSize(text) <= MaxSavedBytes)
-        return write(path, savedForm(text)) == Result::Done;
+    if (scantext::savedSize(text) <= scantext::MaxSavedBytes)
+        return write(path, scantext::encodeSaved(text)) == Result::Done;
     // Together they could not be opened any more.
-    if (!writeBeside(path, savedForm(scans)))
+    if (!writeBeside(path, scantext::encodeSaved(scans)))
         return false;
     m_journal.forget(numbers, false);
     return true;
