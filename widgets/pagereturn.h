@@ -7,9 +7,9 @@
 #include <utility>
 
 /*
- * Where a settings page leads when it is left: to the previous widget, or, when it was opened by a
- * quick-set shortcut and left with Enter, to the previous quick widget. A page that has nowhere to
- * go is the top one: leaving it ends the application.
+ * What a settings page is besides a widget: it leads somewhere when it is left, to the previous
+ * widget, or, when it was opened by a quick-set shortcut and left with Enter, to the previous quick
+ * widget. A page that has nowhere to go is the top one: leaving it ends the application.
  *
  * Interface thread only. None of the widgets is owned; one that is deleted counts as not set.
  */
@@ -17,26 +17,30 @@ class PageReturn
 {
 public:
     void setPrevWidget(QWidget* widget) { m_prev = widget; }
-    QWidget* prevWidget() const { return m_prev; }
+    QWidget* getPrevWidget() const { return m_prev; }
 
     /* Without one the previous widget serves, too. */
     void setPrevQuickWidget(QWidget* widget) { m_prevQuick = widget; }
 
+    /* The page was opened by a quick-set shortcut; cleared when it is left with Enter. */
     void setQuickFlag(bool on) { m_quick = on; }
 
-    /* The widget last returned to, null before. */
-    QWidget* returnedTo() const { return m_returnedTo; }
+    /* The widget that the page last returned to, null before. */
+    QWidget* getMessWidget() const { return m_returnedTo; }
 
-    /* Escape: goes back from `page`, then emits escPressed(). */
+protected:
+    PageReturn() = default;
+    ~PageReturn() = default;
+
+    /* Escape: goes back from `page`, this object, then emits escPressed(). */
     template <class Page> void escape(Page* page)
     {
         if (goBack(page, false))
             emit page->escPressed();
     }
 
-    /* Enter: goes back from `page`, then emits okPressed() and okPressedForQuick() when it was
-     * opened by quick set, and escPressed(). The quick flag counts once. The slots may delete the
-     * page. */
+    /* Enter: goes back from `page`, this object, then emits okPressed() and okPressedForQuick()
+     * when it was opened by quick set, and escPressed(). The slots may delete the page. */
     template <class Page> void accept(Page* page)
     {
         const QPointer<Page> alive(page);

@@ -13,31 +13,6 @@ SpinVolump::SpinVolump(QWidget* parent)
 {
 }
 
-void SpinVolump::setPrevWidget(QWidget* widget)
-{
-    m_return.setPrevWidget(widget);
-}
-
-QWidget* SpinVolump::getPrevWidget() const
-{
-    return m_return.prevWidget();
-}
-
-void SpinVolump::setPrevQuickWidget(QWidget* widget)
-{
-    m_return.setPrevQuickWidget(widget);
-}
-
-void SpinVolump::setQuickFlag(bool on)
-{
-    m_return.setQuickFlag(on);
-}
-
-QWidget* SpinVolump::getMessWidget() const
-{
-    return m_return.returnedTo();
-}
-
 bool SpinVolump::focusNextPrevChild(bool)
 {
     return false;
@@ -55,10 +30,10 @@ void SpinVolump::keyPressEvent(QKeyEvent* event)
         step(&SpinItems::moveNext);
         break;
     case Qt::Key_Return:
-        m_return.accept(this);
+        accept(this);
         break;
     case Qt::Key_Escape:
-        m_return.escape(this);
+        escape(this);
         break;
     default:
         event->ignore();

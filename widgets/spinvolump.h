@@ -15,19 +15,12 @@
  *
  * A slot of its signals may delete it.
  */
-class SpinVolump : public BarSpin
+class SpinVolump : public BarSpin, public PageReturn
 {
     Q_OBJECT
 
 public:
     explicit SpinVolump(QWidget* parent = nullptr);
-
-    /* Where the page leads; see TTSConfig. */
-    void setPrevWidget(QWidget* widget);
-    QWidget* getPrevWidget() const;
-    void setPrevQuickWidget(QWidget* widget);
-    void setQuickFlag(bool on);
-    QWidget* getMessWidget() const;
 
 signals:
     /* As those of a TTSConfig with this row alone; the index is always 0. */
@@ -44,8 +37,6 @@ protected:
 
 private:
     void step(void (SpinItems::*change)());
-
-    PageReturn m_return;
 };
 
 #endif

@@ -87,31 +87,6 @@ int TTSConfig::getCurIndex() const
     return m_index;
 }
 
-void TTSConfig::setPrevWidget(QWidget* widget)
-{
-    m_return.setPrevWidget(widget);
-}
-
-QWidget* TTSConfig::getPrevWidget() const
-{
-    return m_return.prevWidget();
-}
-
-void TTSConfig::setPrevQuickWidget(QWidget* widget)
-{
-    m_return.setPrevQuickWidget(widget);
-}
-
-void TTSConfig::setQuickFlag(bool on)
-{
-    m_return.setQuickFlag(on);
-}
-
-QWidget* TTSConfig::getMessWidget() const
-{
-    return m_return.returnedTo();
-}
-
 bool TTSConfig::focusNextPrevChild(bool)
 {
     return false;
@@ -138,7 +113,7 @@ void TTSConfig::keyPressEvent(QKeyEvent* event)
         enter();
         break;
     case Qt::Key_Escape:
-        m_return.escape(this);
+        escape(this);
         break;
     default:
         event->ignore();
@@ -175,7 +150,7 @@ void TTSConfig::enter()
 {
     SpinItems* row = currentRow();
     if (!row || row->isLeftRightClick()) {
-        m_return.accept(this);
+        accept(this);
         return;
     }
     row->movePrev();

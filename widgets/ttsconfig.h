@@ -25,7 +25,7 @@ class SpinItems;
  *
  * Interface thread only. A slot of the page's or its rows' signals may delete the page.
  */
-class TTSConfig : public QWidget
+class TTSConfig : public QWidget, public PageReturn
 {
     Q_OBJECT
 
@@ -48,17 +48,6 @@ public:
     /* Makes a row current; false, and nothing changes, outside 0 to the last index. */
     bool setCurIndex(int index);
     int getCurIndex() const;
-
-    /* Where the page leads; none of the widgets is owned. See PageReturn. */
-    void setPrevWidget(QWidget* widget);
-    QWidget* getPrevWidget() const;
-    void setPrevQuickWidget(QWidget* widget);
-
-    /* The page was opened by a quick-set shortcut; cleared when it is left with Enter. */
-    void setQuickFlag(bool on);
-
-    /* The widget that the page last returned to, null before. */
-    QWidget* getMessWidget() const;
 
 signals:
     /* The page is shown, Up or Down was pressed: the current row, and its label followed by its
@@ -97,7 +86,6 @@ private:
 
     QList<SpinItems*> m_rows; // owned as children
     int m_index = 0;
-    PageReturn m_return;
 };
 
 #endif
