@@ -15,8 +15,8 @@
 #include "store/launcher.h"
 #include "widgets/announcer.h"
 #include "widgets/heldkeys.h"
-#include "widgets/messagedialog.h"
 #include "widgets/mysubmenu.h"
+#include "widgets/painting.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -25,7 +25,6 @@
 
 namespace {
 
-const QSize ScreenSize(256, 64);
 const QString ContinueItemName = QStringLiteral("continueItem");
 
 } // namespace
@@ -49,7 +48,6 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_menuSpeech = std::make_unique<CTTSThread>();
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
-    MessageDialog::setVoice([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
     announcer::setSpeaker([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
 }
 
@@ -57,7 +55,6 @@ MainWindow::~MainWindow()
 {
     CharScanner::forget(this);
     ZEMBRA_IAP_Uninitialize(); // the list of files scans, too
-    MessageDialog::setVoice(nullptr);
     announcer::setSpeaker(nullptr);
     // The workers and the screens use the singletons: they go first.
     TTSPlayer::Instance()->stop();
@@ -87,7 +84,7 @@ void MainWindow::setupUi()
 {
     if (objectName().isEmpty())
         setObjectName(QStringLiteral("MainWindow"));
-    setFixedSize(ScreenSize);
+    setFixedSize(painting::ScreenWidth, painting::ScreenHeight);
     auto* central = new QWidget(this);
     central->setObjectName(QStringLiteral("centralWidget"));
     setCentralWidget(central);
@@ -113,7 +110,7 @@ void MainWindow::ScanWindow()
 MySubMenu* MainWindow::newScanMenu(const QString& fileName)
 {
     auto* menu = new MySubMenu(tr("Scan to file"), this);
-    menu->setGeometry(QRect(QPoint(0, 0), ScreenSize));
+    menu->setGeometry(rect());
     const auto add = [&](const QString& text, void (MainWindow::*slot)()) {
         connect(menu->addAction(text), &QAction::triggered, this, slot);
     };

@@ -225,6 +225,7 @@ private:
     /* Creates the busy indicator and runs `work` once it is painted; does nothing while there is
      * one already. */
     void startBusy(void (MainWindow::*work)());
+    void showSandGlass();
     void endBusy();
     void showNewEdit();
     void showContinueEdit();

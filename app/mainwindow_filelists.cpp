@@ -30,7 +30,7 @@ void MainWindow::showFileMenu(FileMenuUse use)
     const bool opens = use == FileMenuUse::Open;
     m_fileMenuUse = use;
     m_fileMenu = new MySubMenu(opens ? tr("Open file") : tr("Delete file"), this);
-    m_fileMenu->setGeometry(0, 0, width(), height());
+    m_fileMenu->setGeometry(rect());
     connectMenu(m_fileMenu);
     connect(m_fileMenu, &MySubMenu::escPressed, this,
             opens ? &MainWindow::escFromfilemenuSlot : &MainWindow::releaseFileMenu);

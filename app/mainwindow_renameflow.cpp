@@ -93,7 +93,7 @@ void MainWindow::ensureRenameEdit()
     if (m_renameEdit)
         return;
     m_renameEdit = new MyEdit(this);
-    m_renameEdit->setGeometry(0, 0, width(), height());
+    m_renameEdit->setGeometry(rect());
     m_renameEdit->hide();
     m_renameEdit->installEventFilter(this);
     connect(m_renameEdit, &MyEdit::signalConfirmRename, this, &MainWindow::renameSlot);

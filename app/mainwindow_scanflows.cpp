@@ -22,7 +22,6 @@
 namespace {
 
 constexpr int PaintFirstMs = 1;
-const QRect ScreenPlace(0, 0, 256, 64);
 
 } // namespace
 
@@ -40,10 +39,7 @@ void MainWindow::startBusy(void (MainWindow::*work)())
 {
     if (m_sandGlass)
         return;
-    m_sandGlass = new SandGlass(this);
-    m_sandGlass->setGeometry(SandGlass::Place);
-    m_sandGlass->show();
-    m_sandGlass->raise();
+    showSandGlass();
     QTimer::singleShot(PaintFirstMs, this, [this, work] {
         // The card may have gone to a PC meanwhile.
         if (isFrozen())
@@ -51,6 +47,16 @@ void MainWindow::startBusy(void (MainWindow::*work)())
         else
             (this->*work)();
     });
+}
+
+void MainWindow::showSandGlass()
+{
+    if (!m_sandGlass) {
+        m_sandGlass = new SandGlass(this);
+        m_sandGlass->setGeometry(SandGlass::Place);
+        m_sandGlass->show();
+    }
+    m_sandGlass->raise();
 }
 
 void MainWindow::endBusy()
@@ -125,7 +131,7 @@ void MainWindow::ensureEditor()
 {
     if (!m_editor) {
         m_editor = new MyEdit(this);
-        m_editor->setGeometry(ScreenPlace);
+        m_editor->setGeometry(rect());
         m_editor->hide();
         m_editor->installEventFilter(this);
         connect(m_editor, &MyEdit::signalEsc, this, &MainWindow::editEsc);

@@ -15,13 +15,10 @@
 #include "store/configreader.h"
 #include "store/languagemanager.h"
 #include "widgets/mysubmenu.h"
-#include "widgets/sandglass.h"
 
 #include <QAction>
 
 namespace {
-
-const QRect ScreenPlace(0, 0, 256, 64);
 
 // Places in the lists are those of settingsvalues.
 QStringList delayTexts()
@@ -63,7 +60,7 @@ void MainWindow::openMenu(MySubMenu* menu)
 
 void MainWindow::openFlowScreen(QWidget* screen)
 {
-    screen->setGeometry(ScreenPlace);
+    screen->setGeometry(rect());
     m_flowScreens.append(screen);
     WidgetChange::Instance()->Go2NewWidget(screen);
 }
@@ -149,12 +146,7 @@ void MainWindow::scanLanChange(int index, const QString& text)
         || index == placeOfLanguage(languages, scanLanguageRow()))
         return;
     m_wantedLanguage = languages.at(index).index;
-    if (!m_sandGlass) {
-        m_sandGlass = new SandGlass(this);
-        m_sandGlass->setGeometry(SandGlass::Place);
-        m_sandGlass->show();
-    }
-    m_sandGlass->raise();
+    showSandGlass();
     if (!m_settingsThread->isRunning())
         applyScanLanguage();
 }

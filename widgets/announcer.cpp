@@ -1,43 +1,24 @@
 #include "widgets/announcer.h"
 
-#include <QStringList>
 #include <utility>
 
 namespace {
 
-struct State
+announcer::Speaker& currentSpeaker()
 {
-    announcer::Speaker speaker;
-    QStringList unspoken;
-};
-
-State& state()
-{
-    static State theState;
-    return theState;
+    static announcer::Speaker speaker;
+    return speaker;
 }
 
 } // namespace
 
 void announcer::setSpeaker(Speaker speaker)
 {
-    state().speaker = std::move(speaker);
-    if (!state().speaker)
-        return;
-    const QStringList texts = std::exchange(state().unspoken, QStringList());
-    for (const QString& text : texts)
-        announce(text);
+    currentSpeaker() = std::move(speaker);
 }
 
 void announcer::announce(const QString& text)
 {
-    if (state().speaker)
-        state().speaker(text);
-    else
-        state().unspoken.append(text);
-}
-
-void announcer::forget()
-{
-    state().unspoken.clear();
+    if (currentSpeaker())
+        currentSpeaker()(text);
 }

@@ -14,15 +14,11 @@ namespace announcer {
 
 using Speaker = std::function<void(const QString& text)>;
 
-/* Who speaks from now on; an empty one for nobody. A speaker first gets what was announced while
- * there was none, in order: messages of start-up come before the main window. */
+/* Who speaks from now on; an empty one for nobody. */
 void setSpeaker(Speaker speaker);
 
-/* Has a text spoken. */
+/* Has a text spoken; without a speaker nothing happens. */
 void announce(const QString& text);
-
-/* Forgets what was announced while there was no speaker. */
-void forget();
 
 } // namespace announcer
 

@@ -1,21 +1,12 @@
 #include "widgets/messagedialog.h"
 
+#include "widgets/announcer.h"
 #include "widgets/painting.h"
 
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTimerEvent>
 #include <utility>
-
-namespace {
-
-MessageDialog::Voice& voiceOfStores()
-{
-    static MessageDialog::Voice voice;
-    return voice;
-}
-
-} // namespace
 
 // A dialog with a parent needs Qt::Dialog besides the frameless hint: with the hint alone it
 // would be a child widget, and no key would reach it.
@@ -27,11 +18,6 @@ MessageDialog::MessageDialog(QWidget* parent, QString text, int milliseconds)
     setObjectName(QStringLiteral("MessageDialog"));
     setFixedSize(painting::ScreenWidth, painting::ScreenHeight);
     move(0, 0);
-}
-
-void MessageDialog::setVoice(Voice voice)
-{
-    voiceOfStores() = std::move(voice);
 }
 
 QString MessageDialog::text() const
@@ -49,8 +35,8 @@ void MessageDialog::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     stopTimer();
     m_timerId = startTimer(m_milliseconds);
-    if (!parentWidget() && voiceOfStores())
-        voiceOfStores()(m_text);
+    if (!parentWidget())
+        announcer::announce(m_text);
 }
 
 void MessageDialog::hideEvent(QHideEvent* event)

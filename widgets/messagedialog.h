@@ -2,14 +2,13 @@
 #define MESSAGEDIALOG_H
 
 #include <QDialog>
-#include <functional>
 
 /*
  * A message that fills the screen and closes itself after a time or on a key. Run it with exec():
  * the result is 1 when the time ran out or Enter was pressed, 0 on Escape.
  *
- * Interface thread only. What shows a message also speaks it; but a store or the start-up, which
- * have no parent for it, cannot: their messages are handed to the voice that was set.
+ * Interface thread only. A screen that shows a message also speaks it; but a store or the start-up,
+ * which have no parent for it, cannot: their messages are spoken through the announcer.
  */
 class MessageDialog : public QDialog
 {
@@ -22,10 +21,6 @@ public:
     /* `text` is plain and shown in up to four lines. `milliseconds` run from the moment the
      * dialog is shown, each time anew; a negative number counts as 0. */
     MessageDialog(QWidget* parent, QString text, int milliseconds = UsualMilliseconds);
-
-    /* What speaks the messages that have no parent, as they are shown; null for nothing. */
-    using Voice = std::function<void(const QString& text)>;
-    static void setVoice(Voice voice);
 
     /* The text shown. */
     QString text() const;

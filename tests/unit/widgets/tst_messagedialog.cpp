@@ -1,4 +1,5 @@
 #include "tests/fakes/testroot.h"
+#include "widgets/announcer.h"
 #include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
@@ -157,14 +158,14 @@ void TestMessageDialog::keysReachADialogWithAParent()
 void TestMessageDialog::onlyMessagesWithoutParentAreSpoken()
 {
     QStringList spoken;
-    MessageDialog::setVoice([&spoken](const QString& text) { spoken.append(text); });
+    announcer::setSpeaker([&spoken](const QString& text) { spoken.append(text); });
     QWidget parent;
     MessageDialog ofAScreen(&parent, QStringLiteral("of a screen"));
     MessageDialog ofAStore(nullptr, QStringLiteral("of a store"));
     ofAScreen.show();
     ofAStore.show();
     QCOMPARE(spoken, QStringList{"of a store"});
-    MessageDialog::setVoice(nullptr);
+    announcer::setSpeaker(nullptr);
     MessageDialog(nullptr, QStringLiteral("unheard")).show();
     QCOMPARE(spoken.size(), 1);
 }

@@ -56,7 +56,6 @@ struct Fixture : PageFixture<QWidget>
 void TestMessageWidget::cleanup()
 {
     announcer::setSpeaker(nullptr);
-    announcer::forget();
 }
 
 void TestMessageWidget::labelCoversTheScreen()
