@@ -1,51 +1,37 @@
 #include "tests/flows/scenarios/scenarioplayer.h"
 
 #include "desk/scriptwords.h"
-#include "store/filemanager.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
 
 #include <QDir>
-#include <QSettings>
-
-using scriptwords::quoted;
 
 namespace {
 
 const QString Card = QStringLiteral("/mnt/mmc");
 const QString CardInAPc = QStringLiteral("/mnt/taken-out");
 
-QString scanPath(const QString& name)
+} // namespace
+
+QString ScenarioPlayer::scanPath(const QString& name)
 {
     return QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name);
 }
 
-QString toldAs(const Utterance& utterance)
+QString ScenarioPlayer::toldAs(const Utterance& utterance)
 {
     return QStringLiteral("spoken %1 lang %2 speed %3 volume %4")
-        .arg(quoted(utterance.text))
+        .arg(scriptwords::quoted(utterance.text))
         .arg(utterance.language)
         .arg(utterance.speed)
         .arg(utterance.volume);
 }
 
-QString toldAs(const QString& message)
+QString ScenarioPlayer::toldAs(const QString& message)
 {
     return QLatin1String("sent mainprocess ") + message;
 }
-
-// A scan file's text with line ends as the editor has them.
-QString textOf(const QByteArray& bytes)
-{
-    QString text =
-        QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
-    if (text.startsWith(QChar(QChar::ByteOrderMark)))
-        text.remove(0, 1);
-    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-}
-
-} // namespace
 
 ScenarioPlayer::ScenarioPlayer(Scenario scenario, Mode mode)
     : m_scenario(std::move(scenario)), m_mode(mode)
@@ -220,6 +206,34 @@ void ScenarioPlayer::perform(const Step& step)
     case Verb::Release:
         m_stage.release(step.key);
         break;
+    case Verb::Send:
+        m_stage.send(step.name, step.text.toLatin1());
+        break;
+    case Verb::Time:
+        done = m_stage.endTimer(step.name);
+        break;
+    case Verb::TakeCard:
+    case Verb::PutCard:
+        done = step.verb == Verb::TakeCard ? moveCard(Card, CardInAPc) : moveCard(CardInAPc, Card);
+        m_stage.act([] {});
+        break;
+    case Verb::Remember:
+        m_remembered = m_before;
+        m_stage.act([] {});
+        break;
+    case Verb::Start:
+        done = false;
+        break;
+    default:
+        performOnPen(step);
+    }
+    if (!done)
+        fail(step.place + QLatin1String(": this cannot be done now"));
+}
+
+void ScenarioPlayer::performOnPen(const Step& step)
+{
+    switch (step.verb) {
     case Verb::HoldRecognition:
     case Verb::ReleaseRecognition:
         m_stage.act(
@@ -235,32 +249,12 @@ void ScenarioPlayer::perform(const Step& step)
     case Verb::VoiceFinish:
         m_stage.act([this] { FakeTts::finish() || fail(QStringLiteral("nothing is spoken")); });
         break;
-    case Verb::Send:
-        m_stage.send(step.name, step.text.toLatin1());
-        break;
-    case Verb::Time:
-        done = m_stage.endTimer(step.name);
-        break;
     case Verb::FreeSpace:
         m_stage.act([bytes = step.number] { FakeSystem::setFreeBytes(bytes); });
-        break;
-    case Verb::TakeCard:
-    case Verb::PutCard:
-        done = step.verb == Verb::TakeCard ? moveCard(Card, CardInAPc) : moveCard(CardInAPc, Card);
-        m_stage.act([] {});
-        break;
-    case Verb::Remember:
-        m_remembered = m_before;
-        m_stage.act([] {});
-        break;
-    case Verb::Start:
-        done = false;
         break;
     default:
         performSwipe(step);
     }
-    if (!done)
-        fail(step.place + QLatin1String(": this cannot be done now"));
 }
 
 void ScenarioPlayer::performSwipe(const Step& step)
@@ -276,128 +270,6 @@ void ScenarioPlayer::performSwipe(const Step& step)
         fail(step.place
              + (taken ? QLatin1String(": the pen takes the swipe")
                       : QLatin1String(": the pen takes no swipe now")));
-}
-
-bool ScenarioPlayer::expect(const Step& step)
-{
-    if (m_mode == Mode::Tell)
-        return true;
-    const qsizetype line = m_story.size();
-    m_story.append(QString());
-    bool met = true;
-    switch (step.verb) {
-    case Verb::Screen:
-    case Verb::SameScreen:
-    case Verb::KnownScreen:
-        met = expectScreen(step);
-        break;
-    case Verb::Spoken:
-        met = expectSpoken(step);
-        break;
-    case Verb::SpokenPerhaps:
-        if (!m_spoken.isEmpty() && m_spoken.first().text == step.text)
-            m_spoken.removeFirst();
-        break;
-    case Verb::SpokenAnything:
-        m_spoken.clear();
-        break;
-    case Verb::Silent:
-        met = !m_somethingSpoken || fail(QStringLiteral("something was spoken"));
-        break;
-    case Verb::Sent:
-        met = expectSent(step);
-        break;
-    case Verb::List: {
-        QVector<FileInfo> files;
-        FileManager::Instance()->getInfoList(files);
-        QStringList names;
-        for (const FileInfo& file : files)
-            names.append(file.name);
-        met = names == step.texts || differs("list", step.texts.join(u' '), names.join(u' '));
-        break;
-    }
-    case Verb::Setting:
-        met = expectSetting(step);
-        break;
-    case Verb::Engine:
-        met = m_engines.contains(step.text) || fail(QStringLiteral("the engine was not called so"));
-        break;
-    case Verb::Ended:
-        met = fail(QStringLiteral("the application still runs"));
-        break;
-    default:
-        met = expectFile(step);
-    }
-    m_story[line] =
-        QStringLiteral("  %1 %2  (%3)").arg(met ? "ok" : "WRONG", step.source, step.place);
-    return met;
-}
-
-bool ScenarioPlayer::expectScreen(const Step& step)
-{
-    const ScreenText found = describeScreen();
-    if (step.verb != Verb::Screen) {
-        const ScreenText& known = step.verb == Verb::SameScreen ? m_before : m_remembered;
-        return found == known || differs("screen", known.toString(), found.toString());
-    }
-    if (found.kind != step.name)
-        return differs("screen", step.name, found.toString());
-    for (auto field = step.fields.begin(); field != step.fields.end(); ++field) {
-        if (found.fields.value(field.key()) != field.value())
-            return differs(field.key(), field.value().join(u'|'),
-                           found.fields.value(field.key()).join(u'|'));
-    }
-    for (const char* sign : {"busy", "frozen"}) {
-        if (found.fields.contains(sign) && !step.fields.contains(sign))
-            return fail(QStringLiteral("the screen is %1").arg(QLatin1String(sign)));
-    }
-    return true;
-}
-
-bool ScenarioPlayer::expectSpoken(const Step& step)
-{
-    if (m_spoken.isEmpty())
-        return fail(QStringLiteral("nothing more was spoken"));
-    const Utterance spoken = m_spoken.takeFirst();
-    const bool same = spoken.text == step.text
-                      && spoken.language == step.language.value_or(spoken.language)
-                      && spoken.speed == step.speed.value_or(spoken.speed)
-                      && spoken.volume == step.volume.value_or(spoken.volume);
-    return same || differs("speech", step.source, toldAs(spoken));
-}
-
-bool ScenarioPlayer::expectSent(const Step& step)
-{
-    const QString message = step.name + u' ' + step.text;
-    if (m_sent.isEmpty())
-        return fail(QStringLiteral("nothing more was sent"));
-    const QString sent = m_sent.takeFirst();
-    return sent == message || differs("message", message, sent);
-}
-
-bool ScenarioPlayer::expectFile(const Step& step)
-{
-    const TestRoot& root = m_stage.state().root;
-    const QString path = scanPath(step.name);
-    if (root.exists(path) == (step.verb == Verb::NoFile))
-        return fail(QStringLiteral("the file %1 is %2")
-                        .arg(step.name, QLatin1String(root.exists(path) ? "there" : "missing")));
-    const QString text = textOf(root.read(path));
-    if (step.verb == Verb::File)
-        return text == step.text || differs("text", quoted(step.text), quoted(text));
-    if (step.verb == Verb::Units)
-        return text.size() == step.number
-               || differs("units", QString::number(step.number), QString::number(text.size()));
-    return true;
-}
-
-bool ScenarioPlayer::expectSetting(const Step& step)
-{
-    const QSettings settings(m_stage.state().root.path(QStringLiteral("/apps/config/config.ini")),
-                             QSettings::IniFormat);
-    const QString value = settings.value(step.name, QStringLiteral("missing")).toString();
-    return value == QString::number(step.number)
-           || differs("setting", QString::number(step.number), value);
 }
 
 bool ScenarioPlayer::differs(const QString& what, const QString& expected, const QString& found)

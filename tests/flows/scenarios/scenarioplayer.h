@@ -30,6 +30,10 @@ private:
     using Step = ScenarioStep;
     using Verb = ScenarioStep::Verb;
 
+    static QString scanPath(const QString& name);
+    static QString toldAs(const Utterance& utterance);
+    static QString toldAs(const QString& message);
+
     bool atEnd() const { return m_next >= m_scenario.steps.size(); }
     void prepare();
     void given(const Step& step);
@@ -40,11 +44,14 @@ private:
     void tellScreen();
     void begin(const Step& step);
     void perform(const Step& step);
+    void performOnPen(const Step& step);
     void performSwipe(const Step& step);
     bool expect(const Step& step);
+    bool meets(const Step& step);
     bool expectScreen(const Step& step);
     bool expectSpoken(const Step& step);
     bool expectSent(const Step& step);
+    bool expectList(const Step& step);
     bool expectFile(const Step& step);
     bool expectSetting(const Step& step);
     bool differs(const QString& what, const QString& expected, const QString& found);

@@ -100,19 +100,16 @@ int CrashModel::remove(const QByteArray& path)
 
 int CrashModel::renameToNew(const QByteArray& from, const QByteArray& to)
 {
-    const int result = FileOperations::renameToNew(from, to);
-    if (result != 0)
-        return result;
-    const int file = m_names.take(below(from));
-    m_names.insert(below(to), file);
-    add(Event::Name, file, below(to), 0, {}, true);
-    add(Event::Name, None, below(from));
-    return result;
+    return renamed(from, to, FileOperations::renameToNew(from, to));
 }
 
 int CrashModel::renameOver(const QByteArray& from, const QByteArray& to)
 {
-    const int result = FileOperations::renameOver(from, to);
+    return renamed(from, to, FileOperations::renameOver(from, to));
+}
+
+int CrashModel::renamed(const QByteArray& from, const QByteArray& to, int result)
+{
     if (result != 0)
         return result;
     const int file = m_names.take(below(from));
@@ -138,12 +135,48 @@ void CrashModel::writeInto(File& file, const Event& event)
         file.dirty.insert(sector);
 }
 
+void CrashModel::Name::applyTo(QMap<QByteArray, int>& names) const
+{
+    if (file == None)
+        names.remove(path);
+    else
+        names.insert(path, file);
+}
+
+void CrashModel::settleFile(Storage& storage, int file, Kind kind)
+{
+    File& flushed = storage.files[file];
+    flushed.stored = flushed.seen;
+    flushed.dirty.clear();
+    storage.changes.removeIf([&](const Change& change) {
+        // Sizes of other files stay open: that is the harder case.
+        if (!change.isName)
+            return change.file == file;
+        if (kind != Kind::Ext4)
+            return false;
+        change.name.applyTo(storage.names);
+        return true;
+    });
+}
+
+void CrashModel::settleFolder(Storage& storage, const QByteArray& folder)
+{
+    storage.changes.removeIf([&](const Change& change) {
+        if (!change.isName || folderOf(change.name.path) != folder)
+            return false;
+        change.name.applyTo(storage.names);
+        return true;
+    });
+}
+
 void CrashModel::play(Storage& storage, const Event& event, Kind kind)
 {
-    const auto changeSize = [&](qint64 before) {
-        const qint64 now = storage.files.at(event.file).seen.size();
-        if (now != before)
-            storage.changes.append({false, {}, event.file, now});
+    const auto changeContent = [&](const auto& change) {
+        File& file = storage.files[event.file];
+        const qint64 before = file.seen.size();
+        change(file);
+        if (file.seen.size() != before)
+            storage.changes.append({false, {}, event.file, file.seen.size()});
     };
     switch (event.type) {
     case Event::Name:
@@ -151,46 +184,19 @@ void CrashModel::play(Storage& storage, const Event& event, Kind kind)
             storage.files.append(File());
         storage.changes.append({true, {event.path, event.file, event.withNext}, None, 0});
         break;
-    case Event::Write: {
-        const qint64 before = storage.files.at(event.file).seen.size();
-        writeInto(storage.files[event.file], event);
-        changeSize(before);
+    case Event::Write:
+        changeContent([&](File& file) { writeInto(file, event); });
         break;
-    }
-    case Event::Size: {
-        File& file = storage.files[event.file];
-        const qint64 before = file.seen.size();
-        file.seen = file.seen.left(event.number).leftJustified(event.number, '\0');
-        changeSize(before);
-        break;
-    }
-    case Event::Flush: {
-        File& file = storage.files[event.file];
-        file.stored = file.seen;
-        file.dirty.clear();
-        storage.changes.removeIf([&](const Change& change) {
-            if (change.isName && kind == Kind::Ext4) {
-                if (change.name.file == None)
-                    storage.names.remove(change.name.path);
-                else
-                    storage.names.insert(change.name.path, change.name.file);
-                return true;
-            }
-            // Sizes of other files stay open: that is the harder case.
-            return !change.isName && change.file == event.file;
+    case Event::Size:
+        changeContent([&](File& file) {
+            file.seen = file.seen.left(event.number).leftJustified(event.number, '\0');
         });
         break;
-    }
+    case Event::Flush:
+        settleFile(storage, event.file, kind);
+        break;
     case Event::FlushFolder:
-        storage.changes.removeIf([&](const Change& change) {
-            if (!change.isName || folderOf(change.name.path) != event.path)
-                return false;
-            if (change.name.file == None)
-                storage.names.remove(change.name.path);
-            else
-                storage.names.insert(change.name.path, change.name.file);
-            return true;
-        });
+        settleFolder(storage, event.path);
         break;
     }
 }
@@ -207,10 +213,8 @@ CrashModel::State CrashModel::seen(const Storage& storage)
 {
     QMap<QByteArray, int> names = storage.names;
     for (const Change& change : storage.changes) {
-        if (change.isName && change.name.file == None)
-            names.remove(change.name.path);
-        else if (change.isName)
-            names.insert(change.name.path, change.name.file);
+        if (change.isName)
+            change.name.applyTo(names);
     }
     State state;
     for (auto name = names.cbegin(); name != names.cend(); ++name)
@@ -260,12 +264,10 @@ CrashModel::State CrashModel::stateWith(const Storage& storage, const QVector<Pi
                                                 : isKept(change.file, None, {});
         if (!reached)
             continue;
-        if (!change.isName)
-            sizes.insert(change.file, change.size);
-        else if (change.name.file == None)
-            names.remove(change.name.path);
+        if (change.isName)
+            change.name.applyTo(names);
         else
-            names.insert(change.name.path, change.name.file);
+            sizes.insert(change.file, change.size);
     }
     State state;
     for (auto name = names.cbegin(); name != names.cend(); ++name) {

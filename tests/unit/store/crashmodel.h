@@ -70,6 +70,7 @@ private:
         QByteArray path;
         int file;
         bool withNext;
+        void applyTo(QMap<QByteArray, int>& names) const;
     };
     struct Change // of name or size, in the order of the calls
     {
@@ -101,9 +102,12 @@ private:
     QByteArray below(const QByteArray& path) const;
     void add(Event::Type type, int file, const QByteArray& path, qint64 number = 0,
              const QByteArray& data = {}, bool withNext = false);
+    int renamed(const QByteArray& from, const QByteArray& to, int result);
     Storage play(int events, Kind kind) const;
     static void play(Storage& storage, const Event& event, Kind kind);
     static void writeInto(File& file, const Event& event);
+    static void settleFile(Storage& storage, int file, Kind kind);
+    static void settleFolder(Storage& storage, const QByteArray& folder);
     static QVector<Piece> piecesOf(const Storage& storage, Kind kind);
     static State stateWith(const Storage& storage, const QVector<Piece>& pieces,
                            const QVector<bool>& kept, qsizetype changes, Kind kind);

@@ -143,6 +143,21 @@ void restore(const StoreFixture& fixture, const CrashModel::State& state)
         fixture.root().write(QFile::decodeName(file.key()), file.value());
 }
 
+std::optional<Pen> penAfter(const CrashModel::State& state)
+{
+    const StoreFixture fixture;
+    restore(fixture, state);
+    return penWith(fixture);
+}
+
+// False when it was known already.
+bool addTo(QSet<QByteArray>& known, const CrashModel::State& state)
+{
+    const qsizetype before = known.size();
+    known.insert(bytesOf(state));
+    return known.size() > before;
+}
+
 } // namespace
 
 class TestCrashes : public QObject
@@ -220,12 +235,9 @@ void TestCrashes::powerGoesDuring()
     for (int events = 0; events <= model->events(); ++events) {
         for (const CrashModel::State& state : model->statesAfter(events, kind)) {
             const bool reported = events == model->events();
-            if (!reported && known.contains(bytesOf(state)))
+            if (!addTo(known, state) && !reported)
                 continue;
-            known.insert(bytesOf(state));
-            StoreFixture fixture;
-            restore(fixture, state);
-            std::optional<Pen> pen = penWith(fixture);
+            std::optional<Pen> pen = penAfter(state);
             const std::string where = "after " + std::to_string(events) + " of "
                                       + std::to_string(model->events()) + " events";
             QVERIFY2(pen, where.c_str());
@@ -260,9 +272,8 @@ void TestCrashes::powerGoesDuringTheStartAfterwards()
     }
     QSet<QByteArray> known;
     for (const CrashModel::State& first : std::as_const(states)) {
-        if (known.contains(bytesOf(first)))
+        if (!addTo(known, first))
             continue;
-        known.insert(bytesOf(first));
         std::optional<CrashModel> second;
         Pen meanwhile;
         {
@@ -275,12 +286,9 @@ void TestCrashes::powerGoesDuringTheStartAfterwards()
         const Unflushed unflushed;
         for (int events = 0; events <= second->events(); ++events)
             for (const CrashModel::State& state : second->statesAfter(events, kind)) {
-                if (known.contains(bytesOf(state)))
+                if (!addTo(known, state))
                     continue;
-                known.insert(bytesOf(state));
-                StoreFixture fixture;
-                restore(fixture, state);
-                const std::optional<Pen> pen = penWith(fixture);
+                const std::optional<Pen> pen = penAfter(state);
                 QVERIFY(pen);
                 QVERIFY(pen->texts == meanwhile.texts);
             }
@@ -319,12 +327,9 @@ void TestCrashes::powerGoesWhileAWaitingTextReachesItsCard()
     const Unflushed unflushed;
     for (int events = 0; events <= model->events(); ++events)
         for (const CrashModel::State& state : model->statesAfter(events, kind)) {
-            if (known.contains(bytesOf(state)))
+            if (!addTo(known, state))
                 continue;
-            known.insert(bytesOf(state));
-            StoreFixture fixture;
-            restore(fixture, state);
-            const std::optional<Pen> pen = penWith(fixture);
+            const std::optional<Pen> pen = penAfter(state);
             QVERIFY(pen);
             QCOMPARE(pen->texts.value(QStringLiteral("a")), longText("fresh ", 250));
             QCOMPARE(pen->texts.value(QStringLiteral("b")), OtherText);
@@ -387,9 +392,7 @@ void TestCrashes::scansOfAWholeMorning()
     const Unflushed unflushed;
     for (const auto& [events, expected] : std::as_const(reported))
         for (const CrashModel::State& state : model->statesAfter(events, Kind::Fat)) {
-            StoreFixture fixture;
-            restore(fixture, state);
-            const std::optional<Pen> pen = penWith(fixture);
+            const std::optional<Pen> pen = penAfter(state);
             QVERIFY(pen);
             QCOMPARE(pen->texts.value(QStringLiteral("a")), expected);
         }
