@@ -11,7 +11,7 @@
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
-#include "widgets/messagedialog.h"
+#include "tests/flows/scenarios/runningtimer.h"
 #include "widgets/sandglass.h"
 
 #include <QApplication>
@@ -68,38 +68,6 @@ void runOut(QObject* owner, int timerId)
 {
     QTimerEvent event(timerId);
     QCoreApplication::sendEvent(owner, &event);
-}
-
-struct RunningTimer
-{
-    QPointer<QObject> owner;
-    int id = 0;
-};
-
-RunningTimer namedTimer(const QString& name)
-{
-    for (const QWidget* widget : QApplication::allWidgets()) {
-        for (auto* timer : widget->findChildren<QTimer*>(name, Qt::FindDirectChildrenOnly)) {
-            if (timer->isActive())
-                return {timer, timer->timerId()};
-        }
-    }
-    return {};
-}
-
-RunningTimer findTimer(const QString& name)
-{
-    if (name == QLatin1String("delay"))
-        return namedTimer(QStringLiteral("readDelay"));
-    if (name == QLatin1String("autosave")) {
-        MyEdit* const editor = Stage::window()->editor();
-        return {editor, editor ? editor->autoSaveTimer() : 0};
-    }
-    if (name == QLatin1String("message")) {
-        auto* const dialog = qobject_cast<MessageDialog*>(QApplication::activeModalWidget());
-        return {dialog, dialog ? dialog->timerId() : 0};
-    }
-    return namedTimer(name);
 }
 
 } // namespace
