@@ -16,7 +16,7 @@ bool wantsBlankBehind(const QString& scan)
 
 bool fitsIntoFile(const QString& document, const QString& addition)
 {
-    return scantext::savedSize(document) + scantext::savedSize(addition) <= MaxFileBytes;
+    return scantext::savedSize(document) + scantext::savedSize(addition) <= scantext::MaxSavedBytes;
 }
 
 QString withTrailingBlank(const QString& document, const QString& scan)

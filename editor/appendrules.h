@@ -3,13 +3,9 @@
 
 #include <QString>
 
-/* The largest text a scan file may hold, in bytes of UTF-16 with line ends as "\r\n" and without
- * the byte-order mark. */
-constexpr int MaxFileBytes = 65536;
-
-/* Whether `addition` may be appended to `document` within MaxFileBytes. A line end of either, also
- * that of a paragraph break ("\n    "), counts one unit more, for the "\r\n" that it is saved as.
- */
+/* Whether `addition` may be appended to `document` within scantext::MaxSavedBytes. A line end of
+ * either, also that of a paragraph break ("\n    "), counts one unit more, for the "\r\n" that it
+ * is saved as. */
 bool fitsIntoFile(const QString& document, const QString& addition);
 
 /*

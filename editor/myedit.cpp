@@ -8,6 +8,7 @@
 #include "platform/zembra_iap.h"
 #include "store/filemanager.h"
 #include "store/launcher.h"
+#include "store/scantext.h"
 #include "widgets/hintline.h"
 #include "widgets/messagedialog.h"
 #include "widgets/painting.h"
@@ -97,7 +98,7 @@ int MyEdit::setFileInfo(const FileInfo& info)
 
     FileManager* files = FileManager::Instance();
     const QString text = files->readFile(info);
-    if (files->getReturnSize() > MaxFileBytes) {
+    if (files->getReturnSize() > scantext::MaxSavedBytes) {
         showMessage(tr("The file is too big, do not edit the file in computer."));
         return -1;
     }
@@ -140,7 +141,7 @@ bool MyEdit::saveDocument()
 
 bool MyEdit::SaveOnly()
 {
-    if (!m_bound || FileManager::Instance()->getReturnSize() > MaxFileBytes)
+    if (!m_bound || FileManager::Instance()->getReturnSize() > scantext::MaxSavedBytes)
         return false;
     return saveDocument();
 }

@@ -4,8 +4,8 @@
 #include <QWidget>
 
 /*
- * A line of text over the bottom of a screen that goes by itself. It takes no keys and holds
- * nothing up, other than a MessageDialog: for what a user should know but need not answer.
+ * A line of text over the bottom of a screen that goes by itself. Unlike a MessageDialog it takes
+ * no keys and holds nothing up: for what a user should know but need not answer.
  *
  * Interface thread only. It only shows; what shows it also speaks it.
  */
