@@ -239,7 +239,8 @@ bool FakeTts::finish()
 bool FakeTts::isSpeaking()
 {
     const std::lock_guard lock(state().mutex);
-    return state().current != nullptr;
+    // A stopped text is silent at once; its thread may take a while to notice.
+    return state().current && !stopped(*state().current);
 }
 
 bool FakeTts::isStarted()

@@ -255,7 +255,7 @@ void Stage::rest()
 void Stage::checkSounds()
 {
     const bool told = m_lastSound == QLatin1String("soundyes");
-    if (m_heedsLauncher && told != FakeTts::isSpeaking())
+    if (told != FakeTts::isSpeaking())
         m_problem = told ? QStringLiteral("The launcher believes that the pen speaks.")
                          : QStringLiteral("The launcher believes that the pen is silent.");
 }

@@ -57,9 +57,6 @@ public:
      * come, words to the launcher that belie the voice, engines that were misused. */
     QString problem() const { return m_problem; }
 
-    /* Whether the launcher's belief is compared with the voice at each rest; it is at first. */
-    void setHeedsLauncher(bool on) { m_heedsLauncher = on; }
-
     /* Widgets that outlived the window of the last run, by class. */
     QStringList widgetsLeft() const { return m_widgetsLeft; }
 
@@ -123,7 +120,6 @@ private:
     bool m_recognitionHeld = false;
     bool m_voiceHeld = false;
     bool m_tipIsDown = false;
-    bool m_heedsLauncher = true;
     bool m_ending = false;
     bool m_windowSeen = false;
     QString m_lastSound;

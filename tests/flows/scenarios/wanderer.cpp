@@ -17,9 +17,6 @@ namespace {
 
 constexpr int LongestBurst = 8;
 constexpr int EscapesHome = 12;
-constexpr bool CardLeaves = true;
-// The end of a reading that was cut off by a menu is told when the menu speaks already.
-constexpr bool HeedsLauncher = false;
 const QString MainTitle = QStringLiteral("Scan to file");
 const QString Card = QStringLiteral("/mnt/mmc");
 const QString CardInAPc = QStringLiteral("/mnt/taken-out");
@@ -65,7 +62,6 @@ const std::array Texts = {u"The keeper of the light",
 Wanderer::Wanderer(unsigned seed, int steps)
     : m_random(seed), m_stepsLeft(steps), m_escapesLeft(EscapesHome)
 {
-    m_stage.setHeedsLauncher(HeedsLauncher);
 }
 
 int Wanderer::upTo(int number)
@@ -241,7 +237,7 @@ void Wanderer::endSomeTimer()
 void Wanderer::changeTheCard()
 {
     const TestRoot& root = m_stage.state().root;
-    if (CardLeaves && (m_cardOut || upTo(2) == 0)) {
+    if (m_cardOut || upTo(2) == 0) {
         note(QStringLiteral("card %1").arg(QLatin1String(m_cardOut ? "in" : "out")));
         const QString from = root.path(m_cardOut ? CardInAPc : Card);
         const QString to = root.path(m_cardOut ? Card : CardInAPc);
