@@ -52,6 +52,8 @@ void MainWindow::carryOutDelete(const FileInfo& chosen)
     }
     updateContinueItem();
     refreshFileMenu();
+    if (!m_fileMenu || isFrozen()) // the store may have shown a message
+        return;
     if (files->getFileNum() > 0) {
         m_fileMenu->setCurIndex(qMin(place, files->getFileNum() - 1));
         speakCurrentFile();

@@ -230,7 +230,8 @@ int FileManager::removeAt(int displayIndex)
     renumberFrom(index);
     if (m_current == index)
         m_current = getFileNum() - 1;
-    flush();
+    if (flush() != 0)
+        showDamaged();
     return 0;
 }
 

@@ -85,7 +85,9 @@ public:
      * has). */
     bool saveCfg(int displayIndex, QString name);
 
-    /* Deletes a file and its entry. 0, or -1 when it is not listed or cannot be deleted. */
+    /* Deletes a file and its entry. 0, or -1 when it is not listed or cannot be deleted. When only
+     * the list cannot be written, a message is shown and 0 returned: the next start misses the
+     * file and drops the entry. */
     int removeAt(int displayIndex);
 
     /* The text of a file, the newest one when it still waits for its card; empty when it cannot be

@@ -64,6 +64,7 @@ private slots:
     void readingStrangeThingsDoesNotBlock();
     void readErrorIsNoEmptyText();
     void nothingIsLeftInTheScanFolder();
+    void removeWithoutAListIsToldAndDone();
 
 private:
     FileInfo info(const QString& name, int id = 0, int storage = 0) const
@@ -434,6 +435,20 @@ void TestFileManagerTexts::nothingIsLeftInTheScanFolder()
     QStringList files = f->filesOnCard();
     files.sort();
     QCOMPARE(files, expected);
+}
+
+// The file is gone: the entry goes, too, and the next start drops it from the list.
+void TestFileManagerTexts::removeWithoutAListIsToldAndDone()
+{
+    f->load(words("a b"));
+    const DialogWatcher dialogs;
+    const QString list = f->root().path(f->listPlace());
+    QVERIFY(QFile::remove(list));
+    QVERIFY(QDir().mkpath(list + QStringLiteral("/in the way")));
+    QCOMPARE(f->manager().removeAt(0), 0);
+    QCOMPARE(dialogs.texts(), QStringList(Damaged));
+    QCOMPARE(f->names(), words("a"));
+    QCOMPARE(f->filesOnCard(), words("a.txt"));
 }
 
 QTEST_MAIN(TestFileManagerTexts)
