@@ -48,7 +48,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_menuSpeech = std::make_unique<CTTSThread>();
     connect(m_menuSpeech.get(), &QThread::finished, this, &MainWindow::finishTalkingMenu);
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
-    announcer::setSpeaker([this](const QString& text) { talkingMenuTTS(0, text, QString()); });
+    announcer::setSpeaker([this](const QString& text) { announceMessage(text); },
+                          [this] { keyPressSlot(); });
 }
 
 MainWindow::~MainWindow()

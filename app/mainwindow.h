@@ -105,6 +105,10 @@ public slots:
     void startSlot();
     void finishTalkingMenu();
 
+    /* Speaks a message that is on the screen: to its end unless a key cuts it short, whatever is to
+     * be spoken next. Of several none is left out. */
+    void announceMessage(const QString& text);
+
     /* The set-up workers have applied what they were given: the busy sign goes. */
     void finishTtsSet();
     void finishTtsSetForSet();
@@ -216,6 +220,7 @@ private:
     void hushMenu();
     bool editorIsUsable() const;
     void speak(const QString& text, const QString& instruction);
+    void speakSoon();
     /* Has `text` spoken in front of what is spoken next. */
     void confirm(const QString& text);
     void soundAgainAfterTalkingMenu();
@@ -242,8 +247,7 @@ private:
     void updateContinueItem();
     void setContinueItem(MySubMenu* menu, const QString& fileName);
 
-    /* A message that fills the screen for two seconds and is spoken; the focus goes back to the
-     * screen below. */
+    /* A message that fills the screen for two seconds; the focus goes back to the screen below. */
     void showMessage(const QString& text);
     void spaceMessage();
 
@@ -338,6 +342,8 @@ private:
     QString m_confirmation;
     QString m_saidText; // what was said last, if it was not the editor
     QString m_saidInstruction;
+    bool m_messageIsSpoken = false;
+    QStringList m_messages; // that wait for the voice
     QString m_pendingText;
     QString m_pendingInstruction;
 };

@@ -11,7 +11,6 @@
 
 void MainWindow::showMessage(const QString& text)
 {
-    talkingMenuTTS(0, text, QString());
     MessageDialog(this, text).exec();
     focusCurrent();
 }

@@ -59,6 +59,8 @@ void MainWindow::silence()
         m_renameEdit->StopTTS();
     TTSPlayer::Instance()->stop();
     m_utterancePending = false;
+    m_messageIsSpoken = false;
+    m_messages.clear();
     m_readAgainPending = false;
     m_gotoBeginPending = false;
     m_confirmation.clear();

@@ -28,6 +28,7 @@ void MainWindow::keyPressSlot()
     if (!m_menuSpeech || !m_menuSpeech->isRunning())
         return;
     g_KeyFlag = true;
+    m_messageIsSpoken = false;
     hushMenu();
     TTSPlayer::Instance()->stop();
 }
@@ -75,24 +76,41 @@ void MainWindow::mainMenuShowSlot(int index, const QString& text, int last)
 void MainWindow::talkingMenuTTS(int index, const QString& text, const QString& instruction)
 {
     Q_UNUSED(index)
-    // Before the stop: an older item that the worker has not taken yet would be spoken after it.
-    if (m_menuSpeech)
-        m_menuSpeech->forgetQueued();
-    TTSPlayer::Instance()->stop();
-    if (m_editor)
-        m_editor->setStopSoundFlag(false);
-    m_editorSpokeLast = false;
     m_saidText = confirmed(std::exchange(m_confirmation, QString()), text);
     m_saidInstruction = instruction;
-    // Before the worker exists too: the first menu is shown while the window is being built.
-    if (!m_menuSpeech || m_menuSpeech->isRunning()) {
-        m_pendingText = m_saidText;
-        m_pendingInstruction = instruction;
-        m_utterancePending = true;
-        return;
+    m_pendingText = m_saidText;
+    m_pendingInstruction = instruction;
+    m_utterancePending = true;
+    speakSoon();
+}
+
+void MainWindow::announceMessage(const QString& text)
+{
+    m_saidText = text;
+    m_saidInstruction.clear();
+    m_messages.append(text);
+    m_utterancePending = false; // it told of what the message lies over
+    speakSoon();
+}
+
+// What is spoken gives way, other than a message: the screen below speaks when it is left, and
+// another message may come with it.
+void MainWindow::speakSoon()
+{
+    m_editorSpokeLast = false;
+    if (m_editor)
+        m_editor->setStopSoundFlag(false);
+    const bool speaks = m_menuSpeech && m_menuSpeech->isRunning();
+    if (!speaks || !m_messageIsSpoken) {
+        // Before the stop: an older item that the worker has not taken yet would be spoken after
+        // it.
+        if (m_menuSpeech)
+            m_menuSpeech->forgetQueued();
+        TTSPlayer::Instance()->stop();
     }
-    m_utterancePending = false;
-    speak(m_saidText, instruction);
+    // Before the worker exists too: the first menu is shown while the window is being built.
+    if (m_menuSpeech && !speaks)
+        startSlot();
 }
 
 void MainWindow::confirm(const QString& text)
@@ -116,6 +134,11 @@ void MainWindow::speak(const QString& text, const QString& instruction)
 
 void MainWindow::startSlot()
 {
+    m_messageIsSpoken = !m_messages.isEmpty();
+    if (m_messageIsSpoken) {
+        speak(m_messages.takeFirst(), QString());
+        return;
+    }
     if (!std::exchange(m_utterancePending, false))
         return;
     speak(std::exchange(m_pendingText, QString()), std::exchange(m_pendingInstruction, QString()));
@@ -133,8 +156,9 @@ void MainWindow::finishTalkingMenu()
         TTSPlayer::Instance()->stop();
     if (m_editor)
         m_editor->setStopSoundFlag(true);
-    carryOutRequests();
-    if (m_utterancePending)
+    if (m_messages.isEmpty())
+        carryOutRequests();
+    if (m_utterancePending || !m_messages.isEmpty())
         startSlot();
     else if (m_editor)
         m_editor->readAfterTalkingMenu();

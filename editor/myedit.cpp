@@ -99,7 +99,7 @@ int MyEdit::setFileInfo(const FileInfo& info)
     FileManager* files = FileManager::Instance();
     const QString text = files->readFile(info);
     if (files->getReturnSize() > scantext::MaxSavedBytes) {
-        showMessage(tr("The file is too big, do not edit the file in computer."));
+        MessageDialog(this, tr("The file is too big, do not edit the file in computer.")).exec();
         return -1;
     }
     QTextCursor cursor = textCursor();
@@ -162,7 +162,7 @@ void MyEdit::SaveAndExit()
             m_autoSaveTimer = startTimer(AutoSavePeriodMs);
             return;
         }
-        showMessage(tr("The text is kept in the pen."));
+        MessageDialog(this, tr("The text is kept in the pen.")).exec();
     }
     m_bound = false;
     leaveEngine();
@@ -225,12 +225,6 @@ void MyEdit::tellHint(const QString& text)
         m_hintAfterReading = text;
     else
         emit signalHint(text);
-}
-
-void MyEdit::showMessage(const QString& text)
-{
-    emit signalHint(text);
-    MessageDialog(this, text).exec();
 }
 
 void MyEdit::showEvent(QShowEvent* event)

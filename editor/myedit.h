@@ -271,8 +271,6 @@ private:
     void landSeek();
 
     void tellHint(const QString& text);
-    /* Shows a message that fills the screen, and has it spoken. */
-    void showMessage(const QString& text);
     void tellEnd(QuickSeek::Direction direction);
     bool hasWords() const;
 

@@ -9,6 +9,7 @@
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
+#include "widgets/messagedialog.h"
 #include "widgets/sandglass.h"
 
 namespace {
@@ -126,7 +127,7 @@ bool MyEdit::appendText(const QString& text)
         return false;
     const QString document = documentText();
     if (!fitsIntoFile(document, text)) {
-        showMessage(tr("The file is too big. Please create new file."));
+        MessageDialog(this, tr("The file is too big. Please create new file.")).exec();
         return false;
     }
     QTextCursor cursor = textCursor();

@@ -4,21 +4,34 @@
 
 namespace {
 
-announcer::Speaker& currentSpeaker()
+struct State
 {
-    static announcer::Speaker speaker;
-    return speaker;
+    announcer::Speaker speaker;
+    announcer::Silencer silencer;
+};
+
+State& state()
+{
+    static State theState;
+    return theState;
 }
 
 } // namespace
 
-void announcer::setSpeaker(Speaker speaker)
+void announcer::setSpeaker(Speaker speaker, Silencer silencer)
 {
-    currentSpeaker() = std::move(speaker);
+    state().speaker = std::move(speaker);
+    state().silencer = std::move(silencer);
 }
 
 void announcer::announce(const QString& text)
 {
-    if (currentSpeaker())
-        currentSpeaker()(text);
+    if (state().speaker)
+        state().speaker(text);
+}
+
+void announcer::hush()
+{
+    if (state().silencer)
+        state().silencer();
 }

@@ -13,12 +13,16 @@
 namespace announcer {
 
 using Speaker = std::function<void(const QString& text)>;
+using Silencer = std::function<void()>;
 
-/* Who speaks from now on; an empty one for nobody. */
-void setSpeaker(Speaker speaker);
+/* Who speaks from now on, and who ends what is spoken; empty ones for nobody. */
+void setSpeaker(Speaker speaker, Silencer silencer = nullptr);
 
 /* Has a text spoken; without a speaker nothing happens. */
 void announce(const QString& text);
+
+/* Cuts short what is spoken: the user has gone on. */
+void hush();
 
 } // namespace announcer
 

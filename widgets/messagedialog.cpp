@@ -35,8 +35,7 @@ void MessageDialog::showEvent(QShowEvent* event)
     QDialog::showEvent(event);
     stopTimer();
     m_timerId = startTimer(m_milliseconds);
-    if (!parentWidget())
-        announcer::announce(m_text);
+    announcer::announce(m_text);
 }
 
 void MessageDialog::hideEvent(QHideEvent* event)
@@ -57,9 +56,11 @@ void MessageDialog::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Escape:
+        announcer::hush();
         done(0);
         break;
     case Qt::Key_Return:
+        announcer::hush();
         done(1);
         break;
     default:

@@ -7,8 +7,10 @@
  * A message that fills the screen and closes itself after a time or on a key. Run it with exec():
  * the result is 1 when the time ran out or Enter was pressed, 0 on Escape.
  *
- * Interface thread only. A screen that shows a message also speaks it; but a store or the start-up,
- * which have no parent for it, cannot: their messages are spoken through the announcer.
+ * It is spoken through the announcer whenever it is shown, whoever shows it: nobody else speaks it.
+ * A key that ends it also ends what is spoken.
+ *
+ * Interface thread only.
  */
 class MessageDialog : public QDialog
 {

@@ -54,10 +54,12 @@ bool MessageWidget::focusNextPrevChild(bool)
 
 void MessageWidget::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return)
+    if (event->key() == Qt::Key_Escape || event->key() == Qt::Key_Return) {
+        announcer::hush();
         emit escpressed();
-    else
+    } else {
         event->ignore();
+    }
 }
 
 void MessageWidget::showEvent(QShowEvent* event)

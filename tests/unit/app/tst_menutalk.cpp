@@ -6,6 +6,7 @@
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
 #include "tests/shared/windowfixture.h"
+#include "widgets/messagedialog.h"
 
 #include <QSignalSpy>
 
@@ -35,6 +36,12 @@ private slots:
     void keyCutsMenuSpeechShort();
     void keySetsTheFlagWhileAMenuIsSpoken();
     void launcherHearsOfMenuSpeech();
+    void messageOfAnyoneIsHeardOnce_data();
+    void messageOfAnyoneIsHeardOnce();
+    void messageIsHeardToItsEnd();
+    void ofTwoMessagesBothAreHeard();
+    void keyThatEndsAMessageCutsItShort();
+    void powerKeySilencesMessages();
 };
 
 void TestMenuTalk::firstScreenIsSpokenWithItsHeading()
@@ -200,6 +207,97 @@ void TestMenuTalk::launcherHearsOfMenuSpeech()
              (QStringList{"execute(QString) soundyes", "execute(QString) soundno"}));
     f.window->SendShow();
     QVERIFY(f.launcher.waitFor(QStringLiteral("Show(QString) scan")));
+}
+
+void TestMenuTalk::messageOfAnyoneIsHeardOnce_data()
+{
+    QTest::addColumn<bool>("ofTheStart");
+    QTest::newRow("of the window") << false;
+    QTest::newRow("without a parent") << true;
+}
+
+void TestMenuTalk::messageOfAnyoneIsHeardOnce()
+{
+    QFETCH(bool, ofTheStart);
+    WindowFixture f;
+    f.hush();
+    if (ofTheStart)
+        MessageDialog(nullptr, QStringLiteral("No available files!")).exec();
+    else
+        f.window->openFileMenu();
+    QCOMPARE(f.messages.texts(), QStringList{"No available files!"});
+    QTRY_COMPARE(f.heard(), QStringList{"No available files!"});
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    QCoreApplication::processEvents();
+    QCOMPARE(f.heard(), QStringList{"No available files!"});
+}
+
+// It is shown for two seconds, and may take longer to say; then the screen below speaks.
+void TestMenuTalk::messageIsHeardToItsEnd()
+{
+    WindowFixture f;
+    f.hush();
+    FakeTts::setPace(FakeTts::Pace::Held);
+    MessageDialog(f.window.get(), QStringLiteral("message")).exec();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    f.window->menuShowSlot(0, QStringLiteral("older"), 1);
+    f.window->menuShowSlot(0, QStringLiteral("below"), 1);
+    QCoreApplication::processEvents();
+    QVERIFY(FakeTts::isSpeaking());
+    QCOMPARE(f.heard(), QStringList{"message"});
+    QVERIFY(FakeTts::finish());
+    QTRY_COMPARE(f.heard(),
+                 (QStringList{"message", QStringLiteral("below") + pauseTag(500) + FirstHelp}));
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QVERIFY(FakeTts::finish());
+}
+
+void TestMenuTalk::ofTwoMessagesBothAreHeard()
+{
+    WindowFixture f;
+    f.hush();
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->talkingMenuTTS(0, QStringLiteral("item"), QString());
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    FakeTts::missStops(1); // the voice is a little late
+    f.window->announceMessage(QStringLiteral("one"));
+    f.window->announceMessage(QStringLiteral("two"));
+    f.window->talkingMenuTTS(0, QStringLiteral("below"), QString());
+    FakeTts::missStops(0);
+    FakeTts::setPace(FakeTts::Pace::Automatic);
+    FakeTts::finish();
+    QTRY_COMPARE(f.heard(), (QStringList{"item", "one", "two", "below"}));
+}
+
+void TestMenuTalk::keyThatEndsAMessageCutsItShort()
+{
+    WindowFixture f;
+    f.hush();
+    FakeTts::setPace(FakeTts::Pace::Held);
+    MessageDialog message(f.window.get(), QStringLiteral("message"), 60'000);
+    message.show();
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QTest::keyClick(&message, Qt::Key_Return);
+    QVERIFY(FakeTts::waitUntilSilent());
+    f.window->talkingMenuTTS(0, QStringLiteral("below"), QString());
+    QTRY_COMPARE(f.heard(), (QStringList{"message", "below"}));
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QVERIFY(FakeTts::finish());
+}
+
+void TestMenuTalk::powerKeySilencesMessages()
+{
+    WindowFixture f;
+    f.hush();
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->announceMessage(QStringLiteral("one"));
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    f.window->announceMessage(QStringLiteral("two"));
+    f.window->handleReceived(QStringLiteral("execute(QString)"), "presspoweroff");
+    QVERIFY(FakeTts::waitUntilSilent());
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    QCoreApplication::processEvents();
+    QCOMPARE(f.heard(), QStringList{"one"});
 }
 
 QTEST_MAIN(TestMenuTalk)

@@ -13,6 +13,7 @@ private slots:
     void speakerGetsWhatIsAnnounced();
     void withoutASpeakerNothingIsKept();
     void nobodySpeaksAfterTheSpeakerHasGone();
+    void hushReachesWhoSpeaks();
 
 private:
     void listen()
@@ -55,6 +56,18 @@ void TestAnnouncer::nobodySpeaksAfterTheSpeakerHasGone()
     announcer::setSpeaker(nullptr);
     announcer::announce(A);
     QCOMPARE(m_texts, QStringList());
+}
+
+void TestAnnouncer::hushReachesWhoSpeaks()
+{
+    announcer::hush(); // nobody
+    int hushed = 0;
+    announcer::setSpeaker([](const QString&) {}, [&hushed] { ++hushed; });
+    announcer::hush();
+    QCOMPARE(hushed, 1);
+    listen();
+    announcer::hush();
+    QCOMPARE(hushed, 1);
 }
 
 QTEST_GUILESS_MAIN(TestAnnouncer)
