@@ -270,6 +270,7 @@ private:
     /* Ends the seek on a word, and speaks it. */
     void landSeek();
 
+    void stopSpeech();
     void tellHint(const QString& text);
     void tellEnd(QuickSeek::Direction direction);
     bool hasWords() const;

@@ -97,7 +97,7 @@ void MyEdit::FinishRec()
     // one be running.
     if (m_recThread->isRunning() || !std::exchange(m_recognising, false))
         return;
-    TTSPlayer::Instance()->stop();
+    stopSpeech();
     delete m_sandGlass;
     const QString scan = std::exchange(m_pendingText, QString());
     if (m_rename && !takeScannedName(scan))
@@ -120,9 +120,16 @@ void MyEdit::FinishRec()
     m_readDelay.start(delaySeconds * 1000);
 }
 
+// A menu that was opened meanwhile has the voice: it is not cut off.
+void MyEdit::stopSpeech()
+{
+    if (isEnabled())
+        TTSPlayer::Instance()->stop();
+}
+
 bool MyEdit::appendText(const QString& text)
 {
-    TTSPlayer::Instance()->stop();
+    stopSpeech();
     if (text.isEmpty())
         return false;
     const QString document = documentText();

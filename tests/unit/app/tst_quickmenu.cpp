@@ -79,6 +79,7 @@ private slots:
     void doesNotOpenDuringASwipe();
     void escapeReturnsToTheEditor();
     void scansWaitUntilTheEditorIsBack();
+    void scanRecognisedUnderAMenuIsNotReadOverIt();
     void readAgainReadsTheLastTextAgain();
     void readAgainWaitsForTheMenusVoice();
     void readAgainWithoutATextGivesTheHint();
@@ -167,6 +168,33 @@ void TestQuickMenu::scansWaitUntilTheEditorIsBack()
     f.press(Qt::Key_Escape);
     QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
     QTRY_COMPARE(f.window->editor()->documentText(), QStringLiteral("later "));
+}
+
+// It is in the text, and read when it is asked for.
+void TestQuickMenu::scanRecognisedUnderAMenuIsNotReadOverIt()
+{
+    EditorFixture f;
+    FakeOcr::setResult(u"late");
+    FakeOcr::hold();
+    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    QTRY_VERIFY(FakeOcr::isRecognizing());
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.press(Qt::Key_F12);
+    QTRY_VERIFY(FakeTts::isSpeaking() && f.lastSpoken().startsWith(QStringLiteral("Read again.")));
+    FakeOcr::release();
+    QTRY_VERIFY(f.window->editor()->documentText().endsWith(QStringLiteral("late ")));
+    f.window->editor()->readDelaySlot(); // what the delay's end does
+    QCoreApplication::processEvents();
+    QVERIFY(FakeTts::isSpeaking());
+    QVERIFY(f.lastSpoken().startsWith(QStringLiteral("Read again.")));
+    QVERIFY(!f.window->editor()->soundThread()->isRunning());
+    FakeTts::setPace(FakeTts::Pace::Automatic);
+    QVERIFY(FakeTts::finish());
+    f.settle();
+    QVERIFY(!f.spoken().contains(QStringLiteral("late")));
+    f.press(Qt::Key_Return); // "Read again."
+    QCOMPARE(f.current(), f.window->editor());
+    QTRY_COMPARE(f.lastSpoken(), QStringLiteral("late"));
 }
 
 void TestQuickMenu::readAgainReadsTheLastTextAgain()
