@@ -5,9 +5,13 @@
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/fakeiap.h"
+#include "tests/shared/questionwatcher.h"
 #include "tests/shared/windowfixture.h"
+#include "widgets/messagedialog.h"
 
 namespace {
+
+constexpr Qt::Key ExtraKeys[] = {Qt::Key_F9, Qt::Key_F10, Qt::Key_F11, Qt::Key_F12, Qt::Key_Space};
 
 void settle(WindowFixture& f)
 {
@@ -44,6 +48,8 @@ private slots:
     void lastWordsOfAMenuAgain();
     void lastReadingAgain();
     void keysRestWhileTheCardIsAway();
+    void keysRestInAMessage();
+    void keysRestInAQuestion();
 };
 
 void TestExtraKeys::moreSettingsFromAMenu()
@@ -195,11 +201,50 @@ void TestExtraKeys::keysRestWhileTheCardIsAway()
     f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
     QWidget* frozen = f.current();
     const qsizetype before = f.spoken().size();
-    for (const Qt::Key key : {Qt::Key_F9, Qt::Key_F10, Qt::Key_Space})
+    for (const Qt::Key key : ExtraKeys)
         QTest::keyClick(f.window.get(), key);
     settle(f);
     QCOMPARE(f.current(), frozen);
     QCOMPARE(f.spoken().size(), before);
+}
+
+// What they would change lies below.
+void TestExtraKeys::keysRestInAMessage()
+{
+    WindowFixture f;
+    QWidget* before = f.current();
+    f.hush();
+    MessageDialog message(f.window.get(), QStringLiteral("message"), 60'000);
+    message.show();
+    for (const Qt::Key key : ExtraKeys)
+        QTest::keyClick(&message, key);
+    QVERIFY(message.isVisible());
+    QCOMPARE(f.current(), before);
+    QTRY_COMPARE(f.heard(), QStringList{"message"});
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    QCoreApplication::processEvents();
+    QCOMPARE(f.heard(), QStringList{"message"});
+}
+
+void TestExtraKeys::keysRestInAQuestion()
+{
+    WindowFixture f({QStringLiteral("a")});
+    QuestionWatcher questions;
+    f.window->deleteFileMenu();
+    questions.act([&](YesnoSelect* dialog) {
+        f.hush();
+        for (const Qt::Key key : ExtraKeys)
+            QTest::keyClick(dialog, key);
+        QVERIFY(dialog->isVisible());
+        QCOMPARE(dialog->getValue(), 0);
+        QVERIFY(f.heard().isEmpty());
+        dialog->reject();
+    });
+    QWidget* list = f.current();
+    f.press(Qt::Key_Return);
+    QCOMPARE(questions.count(), 1);
+    QCOMPARE(f.current(), list);
+    QCOMPARE(FileManager::Instance()->getFileNum(), 1);
 }
 
 QTEST_MAIN(TestExtraKeys)

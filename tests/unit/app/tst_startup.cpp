@@ -23,6 +23,7 @@ private slots:
     void onlyChineseAndEnglishSetTheChineseFlag();
     void missingScanFolderIsMadeBetweenFlushes();
     void presentScanFolderIsLeftAlone();
+    void scanFolderThatCannotBeMadeIsNoError();
     void storageWarningComesBelowOneMebibyte_data();
     void storageWarningComesBelowOneMebibyte();
     void logLineNamesTheKind_data();
@@ -90,6 +91,18 @@ void TestStartup::presentScanFolderIsLeftAlone()
     CallLog::clear();
     ensureScanFolder();
     QCOMPARE(fakes::calls(), QStringList());
+}
+
+void TestStartup::scanFolderThatCannotBeMadeIsNoError()
+{
+    const QString folder = m_state->root.path(QStringLiteral("/mnt/mmc/e_ScanFile"));
+    QVERIFY(QDir().rmdir(folder));
+    FakeSystem::setMakeDirectoryFails(true);
+    CallLog::clear();
+    ensureScanFolder();
+    QVERIFY(!QDir(folder).exists());
+    QCOMPARE(fakes::calls("syncStorage").size(), 2); // it is not looked at
+    QCOMPARE(Init(), 0);
 }
 
 void TestStartup::storageWarningComesBelowOneMebibyte_data()
