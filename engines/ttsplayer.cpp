@@ -105,10 +105,11 @@ int TTSPlayer::playAs(const QString& text, const Voice* voice)
 {
     const StopRequests::Mark mark = request.value_or(stops.mark());
     const std::lock_guard lock(playMutex);
+    if (voice && !stops.cancelled(mark))
+        take(*voice);
+    // As late as possible: the voice takes its time, and a stop meanwhile ends nothing yet.
     if (stops.cancelled(mark))
         return 1;
-    if (voice)
-        take(*voice);
     playing = mark;
     engineBusy = true;
     const int result = ZEMBRA_TTS_Play(text.utf16(), static_cast<int>(2 * text.length()), 0);

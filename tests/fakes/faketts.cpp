@@ -56,6 +56,12 @@ State& state()
     return *state;
 }
 
+unsigned stopsSoFar()
+{
+    const std::lock_guard lock(state().mutex);
+    return state().generation;
+}
+
 bool stopped(const Utterance& utterance)
 {
     return utterance.generation != state().generation;
@@ -96,7 +102,8 @@ std::vector<FakeTts::Report> reportsOf(std::u16string_view text)
     return reports;
 }
 
-int play(std::u16string_view text)
+// `stops` are those that had come when the text was handed over.
+int play(std::u16string_view text, unsigned stops)
 {
     State& engine = state();
     std::unique_lock lock(engine.mutex);
@@ -108,7 +115,7 @@ int play(std::u16string_view text)
         return 0;
 
     auto utterance = std::make_shared<Utterance>();
-    utterance->generation = engine.generation;
+    utterance->generation = stops;
     utterance->reports = reportsOf(text);
     ++engine.waiting;
     engine.changed.wait(lock, [&] { return !engine.current || stopped(*utterance); });
@@ -313,6 +320,7 @@ int ZEMBRA_TTS_SetHighlight_CallBack(ZEMBRA_TTS_HighlightCallback callback)
 
 int ZEMBRA_TTS_Play(const unsigned short* text, int bytes, int flag)
 {
+    const unsigned stops = stopsSoFar(); // first of all: a stop from now on is for this text
     const std::size_t units = text && bytes > 0 ? static_cast<std::size_t>(bytes) / 2 : 0;
     // A copy: what the caller's buffer becomes after the call is its own affair.
     std::u16string copy;
@@ -324,7 +332,7 @@ int ZEMBRA_TTS_Play(const unsigned short* text, int bytes, int flag)
     if (!text && bytes > 0)
         return -1;
     change([&copy](Settings& set) { set.texts.push_back(copy); });
-    return play(copy);
+    return play(copy, stops);
 }
 
 int ZEMBRA_TTS_Stop(void)
