@@ -63,6 +63,7 @@ void ContractDic::init()
 {
     const std::vector<std::string> folders = dichost::installDictionaries();
     std::vector<const char*> dirs;
+    dirs.reserve(folders.size());
     for (const std::string& folder : folders)
         dirs.push_back(folder.c_str());
     QVERIFY(ZEMBRA_DIC_GetDicList(&m_list, dirs.data(), int32_t(dirs.size())) >= 0);

@@ -229,7 +229,7 @@ void Wanderer::endSomeTimer()
 {
     static const QStringList names = {QStringLiteral("message"), QStringLiteral("message"),
                                       QStringLiteral("autosave"), QStringLiteral("delay")};
-    const QString name = names.at(upTo(int(names.size())));
+    const QString& name = names.at(upTo(int(names.size())));
     note(QStringLiteral("time %1").arg(name));
     m_stage.endTimer(name);
 }
