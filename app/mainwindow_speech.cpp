@@ -3,10 +3,10 @@
 #include "app/mainwindow.h"
 
 #include "editor/myedit.h"
-#include "editor/speechtext.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "engines/flags.h"
+#include "engines/speechtext.h"
 #include "engines/ttsplayer.h"
 #include "store/launcher.h"
 

@@ -2,8 +2,8 @@
 #define MYEDIT_H
 
 #include "editor/quickseek.h"
-#include "editor/speechtext.h"
 #include "editor/wordwalk.h"
+#include "engines/speechtext.h"
 #include "engines/stimg.h"
 #include "store/fileinfo.h"
 

@@ -10,6 +10,5 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/editor/quickseek.cpp
     ${CMAKE_SOURCE_DIR}/editor/readingvoice.cpp
     ${CMAKE_SOURCE_DIR}/editor/scannedname.cpp
-    ${CMAKE_SOURCE_DIR}/editor/speechtext.cpp
     ${CMAKE_SOURCE_DIR}/editor/wordwalk.cpp
 )

@@ -1,6 +1,6 @@
 #include "editor/wordwalk.h"
 
-#include "editor/speechtext.h"
+#include "engines/speechtext.h"
 
 #include <QChar>
 

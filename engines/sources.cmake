@@ -14,6 +14,7 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/engines/readingthread.cpp
     ${CMAKE_SOURCE_DIR}/engines/recchar.cpp
     ${CMAKE_SOURCE_DIR}/engines/scanstart.cpp
+    ${CMAKE_SOURCE_DIR}/engines/speechtext.cpp
     ${CMAKE_SOURCE_DIR}/engines/speechworker.cpp
     ${CMAKE_SOURCE_DIR}/engines/stimg.cpp
     ${CMAKE_SOURCE_DIR}/engines/translater.cpp

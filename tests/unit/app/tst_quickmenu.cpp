@@ -1,9 +1,9 @@
 #include "app/mainwindow.h"
 
 #include "editor/myedit.h"
-#include "editor/speechtext.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
+#include "engines/speechtext.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakeocr.h"

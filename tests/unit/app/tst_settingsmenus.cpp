@@ -1,7 +1,7 @@
 #include "app/mainwindow.h"
 
-#include "editor/speechtext.h"
 #include "engines/cttsthread.h"
+#include "engines/speechtext.h"
 #include "platform/devicepaths.h"
 #include "tests/shared/windowfixture.h"
 #include "widgets/sandglass.h"

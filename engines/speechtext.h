@@ -3,8 +3,9 @@
 
 #include <QString>
 #include <QVector>
+#include <functional>
 
-/* Characters after which reading pauses; the editor's word separators. */
+/* Characters after which reading pauses; the screens' word separators. */
 extern const QString SpeechSeparators;
 
 /* How a text is to be read. */
@@ -13,6 +14,18 @@ struct SpeechSettings
     int language = 0;         // language code of the scan language
     int punctuationPause = 0; // setting, steps of 200 ms
     int wordPause = 0;        // setting, steps of 200 ms; 0: none
+
+    /* Characters that end a line; with word pauses they end a word as well. */
+    QString lineEnds = QStringLiteral("\u2029\n");
+
+    /* Whether punctuation is changed to suit the voice: the breath before a quotation, and ASCII
+     * instead of full-width marks for Chinese voices, which then get no pause tags. Otherwise
+     * every voice gets the text as it stands, with pause tags. */
+    bool adaptsPunctuation = true;
+
+    /* Asked at each character and word, on the caller's thread: whether the reading is no longer
+     * wanted. Null: it always is. */
+    std::function<bool()> isAbandoned;
 };
 
 /*
@@ -28,6 +41,7 @@ struct SpeechText
                                   // and pauses before and with it
     int punctuationTagLength = 0; // code units of one punctuation pause tag
     int wordTagLength = 0;        // code units of one word pause tag, 0 without word pauses
+    bool abandoned = false;       // given up half-way: the text is not whole and not to be spoken
 
     /*
      * Finds the source stretch of a prepared stretch; inserted code units at its ends are left
@@ -48,7 +62,8 @@ QString pauseTag(int milliseconds);
  * Chinese voices get full-width punctuation folded to ASCII. All others get pause tags after
  * punctuation and, when word pauses are on, after every word; a point or comma between two
  * digits is no pause. In front of the first straight double quote a punctuation mark or blank
- * becomes a comma, so that the voice takes breath.
+ * becomes a comma, so that the voice takes breath. The settings can leave the changes of
+ * punctuation out.
  */
 SpeechText prepareSpeechText(const QString& source, const SpeechSettings& settings);
 

@@ -1,4 +1,4 @@
-#include "editor/speechtext.h"
+#include "engines/speechtext.h"
 
 #include <QTest>
 
@@ -43,6 +43,11 @@ private slots:
     void rangeInsideMarkUpHasNoSource();
     void rangesOutsideTheTextHaveNoSource();
     void printThatLooksLikeATagIsBrokenUp();
+    void onlyTheLineEndsAskedForEndAWord();
+    void unchangedPunctuationLeavesQuotesAlone();
+    void unchangedPunctuationGivesChineseVoicesPauses();
+    void abandonedTextStopsWhereItWas_data();
+    void abandonedTextStopsWhereItWas();
 };
 
 void TestSpeechText::pauseTagHoldsMilliseconds()
@@ -250,6 +255,67 @@ void TestSpeechText::printThatLooksLikeATagIsBrokenUp()
     for (const int language : {English, Chinese})
         QVERIFY(
             !prepare(source, language, 0, 0).text.contains(QLatin1String("<vtml_pause time=\"6")));
+}
+
+void TestSpeechText::onlyTheLineEndsAskedForEndAWord()
+{
+    SpeechSettings settings;
+    settings.language = English;
+    settings.wordPause = 1;
+    settings.lineEnds = QStringLiteral("\n");
+    QCOMPARE(prepareSpeechText(QStringLiteral("a\u2029b\nc"), settings).text,
+             QStringLiteral("a\u2029b\n") + W + " c" + W + " ");
+}
+
+void TestSpeechText::unchangedPunctuationLeavesQuotesAlone()
+{
+    SpeechSettings settings;
+    settings.language = English;
+    settings.punctuationPause = 2;
+    settings.adaptsPunctuation = false;
+    QCOMPARE(prepareSpeechText(QStringLiteral("say \"yes\"."), settings).text,
+             QStringLiteral("say \"yes\".") + P);
+}
+
+void TestSpeechText::unchangedPunctuationGivesChineseVoicesPauses()
+{
+    SpeechSettings settings;
+    settings.language = Chinese;
+    settings.punctuationPause = 2;
+    settings.adaptsPunctuation = false;
+    QCOMPARE(prepareSpeechText(QStringLiteral("\u4f60\uff0c\u597d."), settings).text,
+             QStringLiteral("\u4f60\uff0c\u597d.") + P);
+}
+
+void TestSpeechText::abandonedTextStopsWhereItWas_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<int>("wordPause");
+    QTest::newRow("punctuation pauses") << English << 0;
+    QTest::newRow("word pauses") << English << 1;
+    QTest::newRow("Chinese") << Chinese << 0;
+}
+
+void TestSpeechText::abandonedTextStopsWhereItWas()
+{
+    QFETCH(int, language);
+    QFETCH(int, wordPause);
+    const QString source = QStringLiteral("one, two. ").repeated(1000);
+    int asked = 0;
+    SpeechSettings settings;
+    settings.language = language;
+    settings.wordPause = wordPause;
+    settings.isAbandoned = [&asked] { return ++asked == 20; };
+    const SpeechText result = prepareSpeechText(source, settings);
+    QVERIFY(result.abandoned);
+    QCOMPARE(asked, 20);
+    QVERIFY(result.origin.size() == result.text.size());
+    // Nothing beyond the place was copied.
+    for (const int origin : result.origin)
+        QVERIFY(origin < 20);
+
+    settings.isAbandoned = [] { return false; };
+    QVERIFY(!prepareSpeechText(source, settings).abandoned);
 }
 
 QTEST_GUILESS_MAIN(TestSpeechText)

@@ -1,4 +1,4 @@
-#include "editor/speechtext.h"
+#include "engines/speechtext.h"
 
 #include <array>
 #include <utility>
@@ -63,7 +63,8 @@ class Builder
 {
 public:
     explicit Builder(const SpeechSettings& settings)
-        : m_punctuationTag(pauseTag(MillisecondsPerStep * settings.punctuationPause))
+        : m_settings(settings),
+          m_punctuationTag(pauseTag(MillisecondsPerStep * settings.punctuationPause))
     {
         m_result.punctuationTagLength = static_cast<int>(m_punctuationTag.size());
     }
@@ -93,7 +94,7 @@ public:
     // where the running count of blanks and pauses starts.
     void copyWithPauses(QStringView text, qsizetype sourceOffset, int count)
     {
-        for (qsizetype i = 0; i < text.size(); ++i) {
+        for (qsizetype i = 0; i < text.size() && !isAbandoned(); ++i) {
             copyLiterally(text, i, sourceOffset);
             if (text.at(i) == u' ')
                 ++count;
@@ -104,10 +105,19 @@ public:
         }
     }
 
+    // Once given up, it stays given up.
+    bool isAbandoned()
+    {
+        if (!m_result.abandoned && m_settings.isAbandoned)
+            m_result.abandoned = m_settings.isAbandoned();
+        return m_result.abandoned;
+    }
+
     void setWordTagLength(qsizetype length) { m_result.wordTagLength = static_cast<int>(length); }
     SpeechText take() { return std::move(m_result); }
 
 private:
+    const SpeechSettings& m_settings;
     const QString m_punctuationTag;
     SpeechText m_result;
 };
@@ -117,7 +127,7 @@ SpeechText prepareChinese(QString text, const SpeechSettings& settings)
     for (QChar& c : text)
         c = foldChinese(c);
     Builder builder(settings);
-    for (qsizetype i = 0; i < text.size(); ++i)
+    for (qsizetype i = 0; i < text.size() && !builder.isAbandoned(); ++i)
         builder.copyLiterally(text, i, 0);
     SpeechText result = builder.take();
     result.punctuationTagLength = 0;
@@ -141,12 +151,12 @@ SpeechText prepareWordByWord(const QString& text, const SpeechSettings& settings
             builder.insert(wordTag);
         start = end;
     };
-    for (qsizetype i = 0; i < text.size(); ++i) {
+    for (qsizetype i = 0; i < text.size() && !builder.isAbandoned(); ++i) {
         if (text.at(i) == u' ') {
             endWord(i);
             builder.copy(u' ', i);
             start = i + 1;
-        } else if (text.at(i) == QChar::ParagraphSeparator || text.at(i) == u'\n') {
+        } else if (settings.lineEnds.contains(text.at(i))) {
             endWord(i + 1);
             builder.insert(QStringLiteral(" "));
         }
@@ -190,9 +200,11 @@ QString pauseTag(int milliseconds)
 SpeechText prepareSpeechText(const QString& source, const SpeechSettings& settings)
 {
     QString text = source;
-    breatheBeforeQuote(text);
-    if (isChineseVoice(settings.language))
-        return prepareChinese(text, settings);
+    if (settings.adaptsPunctuation) {
+        breatheBeforeQuote(text);
+        if (isChineseVoice(settings.language))
+            return prepareChinese(std::move(text), settings);
+    }
     if (settings.wordPause != 0)
         return prepareWordByWord(text, settings);
     Builder builder(settings);
