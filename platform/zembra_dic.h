@@ -94,6 +94,20 @@ int32_t ZEMBRA_DIC_FreeTypeDicList(struct tagDictTypeInfo** typeList);
 int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t kind,
                              int32_t number);
 
+/* What ZEMBRA_DIC_DescribeDic tells. */
+enum {
+    ZEMBRA_DIC_NAME =
+        0, /* display name: one line, at most ZEMBRA_DIC_WORD_UNITS units, not empty */
+    ZEMBRA_DIC_ORIGIN = 1 /* where it comes from and under what licence: lines, perhaps none */
+};
+
+/* Tells something about a dictionary, open or not. Writes as much of the text as fits into `bytes`
+ * bytes, without terminator and without half characters, and returns the number of bytes written.
+ * Fails for null, another `what`, a length that is negative or odd, no place for a text of any
+ * length, and for a dictionary that is away. May read files: some milliseconds. */
+int32_t ZEMBRA_DIC_DescribeDic(const struct tagDictInfo* dict, int32_t what, uint16_t* text,
+                               int32_t bytes);
+
 /* Opens a dictionary; searches go to it from then on. Fails for null or when its files cannot be
  * read. The first time may take seconds: not for the interface thread. */
 int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict);

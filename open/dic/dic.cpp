@@ -16,6 +16,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -137,6 +138,25 @@ int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t k
         return Failed;
     *dict = static_cast<const dic::DictionaryList*>(dicList)->at(number);
     return *dict ? Ok : Failed;
+}
+
+int32_t ZEMBRA_DIC_DescribeDic(const struct tagDictInfo* dict, int32_t what, uint16_t* text,
+                               int32_t bytes)
+{
+    if (!dict || !dict->source || !isText(text, bytes)
+        || (what != ZEMBRA_DIC_NAME && what != ZEMBRA_DIC_ORIGIN))
+        return Failed;
+    return guarded("DescribeDic", [=] {
+        if (!dict->description)
+            dict->description = dic::describe(*dict->source);
+        std::u16string_view told =
+            what == ZEMBRA_DIC_NAME ? dict->description->name : dict->description->origin;
+        told = told.substr(0, static_cast<std::size_t>(bytes) / 2);
+        if (!told.empty() && (told.back() & 0xfc00) == 0xd800)
+            told.remove_suffix(1); // no half characters
+        std::copy(told.begin(), told.end(), text);
+        return static_cast<int32_t>(2 * told.size());
+    });
 }
 
 int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict)

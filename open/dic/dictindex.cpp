@@ -62,20 +62,19 @@ bool isFact(std::string_view head)
     return head.starts_with("00database") || head.starts_with("00-database");
 }
 
-bool isTitle(std::string_view head)
+void keepFact(const Row& row, DictFacts& facts)
 {
-    return head == "00databaseshort" || head == "00-database-short";
+    const DictFacts::Place place = {row.offset, row.size};
+    if (row.head == "00databaseshort" || row.head == "00-database-short")
+        facts.title = place;
+    else if (row.head == "00databaseinfo" || row.head == "00-database-info")
+        facts.info = place;
+    else if (row.head == "00databaseurl" || row.head == "00-database-url")
+        facts.url = place;
 }
 
-} // namespace
-
-bool readDictIndex(const PlainFile& file, const RowSink& sink, DictFacts& facts,
-                   IndexReport& report)
+void readLines(std::string_view rest, const RowSink& sink, DictFacts& facts, IndexReport& report)
 {
-    std::string content;
-    if (!file.readAll(LargestIndex, content))
-        return false;
-    std::string_view rest = content;
     if (rest.starts_with(Mark))
         rest.remove_prefix(Mark.size());
     while (!rest.empty()) {
@@ -90,16 +89,42 @@ bool readDictIndex(const PlainFile& file, const RowSink& sink, DictFacts& facts,
         if (!readLine(line, row)) {
             ++report.damaged;
         } else if (isFact(row.head)) {
-            if (isTitle(row.head)) {
-                facts.titleOffset = row.offset;
-                facts.titleSize = row.size;
-            }
+            keepFact(row, facts);
         } else if (!row.head.empty()) {
             sink(row);
             ++report.rows;
         }
     }
+}
+
+} // namespace
+
+bool readDictIndex(const PlainFile& file, const RowSink& sink, DictFacts& facts,
+                   IndexReport& report)
+{
+    std::string content;
+    if (!file.readAll(LargestIndex, content))
+        return false;
+    readLines(content, sink, facts, report);
     return true;
+}
+
+DictFacts readDictFacts(const PlainFile& file)
+{
+    constexpr std::uint64_t FirstReach = 64 * 1024;
+    const auto ignore = [](const Row&) {};
+    DictFacts facts;
+    IndexReport report;
+    std::string beginning;
+    if (file.size() > FirstReach && file.read(0, FirstReach, beginning)) {
+        // The last line may be cut off.
+        readLines(std::string_view(beginning).substr(0, beginning.rfind('\n') + 1), ignore, facts,
+                  report);
+        if (facts.title.size > 0)
+            return facts;
+    }
+    readDictIndex(file, ignore, facts, report);
+    return facts;
 }
 
 } // namespace dic

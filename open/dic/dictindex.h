@@ -11,8 +11,15 @@ namespace dic {
 /* Where the body says what it is. */
 struct DictFacts
 {
-    std::uint64_t titleOffset = 0;
-    std::uint32_t titleSize = 0; // 0 when there is none
+    struct Place
+    {
+        std::uint64_t offset = 0;
+        std::uint32_t size = 0; // 0 when it does not say
+    };
+
+    Place title;
+    Place info; // origin and licence, at length
+    Place url;
 };
 
 /* Reads the index of a DICT dictionary: lines of head, place and length (in digits to the base of
@@ -21,6 +28,10 @@ struct DictFacts
  * read. */
 bool readDictIndex(const PlainFile& file, const RowSink& sink, DictFacts& facts,
                    IndexReport& report);
+
+/* Reads the facts alone. They sort near the beginning of an index, and no more of a large one is
+ * read when they are there. */
+DictFacts readDictFacts(const PlainFile& file);
 
 } // namespace dic
 

@@ -1,6 +1,7 @@
 #ifndef OPEN_DIC_DICTIONARYLIST_H
 #define OPEN_DIC_DICTIONARYLIST_H
 
+#include "open/dic/description.h"
 #include "open/dic/indexshelf.h"
 #include "open/dic/registry.h"
 #include "platform/zembra_dic.h"
@@ -17,6 +18,7 @@ struct tagDictInfo
 {
     std::optional<dic::Source> source; // none for one that is away and keeps its place
     dic::IndexShelf* shelf = nullptr;
+    mutable std::optional<dic::Description> description = {}; // once somebody asked
 };
 
 namespace dic {

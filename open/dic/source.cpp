@@ -1,10 +1,10 @@
 #include "open/dic/source.h"
 
+#include "open/dic/about.h"
 #include "open/dic/dictindex.h"
 #include "open/dic/log.h"
 #include "open/dic/stardictindex.h"
 #include "open/dic/stardictinfo.h"
-#include "open/dic/textlines.h"
 
 #include <algorithm>
 #include <array>
@@ -13,25 +13,7 @@ namespace dic {
 
 namespace {
 
-constexpr std::size_t LargestAbout = 64 * 1024;
 constexpr std::uint32_t LargestTitle = 4096;
-
-// The pair in NAME.about; none when there is no such file.
-LanguagePair pairOfAbout(const std::string& path)
-{
-    std::string content;
-    if (!PlainFile::open(path).readAll(LargestAbout, content))
-        return {};
-    TextLines lines(content);
-    std::string_view line;
-    while (lines.next(line)) {
-        std::string_view key;
-        std::string_view value;
-        if (splitAt('=', line, key, value) && key == "languages")
-            return pairOfTag(value);
-    }
-    return {};
-}
 
 std::string bodyPath(const Source& source)
 {
@@ -41,15 +23,11 @@ std::string bodyPath(const Source& source)
 
 std::string titleOfDict(const Source& source)
 {
-    DictFacts facts;
-    IndexReport report;
+    const DictFacts::Place place = readDictFacts(PlainFile::open(mainFile(source))).title;
     std::string why;
     std::string title;
-    if (!readDictIndex(
-            PlainFile::open(mainFile(source)), [](const Row&) {}, facts, report))
-        return {};
-    const auto body = facts.titleSize > 0 ? openBodyOf(source, why) : nullptr;
-    if (!body || !body->read(facts.titleOffset, std::min(facts.titleSize, LargestTitle), title))
+    const auto body = place.size > 0 ? openBodyOf(source, why) : nullptr;
+    if (!body || !body->read(place.offset, std::min(place.size, LargestTitle), title))
         return {};
     return title;
 }
@@ -77,7 +55,7 @@ std::string mainFile(const Source& source)
 
 bool learnPair(Source& source, std::string& why)
 {
-    source.pair = pairOfAbout(source.stem + ".about");
+    source.pair = readAbout(source.stem + ".about").languages;
     if (source.pair.isKnown())
         return true;
     const std::size_t slash = source.stem.rfind('/');

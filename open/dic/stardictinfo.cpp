@@ -37,6 +37,12 @@ bool apply(std::string_view key, std::string_view value, StarDictInfo& info)
         info.languages = value;
     else if (key == "sametypesequence")
         info.types = value;
+    else if (key == "author")
+        info.author = value;
+    else if (key == "website")
+        info.website = value;
+    else if (key == "description")
+        info.description = value;
     return true;
 }
 

@@ -14,6 +14,9 @@ struct StarDictInfo
     std::string title;
     std::string languages; // "deu-eng", usually empty
     std::string types;     // of the fields that all entries have, else each field names its type
+    std::string author;
+    std::string website;
+    std::string description;
     std::uint64_t words = 0;
     std::uint64_t synonyms = 0;
     std::uint64_t indexBytes = 0;

@@ -22,6 +22,17 @@ int32_t search(tagResultNodeInfo** result, const char* word)
     return ZEMBRA_DIC_SearchWord(result, text.data(), static_cast<int32_t>(2 * text.size()), 1, 0);
 }
 
+std::u16string told(const tagDictInfo* dict, int32_t what, int32_t bytes)
+{
+    std::vector<std::uint16_t> text(std::size_t(bytes) / 2 + 1, 0xdead);
+    const int32_t written = ZEMBRA_DIC_DescribeDic(dict, what, text.data(), bytes);
+    if (written < 0 || written > bytes || written % 2 != 0)
+        return u"failed";
+    if (text[std::size_t(written) / 2] != 0xdead)
+        return u"written beyond what is told";
+    return std::u16string(text.begin(), text.begin() + written / 2);
+}
+
 tagResultNodeInfo* const Unset = reinterpret_cast<tagResultNodeInfo*>(8);
 
 } // namespace
@@ -40,6 +51,11 @@ private slots:
     void releasingNullSucceeds();
     void numbersCountThroughThePairs();
     void aNumberOutsideTheListFails();
+    void everyDictionaryHasAName();
+    void nameAndOriginAreTold();
+    void aDescriptionIsCutBetweenCharacters();
+    void wrongQuestionsFail();
+    void aDictionaryThatIsAwayKeepsItsPlace();
     void openingNullFails();
     void closingWhatIsNotOpenSucceeds();
     void searchingWithoutOpenDictionaryFails();
@@ -166,6 +182,67 @@ void ContractDic::aNumberOutsideTheListFails()
         QVERIFY(ZEMBRA_DIC_SelectDic(&dict, m_list, 1, number) < 0);
         QVERIFY(!dict);
     }
+}
+
+void ContractDic::everyDictionaryHasAName()
+{
+    for (const tagDictTypeInfo* pair = pairs(); pair; pair = pair->next) {
+        for (const tagDictLink* link = pair->dicts; link; link = link->next) {
+            std::vector<std::uint16_t> text(1000);
+            const int32_t written =
+                ZEMBRA_DIC_DescribeDic(link->dict, ZEMBRA_DIC_NAME, text.data(), 2000);
+            if (pair->next == nullptr && link == pair->dicts)
+                QVERIFY(written < 0); // away
+            else
+                QVERIFY(written > 0 && written <= 2 * ZEMBRA_DIC_WORD_UNITS);
+        }
+    }
+}
+
+void ContractDic::nameAndOriginAreTold()
+{
+    QVERIFY(ZEMBRA_DIC_SelectDic(&m_dict, m_list, 1, 0) >= 0);
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 256), std::u16string(u"Clef \U0001D11E"));
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_ORIGIN, 256), std::u16string(u"Old prints\nPublic domain"));
+    QVERIFY(ZEMBRA_DIC_Initialize(m_dict) >= 0);
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 256), std::u16string(u"Clef \U0001D11E"));
+}
+
+void ContractDic::aDescriptionIsCutBetweenCharacters()
+{
+    QVERIFY(ZEMBRA_DIC_SelectDic(&m_dict, m_list, 1, 0) >= 0);
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 14), std::u16string(u"Clef \U0001D11E"));
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 12), std::u16string(u"Clef "));
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 8), std::u16string(u"Clef"));
+    QCOMPARE(told(m_dict, ZEMBRA_DIC_NAME, 0), std::u16string());
+    QCOMPARE(ZEMBRA_DIC_DescribeDic(m_dict, ZEMBRA_DIC_NAME, nullptr, 0), 0);
+}
+
+void ContractDic::wrongQuestionsFail()
+{
+    std::vector<std::uint16_t> text(100);
+    QVERIFY(ZEMBRA_DIC_SelectDic(&m_dict, m_list, 1, 0) >= 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(nullptr, ZEMBRA_DIC_NAME, text.data(), 200) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(m_dict, -1, text.data(), 200) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(m_dict, 2, text.data(), 200) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(m_dict, ZEMBRA_DIC_NAME, nullptr, 200) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(m_dict, ZEMBRA_DIC_NAME, text.data(), -2) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(m_dict, ZEMBRA_DIC_NAME, text.data(), 3) < 0);
+}
+
+void ContractDic::aDictionaryThatIsAwayKeepsItsPlace()
+{
+    const tagDictTypeInfo* const first = pairs();
+    const tagDictTypeInfo* const second = first ? first->next : nullptr;
+    QVERIFY(second && second->dicts && second->dicts->next);
+    tagDictInfo* const away = second->dicts->dict;
+    QVERIFY(away);
+    std::vector<std::uint16_t> text(100);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(away, ZEMBRA_DIC_NAME, text.data(), 200) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(away, ZEMBRA_DIC_ORIGIN, text.data(), 200) < 0);
+    QVERIFY(ZEMBRA_DIC_Initialize(away) < 0);
+    QVERIFY(ZEMBRA_DIC_DescribeDic(second->dicts->next->dict, ZEMBRA_DIC_NAME, text.data(), 200)
+            > 0);
 }
 
 void ContractDic::openingNullFails()

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 #include <set>
+#include <string_view>
 
 // The engine's own idea of a dictionary.
 struct tagDictInfo
@@ -279,11 +280,28 @@ int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t k
     return -1;
 }
 
+int32_t ZEMBRA_DIC_DescribeDic(const struct tagDictInfo* dict, int32_t what, uint16_t* text,
+                               int32_t bytes)
+{
+    if (const int32_t status =
+            scripted("ZEMBRA_DIC_DescribeDic", std::to_string(what) + ", " + std::to_string(bytes)))
+        return status;
+    if (!dict || dict->content.away || bytes < 0 || bytes % 2 != 0 || (bytes > 0 && !text)
+        || (what != ZEMBRA_DIC_NAME && what != ZEMBRA_DIC_ORIGIN))
+        return -1;
+    std::u16string_view told = what == ZEMBRA_DIC_NAME ? dict->content.name : dict->content.origin;
+    told = told.substr(0, static_cast<std::size_t>(bytes) / 2);
+    if (!told.empty() && (told.back() & 0xfc00) == 0xd800)
+        told.remove_suffix(1);
+    std::copy(told.begin(), told.end(), text);
+    return static_cast<int32_t>(2 * told.size());
+}
+
 int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict)
 {
     if (const int32_t status = scripted("ZEMBRA_DIC_Initialize", dict ? "dictionary" : "null"))
         return status;
-    if (!dict || dict->content.unreadable)
+    if (!dict || dict->content.unreadable || dict->content.away)
         return -1;
     state().open = dict;
     return 0;

@@ -26,6 +26,9 @@ public:
     {
         std::map<std::u16string, std::vector<Entry>> entries; // by the word looked up
         bool unreadable = false;
+        std::u16string name = u"A Dictionary";
+        std::u16string origin = {}; // and licence
+        bool away = false;          // keeps its place in its pair
     };
 
     static void reset();

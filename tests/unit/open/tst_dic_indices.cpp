@@ -114,8 +114,8 @@ void TestDicIndices::theTitleIsNoWord()
     for (const char* key : {"00databaseshort", "00-database-short"}) {
         m_facts = {};
         readDict(std::string(key) + "\tC\tD\n00databaseinfo\tE\tF\n");
-        QCOMPARE(m_facts.titleOffset, std::uint64_t(2));
-        QCOMPARE(m_facts.titleSize, std::uint32_t(3));
+        QCOMPARE(m_facts.title.offset, std::uint64_t(2));
+        QCOMPARE(m_facts.title.size, std::uint32_t(3));
         QVERIFY(m_rows.empty());
     }
 }
