@@ -38,6 +38,10 @@ class SandGlass;
  * scan that arrives while the user walks is appended all the same and takes the cursor with it:
  * what was scanned last is what is seen and read.
  *
+ * Dictionary mode. The editor takes the scans of the translate screen, too, and hands their text on
+ * (signalTransText). A scan goes where it was begun; one whose translate screen has been left
+ * meanwhile is appended, so that it is not lost.
+ *
  * Interface thread only, but for the functions that say otherwise. All access to the document
  * happens there; the workers get copies.
  */
@@ -232,6 +236,9 @@ signals:
     void signalQuickSet();
     /* Something to be told, in words that are on the screen. Comes when the editor is silent. */
     void signalHint(const QString& text);
+    /* Dictionary mode: a scan that was begun there has its text, empty when nothing was
+     * recognised. It is not appended. */
+    void signalTransText(const QString& text);
 
     /* Internal: a reading is about to be heard. Reaches the interface thread before the first of
      * its highlight reports. */
@@ -253,6 +260,7 @@ private:
     void stopAutoSave();
     /* Takes a scan from those that arrive; whoever calls owns it then. */
     void forgetArrival(_stImg* image);
+    void showBusy();
     void leaveEngine();
     bool saveDocument();
 
@@ -323,6 +331,7 @@ private:
     // Written by the recognition worker, read once it has ended.
     QString m_pendingText;
     bool m_recognising = false; // from Recognize() until its result was taken
+    bool m_scanIsForTrans = false; // the one that is being recognised
     std::atomic<bool> m_recognitionFailed = false;
 
     // Scans between the engine's thread and Recognize(): an event that is never delivered would

@@ -5,6 +5,7 @@
 #include "editor/appendrules.h"
 #include "engines/crecthread.h"
 #include "engines/csoundthread.h"
+#include "engines/flags.h"
 #include "engines/ocrpen.h"
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
@@ -55,10 +56,8 @@ int MyEdit::Recognize(_stImg* image)
         return -1;
     }
     m_restorePosition = m_keepPosition;
-    delete m_sandGlass;
-    m_sandGlass = new SandGlass(this);
-    m_sandGlass->setGeometry(SandGlass::Place);
-    m_sandGlass->show();
+    m_scanIsForTrans = g_InDict && !m_rename;
+    showBusy();
     m_recThread->setImg(image);
     m_recognitionFailed = false;
     m_recognising = true;
@@ -66,6 +65,16 @@ int MyEdit::Recognize(_stImg* image)
     if (m_rename)
         emit signalNewInput();
     return 0;
+}
+
+// The editor is hidden while the translate screen takes its scans.
+void MyEdit::showBusy()
+{
+    delete m_sandGlass;
+    m_sandGlass = new SandGlass(m_scanIsForTrans ? window() : this);
+    m_sandGlass->setGeometry(SandGlass::Place);
+    m_sandGlass->show();
+    m_sandGlass->raise();
 }
 
 int MyEdit::RecThread(_stImg* image)
@@ -100,6 +109,11 @@ void MyEdit::FinishRec()
     stopSpeech();
     delete m_sandGlass;
     const QString scan = std::exchange(m_pendingText, QString());
+    if (std::exchange(m_scanIsForTrans, false) && g_InDict) {
+        m_recognitionFailed = m_recognitionFailed || scan.isEmpty();
+        emit signalTransText(scan);
+        return;
+    }
     if (m_rename && !takeScannedName(scan))
         return;
     if (scan.isEmpty()) {
