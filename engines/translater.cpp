@@ -2,11 +2,18 @@
 
 #include "platform/devicepaths.h"
 #include "platform/zembra_dic.h"
+#include "store/configreader.h"
+#include "store/languagemanager.h"
 
 #include <QByteArray>
 #include <QFile>
+#include <QSettings>
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+#include <vector>
 
 std::atomic<Translater*> Translater::transInstance{nullptr};
 
@@ -20,16 +27,86 @@ constexpr std::array<const char*, DirectoryCount> Directories = {
     "/mnt/hidmmc/sysdict/defaultdict/", "/mnt/hidmmc/sysdict/fredict/", "/mnt/hidmmc/sysdict/",
     "/apps/data/dict/", "/mnt/mmc/usrdict/"};
 
+constexpr int DictionaryKind = 1; // the only kind that the engine selects from
+constexpr int SearchKind = 1;     // the only kind of search
+constexpr int SearchFlag = 0;
+constexpr int French = 103;
+
+constexpr int MaxSourceUnits = 8192;
+constexpr int MaxCandidateUnits = 80;
+
+enum Failure {
+    NotFound = -1,
+    NoDictionary = -2,
+    NotOpened = -3,
+    SearchFailed = -6,
+    NotFreed = -7,
+    NotClosed = -8,
+    ListNotFreed = -9
+};
+
+QString textOf(const std::uint16_t* units, int bytes)
+{
+    if (!units || bytes < 2)
+        return {};
+    return QString(reinterpret_cast<const QChar*>(units), bytes / 2);
+}
+
+// A field of fixed size, whatever length is written beside it.
+int fieldBytes(int bytes)
+{
+    return std::clamp(bytes, 0, 2 * int(ZEMBRA_DIC_WORD_UNITS));
+}
+
 _stTransLan pairOf(const tagDictTypeInfo& type)
 {
     _stTransLan pair;
     pair.lanID = type.lanID;
     pair.endLanID = static_cast<quint16>(type.endLanID);
-    pair.name = QString(reinterpret_cast<const QChar*>(type.name),
-                        std::clamp(type.nameBytes / 2, 0, int(ZEMBRA_DIC_WORD_UNITS)));
+    pair.name = textOf(type.name, fieldBytes(type.nameBytes));
     for (const tagDictLink* link = type.dicts; link; link = link->next)
         pair.dicts.append(link->dict);
     return pair;
+}
+
+QString described(const tagDictInfo* dict, int what, int maxUnits)
+{
+    std::vector<std::uint16_t> units(static_cast<std::size_t>(maxUnits));
+    return textOf(
+        units.data(),
+        std::min(ZEMBRA_DIC_DescribeDic(dict, what, units.data(), 2 * maxUnits), 2 * maxUnits));
+}
+
+QHash<const tagDictInfo*, QString> namesOf(const QVector<_stTransLan>& pairs)
+{
+    QHash<const tagDictInfo*, QString> names;
+    for (const _stTransLan& pair : pairs) {
+        for (qsizetype i = 0; i < pair.dicts.size(); ++i) {
+            QString name = described(pair.dicts.at(i), ZEMBRA_DIC_NAME, ZEMBRA_DIC_WORD_UNITS);
+            if (name.trimmed().isEmpty())
+                name = pair.name + u' ' + QString::number(i + 1);
+            names.insert(pair.dicts.at(i), name);
+        }
+    }
+    return names;
+}
+
+const std::uint16_t* unitsOf(const QString& text)
+{
+    return reinterpret_cast<const std::uint16_t*>(text.utf16());
+}
+
+int bytesOf(const QString& text)
+{
+    return static_cast<int>(2 * text.size());
+}
+
+void copyHeadword(const tagResultNodeInfo& node, tagWordPropertyIfo& property)
+{
+    property.wordBytes = fieldBytes(node.wordBytes);
+    std::memcpy(property.word, node.word, static_cast<std::size_t>(property.wordBytes));
+    property.zero = 0;
+    property.property = node.property;
 }
 
 } // namespace
@@ -61,6 +138,7 @@ Translater::~Translater()
 int Translater::init(int unused)
 {
     Q_UNUSED(unused)
+    const std::lock_guard engine(m_engine);
     dicList = nullptr;
     curDict = nullptr;
 
@@ -71,76 +149,267 @@ int Translater::init(int unused)
         dirs[i] = paths[i].constData();
     }
     if (ZEMBRA_DIC_GetDicList(&dicList, dirs.data(), DirectoryCount) < 0)
-        return -1;
-    GetDict();
+        return NotFound;
+    readPairs();
     initialized = 1;
     return 0;
 }
 
 int Translater::destroy()
 {
+    const std::lock_guard engine(m_engine);
     if (!initialized)
-        return -1;
+        return NotFound;
     initialized = 0;
-    if (ZEMBRA_DIC_Uninitialize(curDict) < 0)
-        return -8;
+    if (closeCurrent() < 0)
+        return NotClosed;
+    // The dictionaries in it are about to vanish.
+    sortClear();
     if (typeList) {
         if (ZEMBRA_DIC_FreeTypeDicList(&typeList) < 0)
-            return -1;
+            return NotFound;
         typeList = nullptr;
     }
     const int status = ZEMBRA_DIC_FreeDicList(&dicList);
     if (status < 0)
-        return -9;
+        return ListNotFreed;
     dicList = nullptr;
-    curDict = nullptr;
     return status;
 }
 
 int Translater::GetDict()
 {
+    const std::lock_guard engine(m_engine);
+    return readPairs();
+}
+
+// With m_engine held.
+int Translater::readPairs()
+{
     sortClear();
+    // The language of the menus is looked up and left aside: pairs are asked for in English, so
+    // that a pair is called the same on every pen.
+    const QSettings settings(devicePath(QStringLiteral("/apps/config/config.ini")),
+                             QSettings::IniFormat);
+    LanguageManager::Instance()->getLanIntByID(
+        settings.value(QStringLiteral("SystemSet/Lan"), 0).toInt());
     if (typeList) {
         if (ZEMBRA_DIC_FreeTypeDicList(&typeList) < 0)
-            return -1;
+            return NotFound;
         typeList = nullptr;
     }
-    // The pairs are asked for in English whatever the language of the menus.
+    if (!dicList)
+        return NotFound;
     const int status = ZEMBRA_DIC_GetDicTypeList(&typeList, dicList, "ENGLISH");
     if (status < 0)
-        return -1;
+        return NotFound;
+    QVector<_stTransLan> pairs;
     for (const tagDictTypeInfo* type = typeList; type; type = type->next)
-        sortTransLan(pairOf(*type));
+        pairs.append(pairOf(*type));
+    QHash<const tagDictInfo*, QString> names = namesOf(pairs);
+
+    const std::lock_guard table(m_table);
+    transLans = std::move(pairs);
+    m_names = std::move(names);
     return status;
 }
 
 int Translater::GetDict(QVector<_stTransLan>& pairs)
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard table(m_table);
     pairs = transLans;
-    return static_cast<int>(transLans.size());
+    return static_cast<int>(pairs.size());
+}
+
+// With m_table held, as dictAt().
+bool Translater::hasPair(int lanIndex) const
+{
+    return lanIndex >= 0 && lanIndex < transLans.size();
+}
+
+tagDictInfo* Translater::dictAt(int lanIndex, int dictIndex) const
+{
+    return hasPair(lanIndex) ? transLans.at(lanIndex).dicts.value(dictIndex) : nullptr;
 }
 
 int Translater::getLanID(int index)
 {
-    const std::lock_guard lock(m_mutex);
-    return index >= 0 && index < transLans.size() ? transLans.at(index).lanID : -1;
+    const std::lock_guard table(m_table);
+    return hasPair(index) ? transLans.at(index).lanID : -1;
 }
 
 int Translater::getEndLanID(int index)
 {
-    const std::lock_guard lock(m_mutex);
-    return index >= 0 && index < transLans.size() ? transLans.at(index).endLanID : -1;
+    const std::lock_guard table(m_table);
+    return hasPair(index) ? transLans.at(index).endLanID : -1;
+}
+
+bool Translater::isOpen(int lanIndex, int dictIndex)
+{
+    const std::lock_guard table(m_table);
+    const tagDictInfo* const dict = dictAt(lanIndex, dictIndex);
+    return dict && dict == m_open;
+}
+
+QString Translater::dictName(int lanIndex, int dictIndex)
+{
+    const std::lock_guard table(m_table);
+    return m_names.value(dictAt(lanIndex, dictIndex));
+}
+
+QString Translater::dictSource(int lanIndex, int dictIndex)
+{
+    const std::lock_guard engine(m_engine);
+    const tagDictInfo* dict = nullptr;
+    {
+        const std::lock_guard table(m_table);
+        dict = dictAt(lanIndex, dictIndex);
+    }
+    return dict ? described(dict, ZEMBRA_DIC_ORIGIN, MaxSourceUnits) : QString();
+}
+
+// With m_engine held, as openCurrent().
+int Translater::closeCurrent()
+{
+    {
+        const std::lock_guard table(m_table);
+        m_open = nullptr;
+    }
+    return ZEMBRA_DIC_Uninitialize(std::exchange(curDict, nullptr)) < 0 ? int(NotClosed) : 0;
+}
+
+int Translater::openCurrent()
+{
+    const int status = ZEMBRA_DIC_Initialize(curDict);
+    if (status < 0)
+        return NotOpened;
+    const std::lock_guard table(m_table);
+    m_open = curDict;
+    return status;
+}
+
+int Translater::setDict(int dictNumber)
+{
+    const std::lock_guard engine(m_engine);
+    if (curDict && closeCurrent() < 0)
+        return NotClosed;
+    if (!dicList || ZEMBRA_DIC_SelectDic(&curDict, dicList, DictionaryKind, dictNumber) < 0) {
+        curDict = nullptr;
+        return NoDictionary;
+    }
+    return openCurrent();
+}
+
+int Translater::setDict(int lanIndex, int dictIndex)
+{
+    const std::lock_guard engine(m_engine);
+    if (curDict && closeCurrent() < 0)
+        return NotClosed;
+    {
+        const std::lock_guard table(m_table);
+        if (!hasPair(lanIndex))
+            return NotFound;
+        if (dictIndex < 0 || dictIndex >= transLans.at(lanIndex).dicts.size())
+            return NoDictionary;
+        curDict = dictAt(lanIndex, dictIndex);
+    }
+    std::puts("setDict ZEMBRA_DIC_Initialize().....");
+    return openCurrent();
+}
+
+// French dictionaries spell their headwords with the small ligature only.
+QString Translater::adapted(const QString& word, int lanIndex)
+{
+    QString searched = word;
+    if (getLanID(lanIndex) == French)
+        searched.replace(u'\u00c6', u'\u00e6');
+    return searched;
+}
+
+int Translater::transWord(const QString& shown, const QString& word, QVector<_stTransItem>& items,
+                          bool& found, tagWordPropertyIfo& property)
+{
+    Q_UNUSED(shown)
+    found = false;
+    const QString searched = adapted(word, ConfigReader::Instance()->getLanDict());
+
+    const std::lock_guard engine(m_engine);
+    if (!initialized || searched.isEmpty())
+        return NotFound;
+    tagResultNodeInfo* result = nullptr;
+    if (ZEMBRA_DIC_SearchWord(&result, unitsOf(searched), bytesOf(searched), SearchKind, SearchFlag)
+        < 0)
+        return SearchFailed;
+    if (!result)
+        return NotFound;
+    copyHeadword(*result, property);
+    for (const tagResultNodeInfo* node = result; node; node = node->next)
+        items.append(
+            {textOf(node->text, node->textBytes), textOf(node->word, fieldBytes(node->wordBytes))});
+    if (ZEMBRA_DIC_FreeSearchResult(&result) < 0)
+        return NotFreed;
+    return static_cast<int>(items.size());
+}
+
+int Translater::transWordFirst(const QString& text, QVector<QString>& candidates, int& position,
+                               bool& found)
+{
+    found = false;
+    const std::lock_guard engine(m_engine);
+    if (!initialized || text.isEmpty())
+        return NotFound;
+    tagResultNodeInfo* result = nullptr;
+    if (ZEMBRA_DIC_GetFirstComment(&result, &position, unitsOf(text), bytesOf(text)) < 0)
+        return SearchFailed;
+    if (!result)
+        return NotFound;
+    for (const tagResultNodeInfo* node = result; node; node = node->next)
+        candidates.append(textOf(node->text, node->textBytes));
+    if (ZEMBRA_DIC_FreeSearchResult(&result) < 0)
+        return NotFreed;
+    return static_cast<int>(candidates.size());
 }
 
 void Translater::sortTransLan(const _stTransLan& pair)
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard table(m_table);
     transLans.append(pair);
 }
 
 void Translater::sortClear()
 {
-    const std::lock_guard lock(m_mutex);
+    const std::lock_guard table(m_table);
     transLans.clear();
+    m_names.clear();
+}
+
+int Translater::GetDefineStr(tagResultNodeInfo* first, tagResultNodeInfo* node, int flag)
+{
+    Q_UNUSED(first)
+    Q_UNUSED(flag)
+    return node ? 0 : -1;
+}
+
+int Translater::soundWord(char* text, int flag)
+{
+    return text && *text && flag != 0 ? 0 : -1;
+}
+
+int GetCandStrings(const unsigned short* buffer, int length, QStringList& out)
+{
+    if (!buffer)
+        return -1;
+    out.clear();
+    QString current;
+    for (int i = 0; i < std::min(length, MaxCandidateUnits); ++i) {
+        if (buffer[i] != 0) {
+            current += QChar(buffer[i]);
+            continue;
+        }
+        if (i > 0 && buffer[i - 1] == 0)
+            break;
+        if (!current.isEmpty())
+            out.append(std::exchange(current, QString()));
+    }
+    return static_cast<int>(out.size());
 }

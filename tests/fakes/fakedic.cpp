@@ -4,8 +4,11 @@
 #include "tests/fakes/calllog.h"
 
 #include <algorithm>
+#include <atomic>
+#include <condition_variable>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <set>
 #include <string_view>
 
@@ -53,6 +56,27 @@ struct State
     std::set<const void*> live; // lists, types and results that are not released
     tagDictInfo* open = nullptr;
     int misuses = 0;
+};
+
+// Not in the state: they are used by several threads.
+std::atomic<int> callsUnderWay{0};
+std::atomic<int> overlaps{0};
+std::mutex holdMutex;
+std::condition_variable holdChanged;
+bool held = false;
+
+// Stands in each function: a call of the engine.
+class Call
+{
+public:
+    Call()
+    {
+        if (callsUnderWay++ > 0)
+            ++overlaps;
+    }
+    ~Call() { --callsUnderWay; }
+    Call(const Call&) = delete;
+    Call& operator=(const Call&) = delete;
 };
 
 State& state()
@@ -149,6 +173,8 @@ void closeDictionariesOf(const List& list)
 
 void FakeDic::reset()
 {
+    holdInitialize(false);
+    overlaps = 0;
     state() = State();
 }
 
@@ -163,6 +189,15 @@ void FakeDic::fail(const std::string& function, std::int32_t status)
     state().failures[function] = std::min(status, 0);
 }
 
+void FakeDic::holdInitialize(bool on)
+{
+    {
+        const std::lock_guard lock(holdMutex);
+        held = on;
+    }
+    holdChanged.notify_all();
+}
+
 int FakeDic::openDictionaries()
 {
     return state().open ? 1 : 0;
@@ -175,11 +210,12 @@ int FakeDic::openRecords()
 
 int FakeDic::misuses()
 {
-    return state().misuses;
+    return state().misuses + overlaps;
 }
 
 int32_t ZEMBRA_DIC_GetDicList(void** dicList, const char* const* dirs, int32_t count)
 {
+    const Call call;
     std::string arguments;
     for (int32_t i = 0; i < count; ++i)
         arguments += fakes::penPath(dirs[i]) + ", ";
@@ -202,6 +238,7 @@ int32_t ZEMBRA_DIC_GetDicList(void** dicList, const char* const* dirs, int32_t c
 
 int32_t ZEMBRA_DIC_FreeDicList(void** dicList)
 {
+    const Call call;
     if (const int32_t status = scripted("ZEMBRA_DIC_FreeDicList"))
         return status;
     if (!dicList || !*dicList)
@@ -217,6 +254,7 @@ int32_t ZEMBRA_DIC_FreeDicList(void** dicList)
 int32_t ZEMBRA_DIC_GetDicTypeList(struct tagDictTypeInfo** typeList, void* dicList,
                                   const char* language)
 {
+    const Call call;
     const std::string named = language ? language : "null";
     if (const int32_t status = scripted("ZEMBRA_DIC_GetDicTypeList", named))
         return status;
@@ -248,6 +286,7 @@ int32_t ZEMBRA_DIC_GetDicTypeList(struct tagDictTypeInfo** typeList, void* dicLi
 
 int32_t ZEMBRA_DIC_FreeTypeDicList(struct tagDictTypeInfo** typeList)
 {
+    const Call call;
     if (const int32_t status = scripted("ZEMBRA_DIC_FreeTypeDicList"))
         return status;
     if (!typeList || !*typeList)
@@ -263,6 +302,7 @@ int32_t ZEMBRA_DIC_FreeTypeDicList(struct tagDictTypeInfo** typeList)
 
 int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t kind, int32_t number)
 {
+    const Call call;
     if (const int32_t status =
             scripted("ZEMBRA_DIC_SelectDic", std::to_string(kind) + ", " + std::to_string(number)))
         return status;
@@ -283,6 +323,7 @@ int32_t ZEMBRA_DIC_SelectDic(struct tagDictInfo** dict, void* dicList, int32_t k
 int32_t ZEMBRA_DIC_DescribeDic(const struct tagDictInfo* dict, int32_t what, uint16_t* text,
                                int32_t bytes)
 {
+    const Call call;
     if (const int32_t status =
             scripted("ZEMBRA_DIC_DescribeDic", std::to_string(what) + ", " + std::to_string(bytes)))
         return status;
@@ -299,8 +340,13 @@ int32_t ZEMBRA_DIC_DescribeDic(const struct tagDictInfo* dict, int32_t what, uin
 
 int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict)
 {
+    const Call call;
     if (const int32_t status = scripted("ZEMBRA_DIC_Initialize", dict ? "dictionary" : "null"))
         return status;
+    {
+        std::unique_lock lock(holdMutex);
+        holdChanged.wait_for(lock, FakePatience, [] { return !held; });
+    }
     if (!dict || dict->content.unreadable || dict->content.away)
         return -1;
     state().open = dict;
@@ -309,6 +355,7 @@ int32_t ZEMBRA_DIC_Initialize(struct tagDictInfo* dict)
 
 int32_t ZEMBRA_DIC_Uninitialize(struct tagDictInfo* dict)
 {
+    const Call call;
     if (const int32_t status = scripted("ZEMBRA_DIC_Uninitialize", dict ? "dictionary" : "null"))
         return status;
     if (dict && state().open == dict)
@@ -319,6 +366,7 @@ int32_t ZEMBRA_DIC_Uninitialize(struct tagDictInfo* dict)
 int32_t ZEMBRA_DIC_SearchWord(struct tagResultNodeInfo** result, const uint16_t* word,
                               int32_t bytes, int32_t kind, int32_t flag)
 {
+    const Call call;
     const std::u16string text = textOf(word, std::max(bytes, 0));
     const std::string arguments = "\"" + fakes::utf8(text) + "\", " + std::to_string(bytes) + ", "
                                   + std::to_string(kind) + ", " + std::to_string(flag);
@@ -336,6 +384,7 @@ int32_t ZEMBRA_DIC_SearchWord(struct tagResultNodeInfo** result, const uint16_t*
 int32_t ZEMBRA_DIC_GetFirstComment(struct tagResultNodeInfo** result, int32_t* position,
                                    const uint16_t* text, int32_t bytes)
 {
+    const Call call;
     const std::u16string line = textOf(text, std::max(bytes, 0));
     const std::string arguments = "\"" + fakes::utf8(line) + "\", " + std::to_string(bytes);
     if (const int32_t status = scripted("ZEMBRA_DIC_GetFirstComment", arguments))
@@ -360,6 +409,7 @@ int32_t ZEMBRA_DIC_GetFirstComment(struct tagResultNodeInfo** result, int32_t* p
 
 int32_t ZEMBRA_DIC_FreeSearchResult(struct tagResultNodeInfo** result)
 {
+    const Call call;
     if (const int32_t status = scripted("ZEMBRA_DIC_FreeSearchResult"))
         return status;
     if (!result || !*result)

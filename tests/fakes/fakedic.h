@@ -10,7 +10,7 @@
  * Control of the scripted dictionary engine behind platform/zembra_dic.h.
  *
  * Records belong to the engine; they are overwritten when they are released, and a release that
- * is missing or double is counted. One thread at a time.
+ * is missing or double is counted. One thread at a time: a call during another one is counted, too.
  */
 class FakeDic
 {
@@ -41,11 +41,16 @@ public:
      * makes it work again. */
     static void fail(const std::string& function, std::int32_t status);
 
+    /* While on, opening a dictionary takes its time: ZEMBRA_DIC_Initialize returns once this is
+     * off (or after FakePatience). */
+    static void holdInitialize(bool on);
+
     /* Dictionaries that are open, and lists, pairs and results that have not been released. */
     static int openDictionaries();
     static int openRecords();
 
-    /* Releases and calls with what the engine does not own (any more). */
+    /* Releases and calls with what the engine does not own (any more), and calls that came while
+     * another one was not over. */
     static int misuses();
 };
 
