@@ -330,7 +330,7 @@ private:
 
     // Written by the recognition worker, read once it has ended.
     QString m_pendingText;
-    bool m_recognising = false; // from Recognize() until its result was taken
+    bool m_recognising = false;    // from Recognize() until its result was taken
     bool m_scanIsForTrans = false; // the one that is being recognised
     std::atomic<bool> m_recognitionFailed = false;
 
