@@ -4,7 +4,10 @@
 #include <QThread>
 #include <atomic>
 
-/* Applies a change of the dictionary language in the background. The destructor waits. */
+/*
+ * Changes, opens and closes the dictionary in the background: opening one for the first time may
+ * take seconds. What a run does is told beforehand; the last word counts. The destructor waits.
+ */
 class CTtsThread : public QThread
 {
     Q_OBJECT
@@ -13,13 +16,21 @@ public:
     CTtsThread() = default;
     ~CTtsThread() override;
 
-    /* What the next run stores: the dictionary's index, and the dictionary language info. */
+    /* The next run stores the dictionary's language pair and its place in it, and opens it. */
     void setFlag(int dict, int value);
+
+    /* The next run opens the dictionary of the settings unless it is open; closes the one that is
+     * open. Nothing is stored. */
+    void setOpen();
+    void setClose();
 
 protected:
     void run() override;
 
 private:
+    enum class Job { Change, Open, Close };
+
+    std::atomic<Job> m_job{Job::Change};
     std::atomic<int> m_dict{0};
     std::atomic<int> m_value{0};
 };

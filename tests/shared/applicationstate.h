@@ -5,6 +5,7 @@
 #include "engines/flags.h"
 #include "engines/ocrpen.h"
 #include "engines/recchar.h"
+#include "engines/translater.h"
 #include "engines/ttsplayer.h"
 #include "store/configreader.h"
 #include "store/filemanager.h"
@@ -51,6 +52,7 @@ private:
     {
         OCRPen::quitFun();
         TTSPlayer::quitFun();
+        Translater::quitFun();
         FileManager::quitFun();
         if (ConfigReader::reader)
             ConfigReader::quitFun();

@@ -8,8 +8,10 @@
 #include "engines/ocrpen.h"
 #include "engines/readingthread.h"
 #include "engines/stimg.h"
+#include "engines/translater.h"
 #include "engines/ttsplayer.h"
 #include "tests/fakes/calls.h"
+#include "tests/fakes/fakedic.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
 #include "tests/fakes/testroot.h"
@@ -27,6 +29,21 @@ struct Speaker
 {
     void operator()(QString& text) const { TTSPlayer::Instance()->play(text); }
 };
+
+// Two dictionaries of one pair and one of another, which is damaged.
+void installDictionaries()
+{
+    FakeDic::Dictionary damaged;
+    damaged.unreadable = true;
+    FakeDic::addPair(101, 104, u"English - German", {{}, {}});
+    FakeDic::addPair(104, 101, u"German - English", {damaged});
+}
+
+void run(CTtsThread& thread)
+{
+    thread.start();
+    QVERIFY(thread.wait());
+}
 
 } // namespace
 
@@ -56,6 +73,11 @@ private slots:
     void anImageNeverRecognisedIsFreed();
     void withoutImageNothingIsRecognised();
     void theDictionaryChangeIsStored();
+    void theChosenDictionaryIsOpened();
+    void theDictionaryOfTheSettingsIsOpened();
+    void aDictionaryThatIsOpenIsLeftOpen();
+    void theDictionaryIsClosed();
+    void aDictionaryThatCannotBeOpenedLeavesNoneOpen();
     void theScanLanguageChangeIsStoredAndApplied_data();
     void theScanLanguageChangeIsStoredAndApplied();
 
@@ -76,6 +98,7 @@ void TestWorkers::init()
 
 void TestWorkers::cleanup()
 {
+    Translater::quitFun();
     fakes::reset();
     OCRPen::quitFun();
     TTSPlayer::quitFun();
@@ -314,6 +337,72 @@ void TestWorkers::theDictionaryChangeIsStored()
     QCOMPARE(ConfigReader::Instance()->getLanDictInfo(), 7);
     QCOMPARE(setting(QStringLiteral("DictTrans/LanDict")), 3);
     QCOMPARE(setting(QStringLiteral("DictTrans/LanDictInfo")), 7);
+}
+
+void TestWorkers::theChosenDictionaryIsOpened()
+{
+    installDictionaries();
+    CTtsThread thread;
+    thread.setFlag(0, 1);
+    run(thread);
+    QVERIFY(Translater::Instance()->isOpen(0, 1));
+    thread.setFlag(0, 0);
+    run(thread);
+    QVERIFY(Translater::Instance()->isOpen(0, 0));
+    QVERIFY(!Translater::Instance()->isOpen(0, 1));
+    QCOMPARE(FakeDic::openDictionaries(), 1);
+}
+
+void TestWorkers::theDictionaryOfTheSettingsIsOpened()
+{
+    installDictionaries();
+    ConfigReader::Instance()->setLanDict(0);
+    ConfigReader::Instance()->setLanDictInfo(1);
+    CTtsThread thread;
+    thread.setFlag(1, 0);
+    thread.setOpen();
+    run(thread);
+    QVERIFY(Translater::Instance()->isOpen(0, 1));
+    QCOMPARE(ConfigReader::Instance()->getLanDict(), 0);
+}
+
+void TestWorkers::aDictionaryThatIsOpenIsLeftOpen()
+{
+    installDictionaries();
+    CTtsThread thread;
+    thread.setOpen();
+    run(thread);
+    CallLog::clear();
+    run(thread);
+    QVERIFY(Translater::Instance()->isOpen(0, 0));
+    QCOMPARE(CallLog::count("ZEMBRA_DIC_Initialize"), 0);
+    QCOMPARE(CallLog::count("ZEMBRA_DIC_Uninitialize"), 0);
+}
+
+void TestWorkers::theDictionaryIsClosed()
+{
+    installDictionaries();
+    CTtsThread thread;
+    thread.setOpen();
+    run(thread);
+    thread.setClose();
+    run(thread);
+    QVERIFY(!Translater::Instance()->isOpen(0, 0));
+    QCOMPARE(FakeDic::openDictionaries(), 0);
+    QCOMPARE(ConfigReader::Instance()->getLanDict(), 0);
+}
+
+void TestWorkers::aDictionaryThatCannotBeOpenedLeavesNoneOpen()
+{
+    installDictionaries();
+    CTtsThread thread;
+    thread.setOpen();
+    run(thread);
+    thread.setFlag(1, 0);
+    run(thread);
+    QVERIFY(!Translater::Instance()->isOpen(1, 0));
+    QCOMPARE(FakeDic::openDictionaries(), 0);
+    QCOMPARE(setting(QStringLiteral("DictTrans/LanDict")), 1);
 }
 
 void TestWorkers::theScanLanguageChangeIsStoredAndApplied_data()
