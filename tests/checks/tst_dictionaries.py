@@ -1,0 +1,167 @@
+#!/usr/bin/env python3
+"""Dictionaries are gathered in their order, each with what it says about itself; what is missing is
+named and does not stop the rest; nothing is made twice."""
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+SCRIPTS = Path(__file__).resolve().parent.parent.parent / "scripts"
+CEDICT = """# CC-CEDICT
+#! date=2020-01-02T03:04:05Z
+#! license=https://creativecommons.org/licenses/by-sa/4.0/
+房 房 [fang2] /house/room/CL:間|间[jian1]/
+綠 绿 [lu:4] /green/see 房[fang2]/
+二 二 [er4] /two/
+歐 欧 [Ou1] /Europe/
+damaged line
+餃子 饺子 [jiao3 zi5] /dumpling/also pr. [jiao3zi4]/
+"""
+MAKER = """#!/bin/sh
+echo called >>"$(dirname "$0")/calls"
+printf 'house\\tA\\tE\\n' >"$1/self-made.index"
+printf 'casa' >"$1/self-made.dict"
+printf 'languages=eng-spa\\nname=Self-made\\nsource=here\\nlicence=free\\n' >"$1/self-made.about"
+printf 'went\\tgo\\n' >"$1/eng.forms"
+"""
+
+
+class Scripts(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="a tree ")
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+
+    def write(self, name, text, mode=0o644):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding="utf-8")
+        path.chmod(mode)
+        return path
+
+    def run_script(self, *command):
+        return subprocess.run([str(part) for part in command], text=True, cwd="/", check=False,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+
+
+class Gather(Scripts):
+    def setUp(self):
+        super().setUp()
+        for name in ("make-dictionaries", "dictfiles.py"):
+            (self.root / "scripts").mkdir(exist_ok=True)
+            shutil.copy2(SCRIPTS / name, self.root / "scripts" / name)
+        self.write("scripts/make-one", MAKER, 0o755)
+        self.write("scripts/make-none", "#!/bin/sh\necho first >&2\necho no network >&2\nexit 1\n", 0o755)
+        self.book = self.write("share/book.index", "Haus\tA\tF\n")
+        self.write("share/book.dict.dz", "not read here")
+        self.write("share/book.index.old", "")
+
+    def table(self, *lines):
+        self.write("scripts/dictionaries.txt", "# a comment\n\n" + "\n".join(lines) + "\n")
+
+    def book_row(self):
+        return f"deu-eng | {self.root}/share/book | no-such-package | A Book | GPL | https://e.org"
+
+    def gather(self):
+        return self.run_script(self.root / "scripts/make-dictionaries", self.root / "cache")
+
+    def pen(self):
+        pen = self.root / "cache/pen"
+        return sorted(str(path.relative_to(pen)) for path in pen.rglob("*") if path.is_file())
+
+    def test_order_and_descriptors(self):
+        self.table("eng-spa | make-one", self.book_row(), "forms | make-one")
+        done = self.gather()
+        self.assertEqual(done.returncode, 0, done.stdout)
+        place = "mnt/hidmmc/sysdict/defaultdict/"
+        self.assertEqual([name for name in self.pen() if name.startswith(place)],
+                         [place + "01-self-made.about", place + "01-self-made.dict",
+                          place + "01-self-made.index", place + "02-book.about",
+                          place + "02-book.dict.dz", place + "02-book.index"])
+        self.assertIn("apps/data/wordforms/eng.forms", self.pen())
+        about = (self.root / "cache/pen" / place / "02-book.about").read_text()
+        self.assertEqual(about, "languages=deu-eng\nname=A Book\nsource=https://e.org\n"
+                                "source=Debian package no-such-package ?\nlicence=GPL\n")
+        lines = done.stdout.splitlines()
+        self.assertRegex(lines[1], r"eng-spa +Self-made +free +here")
+        self.assertRegex(lines[2], r"deu-eng +A Book +GPL +https://e.org")
+
+    def test_missing_ones_are_named(self):
+        self.table("zho-eng | make-none", "fra-deu | /nowhere/book | dict-book | B | GPL | x",
+                   "spa-eng | make-one", "ita-eng | make-gone", self.book_row())
+        done = self.gather()
+        self.assertEqual(done.returncode, 0, done.stdout)
+        lines = done.stdout.splitlines()
+        self.assertIn("dictionaries: zho-eng: left out: no network", lines)
+        self.assertIn("dictionaries: fra-deu: left out: the package dict-book is not installed", lines)
+        self.assertIn("dictionaries: spa-eng: left out: scripts/make-one made none", lines)
+        self.assertIn("dictionaries: ita-eng: left out: no scripts/make-gone", lines)
+        self.assertIn("dictionaries: 1, none of them part of this project:", lines)
+        self.assertEqual(len(self.pen()), 3)
+
+    def test_nothing_is_made_twice(self):
+        self.table("eng-spa | make-one", self.book_row())
+        self.gather()
+        index = self.root / "cache/pen/apps/data/dictindex/kept"
+        index.parent.mkdir(parents=True)
+        index.write_text("")
+        self.gather()
+        self.assertEqual((self.root / "scripts/calls").read_text(), "called\n")
+        self.assertTrue(index.exists())
+
+    def test_changes_are_seen(self):
+        self.table("eng-spa | make-one", self.book_row())
+        self.gather()
+        self.write("scripts/make-one", MAKER + "# changed\n", 0o755)
+        self.gather()
+        self.assertEqual((self.root / "scripts/calls").read_text(), "called\n" * 2)
+        self.book.write_text("Haus\tA\tG\n")
+        self.gather()
+        copy = self.root / "cache/pen/mnt/hidmmc/sysdict/defaultdict/02-book.index"
+        self.assertEqual(copy.read_text(), "Haus\tA\tG\n")
+        self.table(self.book_row())
+        self.gather()
+        self.assertEqual(len(self.pen()), 3)
+
+
+class Chinese(Scripts):
+    def make(self, text):
+        (self.root / "out").mkdir()
+        return self.run_script(SCRIPTS / "make-chinese-dictionary", self.root / "out",
+                               self.write("cedict.u8", text))
+
+    def test_entries(self):
+        done = self.make(CEDICT)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        body = (self.root / "out/cc-cedict.dict").read_bytes()
+        self.assertEqual(body.decode().splitlines(),
+                         ["房 房 [fáng] /house/room/CL:間|间[jiān]/", "綠 绿 [lǜ] /green/see 房[fáng]/",
+                          "二 二 [èr] /two/", "歐 欧 [Ōu] /Europe/",
+                          "餃子 饺子 [jiǎo zi] /dumpling/also pr. [jiǎozì]/"])
+        rows = [line.split("\t") for line in (self.root / "out/cc-cedict.index").read_text().splitlines()]
+        self.assertEqual([row[0] for row in rows], sorted("房 绿 綠 二 欧 歐 饺子 餃子".split()))
+        digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/"
+        for head, *place in rows:
+            offset, size = (sum(digits.index(digit) * 64 ** i for i, digit in enumerate(number[::-1]))
+                            for number in place)
+            self.assertIn(head, body[offset:offset + size].decode().split()[:2])
+
+    def test_descriptor(self):
+        self.make(CEDICT)
+        about = (self.root / "out/cc-cedict.about").read_text()
+        self.assertIn("languages=zho-eng\nname=CC-CEDICT\n", about)
+        self.assertIn("2020-01-02", about)
+        self.assertIn("licence=CC BY-SA 4.0\n", about)
+
+    def test_another_licence_is_refused(self):
+        self.assertNotEqual(self.make(CEDICT.replace("by-sa", "by-nc")).returncode, 0)
+        self.assertEqual(os.listdir(self.root / "out"), [])
+
+    def test_nothing_is_refused(self):
+        self.assertNotEqual(self.make("#! license=https://creativecommons.org/licenses/by-sa/4.0/\n").returncode, 0)
+
+
+if __name__ == "__main__":
+    unittest.main()
