@@ -14,6 +14,7 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/store/languagemanager.cpp
     ${CMAKE_SOURCE_DIR}/store/launcher.cpp
     ${CMAKE_SOURCE_DIR}/store/localetext.cpp
+    ${CMAKE_SOURCE_DIR}/store/newwordmanager.cpp
     ${CMAKE_SOURCE_DIR}/store/plainfile.cpp
     ${CMAKE_SOURCE_DIR}/store/scannames.cpp
     ${CMAKE_SOURCE_DIR}/store/scantext.cpp
@@ -22,4 +23,5 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/store/storejournal.cpp
     ${CMAKE_SOURCE_DIR}/store/storejournal_redo.cpp
     ${CMAKE_SOURCE_DIR}/store/voicecodes.cpp
+    ${CMAKE_SOURCE_DIR}/store/wordbook.cpp
 )
