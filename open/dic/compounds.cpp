@@ -14,6 +14,7 @@ namespace dic {
 namespace {
 
 constexpr std::size_t ShortestPart = 3; // characters
+constexpr std::size_t ShortestInflectedPart = 4;
 constexpr std::size_t LongestWord = 60;
 constexpr std::size_t MostParts = 4;
 
@@ -44,8 +45,8 @@ Links linksOf(int language)
 class Splitter
 {
 public:
-    Splitter(std::string_view key, Links links, const std::function<bool(const std::string&)>& has)
-        : m_key(key), m_links(links), m_has(has)
+    Splitter(std::string_view key, Links links, const PartWords& words)
+        : m_key(key), m_links(links), m_has(words.has), m_inflected(words.inflected)
     {
     }
 
@@ -59,6 +60,27 @@ public:
         if (most > 1)
             splitOnce(length, most, best);
         m_known[{length, most}] = best;
+        return best;
+    }
+
+    // The same with an inflected last part, all parts before it being words or compounds.
+    std::vector<std::string> splitInflected(std::size_t most)
+    {
+        std::vector<std::string> best;
+        for (std::size_t at = 1; m_inflected && at < m_key.size(); ++at) {
+            const std::string last(m_key.substr(at));
+            if (U8_IS_TRAIL(static_cast<uint8_t>(last.front()))
+                || characterCount(last) < ShortestInflectedPart)
+                continue;
+            std::vector<std::string> parts = beginning(at, most - 1);
+            if (parts.empty() || (!best.empty() && parts.size() + 1 >= best.size()))
+                continue;
+            std::string word = m_inflected(last);
+            if (word.empty())
+                continue;
+            parts.push_back(std::move(word));
+            best = std::move(parts);
+        }
         return best;
     }
 
@@ -112,6 +134,7 @@ private:
     std::string_view m_key;
     Links m_links;
     const std::function<bool(const std::string&)>& m_has;
+    const std::function<std::string(const std::string&)>& m_inflected;
     std::map<std::pair<std::size_t, std::size_t>, std::vector<std::string>> m_known;
     std::map<std::string, bool> m_words;
 };
@@ -119,14 +142,15 @@ private:
 } // namespace
 
 std::vector<std::string> partsOfCompound(std::string_view key, int language,
-                                         const std::function<bool(const std::string&)>& has)
+                                         const PartWords& words)
 {
     const Links links = linksOf(language);
     if (links.empty() || characterCount(key) < 2 * ShortestPart || key.size() > LongestWord
         || key.find(' ') != std::string_view::npos)
         return {};
-    Splitter splitter(key, links, has);
-    return splitter.split(key.size(), MostParts);
+    Splitter splitter(key, links, words);
+    std::vector<std::string> parts = splitter.split(key.size(), MostParts);
+    return parts.empty() ? splitter.splitInflected(MostParts) : parts;
 }
 
 } // namespace dic

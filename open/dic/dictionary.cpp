@@ -1,10 +1,12 @@
 #include "open/dic/dictionary.h"
 
 #include "open/dic/fieldtext.h"
+#include "open/dic/folding.h"
 #include "open/dic/log.h"
 #include "open/dic/utf.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 namespace dic {
@@ -41,10 +43,13 @@ bool Dictionary::has(std::string_view key)
 std::vector<Hit> Dictionary::find(std::string_view key, std::string_view word)
 {
     std::vector<Hit> hits = read(m_sidecar->find(key));
-    for (Hit& hit : hits)
+    for (Hit& hit : hits) {
         hit.match = hit.entry.word == word ? Match::Exact : Match::Folded;
+        hit.ofOtherWord = hit.match != Match::Exact && foldedKey(hit.entry.word) != key;
+    }
     std::stable_sort(hits.begin(), hits.end(), [](const Hit& a, const Hit& b) {
-        return a.match != b.match ? a.match < b.match : a.entry.examples > b.entry.examples;
+        return std::tuple(a.ofOtherWord, a.match, -a.entry.prominence)
+               < std::tuple(b.ofOtherWord, b.match, -b.entry.prominence);
     });
     return hits;
 }

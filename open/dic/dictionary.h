@@ -22,6 +22,7 @@ struct Hit
 {
     EntryText entry;
     Match match = Match::Exact;
+    bool ofOtherWord = false; // the entry's own word is another than what it was found by
     std::uint64_t offset = 0; // of its text: an entry is shown once
 };
 
@@ -40,8 +41,8 @@ public:
     /* Whether there is a row for the folded key. Reads no entry. */
     bool has(std::string_view key);
 
-    /* The entries for the folded key, those spelled like `word` first, then those with the most
-     * examples. */
+    /* The entries for the folded key: those spelled like `word` first, those of another word last
+     * (abbreviations, cross references), else the most prominent first. */
     std::vector<Hit> find(std::string_view key, std::string_view word);
 
     /* Entries whose key without accents is this, too. */

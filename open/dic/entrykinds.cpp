@@ -46,7 +46,7 @@ void addWordNetSense(std::string_view text, std::string_view wordClass, EntryTex
     entry.senses.push_back(sense);
     if (rest.empty())
         return;
-    entry.examples += rest.find('"') != std::string_view::npos;
+    entry.prominence += rest.find('"') != std::string_view::npos;
     entry.extras.push_back(std::to_string(entry.senses.size()) + ". "
                            + tidy(rest.substr(rest.front() == ';' ? 2 : 1)));
 }

@@ -159,6 +159,7 @@ bool takeHeadLine(const EntryLine& line, std::string_view head, EntryText& entry
         entry.word = rest;
         entry.phonetics = phonetics;
         entry.grammar = grammarOf(line.text);
+        entry.wordClass = wordClassOf(line.text);
         return true;
     }
     // Another spelling of the word, with what only head lines have.
@@ -169,7 +170,30 @@ bool takeHeadLine(const EntryLine& line, std::string_view head, EntryText& entry
     entry.word = rest;
     entry.phonetics = phonetics;
     entry.grammar = grammarOf(line.text);
+    entry.wordClass = wordClassOf(line.text);
     return true;
+}
+
+char wordClassOf(std::string_view text)
+{
+    static constexpr std::array<std::pair<std::string_view, char>, 9> Classes = {{{"v", 'v'},
+                                                                                  {"n", 'n'},
+                                                                                  {"masc", 'n'},
+                                                                                  {"fem", 'n'},
+                                                                                  {"neut", 'n'},
+                                                                                  {"ut", 'n'},
+                                                                                  {"pl", 'n'},
+                                                                                  {"adj", 'a'},
+                                                                                  {"adv", 'a'}}};
+    const std::size_t start = text.find('<');
+    const std::size_t end = text.find('>', std::min(start, text.size()));
+    if (end == std::string_view::npos)
+        return 0;
+    const std::string_view tag = text.substr(start + 1, end - start - 1);
+    const std::string_view first = trimmed(tag.substr(0, std::min(tag.find(','), tag.size())));
+    const auto known = std::find_if(Classes.begin(), Classes.end(),
+                                    [first](const auto& entry) { return entry.first == first; });
+    return known == Classes.end() ? char(0) : known->second;
 }
 
 std::string tidy(std::string_view text)

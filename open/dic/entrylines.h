@@ -23,6 +23,10 @@ std::vector<EntryLine> linesOf(std::string_view raw);
  * tells whether it did. */
 bool takeHeadLine(const EntryLine& line, std::string_view head, EntryText& entry);
 
+/* The class of the word that the first tag in angle brackets tells ("<v, trans>": 'v'), as
+ * EntryText has it; 0 when there is none. */
+char wordClassOf(std::string_view text);
+
 /* Without grammar in angle brackets, except genders and plurals, which move to square ones; without
  * braces; blanks single. */
 std::string tidy(std::string_view text);

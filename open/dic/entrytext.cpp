@@ -32,6 +32,47 @@ bool isRemark(const EntryLine& line)
                           [&line](const char* word) { return line.text.starts_with(word); });
 }
 
+/* The labels that a sense begins with ("[fin.] bank") behind it: the translation is what is looked
+ * for. */
+std::string withLabelsLast(const std::string& sense)
+{
+    std::size_t start = 0;
+    while (start < sense.size() && sense[start] == '[') {
+        const std::size_t end = sense.find(']', start);
+        if (end == std::string::npos)
+            return sense;
+        start = std::min(sense.find_first_not_of(' ', end + 1), sense.size());
+    }
+    if (start == 0 || start == sense.size())
+        return sense;
+    return sense.substr(start) + " " + std::string(trimmed(sense.substr(0, start)));
+}
+
+// Whether the first translation is marked as one that few would use.
+bool isMarked(std::string_view sense)
+{
+    static constexpr std::array Marks = {"[coll.]", "[slang]", "[obs.]",     "[dated]",
+                                         "[poet.]", "[ugs.]",  "[veraltet]", "[veraltend]",
+                                         "[vulg.]", "[rare]",  "[archaic]",  "[selten]"};
+    const std::string_view first = sense.substr(0, sense.find(','));
+    return std::any_of(Marks.begin(), Marks.end(), [first](std::string_view mark) {
+        return first.find(mark) != std::string_view::npos;
+    });
+}
+
+// How many of the words that a line refers to are of one or two parts: forms and relatives.
+int shortReferences(std::string_view line)
+{
+    int count = 0;
+    for (std::size_t at = line.find('{'); at != std::string_view::npos; at = line.find('{', at)) {
+        const std::size_t end = std::min(line.find('}', at), line.size());
+        const std::string_view word = line.substr(at, end - at);
+        count += std::count(word.begin(), word.end(), ' ') < 2;
+        at = end;
+    }
+    return count;
+}
+
 // Takes a number that stands at the end of a line and belongs to the next one.
 void dropDanglingNumber(std::string_view& text)
 {
@@ -59,8 +100,9 @@ public:
         if (isReference(text)) {
             if (m_reference.empty())
                 m_reference = tidy(text.substr(text.find(':') + 1));
+            m_references += shortReferences(text);
         } else if (isExample(text)) {
-            ++m_entry.examples;
+            ++m_examples;
             addExtra(text);
         } else if (isRemark(line)) {
             addExtra(text);
@@ -75,11 +117,27 @@ public:
             m_entry.senses.push_back("\xe2\x86\x92 " + m_reference);
         if (m_entry.senses.empty())
             m_entry.senses.swap(m_entry.extras);
+        m_entry.prominence = prominence();
+        for (std::string& sense : m_entry.senses)
+            sense = withLabelsLast(sense);
     }
 
 private:
+    /* Dictionaries do not say which of a word's entries is its main one. It is the one that was
+     * worked on: with examples, its forms listed, and not marked as used by few or in one trade. */
+    int prominence() const
+    {
+        constexpr int MostExamples = 3;
+        constexpr int MostReferences = 8;
+        const std::string first = m_entry.senses.empty() ? "" : m_entry.senses.front();
+        return 4 * std::min(m_examples, MostExamples) + std::min(m_references, MostReferences)
+               - (first.starts_with('[') ? 4 : 0) - (isMarked(first) ? 8 : 0);
+    }
+
     void addSense(std::string_view text)
     {
+        if (!m_entry.wordClass && m_entry.senses.empty())
+            m_entry.wordClass = wordClassOf(text);
         const std::string_view whole = text;
         const bool explains = m_danglingNumber;
         dropDanglingNumber(text);
@@ -109,6 +167,8 @@ private:
     bool m_danglingNumber = false;
     bool m_goesOn = false; // the last line ended with a comma
     std::string m_reference;
+    int m_references = 0;
+    int m_examples = 0;
 };
 
 } // namespace

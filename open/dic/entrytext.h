@@ -15,7 +15,8 @@ struct EntryText
     std::string phonetics;           // without brackets
     std::string grammar;             // of the word: "[f]", "[pl]"
     std::vector<std::string> extras; // examples, synonyms, notes, one a line
-    int examples = 0;
+    char wordClass = 0;              // 'v' verb, 'n' noun, 'a' adjective or adverb, 0 untold
+    int prominence = 0;              // of the entry among those of its word, by how it is made up
 
     /* Senses in the first line, numbered when there are several; then phonetics and gender in
      * square brackets, then the extras. What is in square brackets, and what is not in the first

@@ -152,6 +152,17 @@ std::string capitalized(std::string_view word)
     return toUtf8(first + text.substr(end));
 }
 
+bool beginsWithCapital(std::string_view word)
+{
+    const std::u16string text = toUtf16(word.substr(0, 4));
+    if (text.empty())
+        return false;
+    std::size_t at = 0;
+    UChar32 c = 0;
+    U16_NEXT(text, at, text.size(), c);
+    return u_isupper(c) || u_istitle(c);
+}
+
 std::size_t characterCount(std::string_view text)
 {
     return static_cast<std::size_t>(std::count_if(

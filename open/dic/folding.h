@@ -17,6 +17,9 @@ std::string accentFreeKey(std::string_view key);
 /* The first character in capitals, as a title has it ("haus": "Haus"). */
 std::string capitalized(std::string_view word);
 
+/* Whether the first character is a capital letter. */
+bool beginsWithCapital(std::string_view word);
+
 /* How many characters (code points) a text has. */
 std::size_t characterCount(std::string_view text);
 

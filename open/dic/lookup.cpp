@@ -14,10 +14,12 @@ namespace dic {
 namespace {
 
 constexpr int Chinese = 1;
+constexpr int German = 104;
 constexpr std::size_t LongestWord = 200;      // code units
 constexpr std::size_t LongestChineseWord = 9; // the character and eight that follow
 constexpr std::size_t MostProbes = 100;       // words of a line that are looked up
 constexpr std::size_t ShortestPart = 2;
+constexpr std::size_t ShortestInflectedPart = 3;
 
 void append(std::vector<Hit>& hits, std::vector<Hit> more)
 {
@@ -36,6 +38,38 @@ std::vector<Hit> marked(std::vector<Hit> hits, Match match)
         hit.match = match;
     return hits;
 }
+
+bool agrees(const Hit& hit, const std::string& word)
+{
+    return beginsWithCapital(hit.entry.word) == beginsWithCapital(word);
+}
+
+void moveAgreeing(std::vector<Hit>& from, const std::string& word, std::vector<Hit>& to)
+{
+    const auto rest = std::stable_partition(
+        from.begin(), from.end(), [&word](const Hit& hit) { return agrees(hit, word); });
+    to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(rest));
+    from.erase(from.begin(), rest);
+}
+
+/* What a word led to, by how likely it is meant. */
+struct Found
+{
+    std::vector<Hit> leading;      // what it is mostly a form of
+    std::vector<Hit> exact;        // the word
+    std::vector<Hit> agreeing;     // what it is a form of, where the case tells it
+    std::vector<Hit> folded;       // the word in another spelling
+    std::vector<Hit> forms;        // what else it is a form of
+    std::vector<Hit> ofOtherWords; // entries that name it
+
+    std::vector<Hit> inOrder() &&
+    {
+        std::vector<Hit> hits;
+        for (auto* group : {&leading, &exact, &agreeing, &folded, &forms, &ofOtherWords})
+            append(hits, std::move(*group));
+        return hits;
+    }
+};
 
 } // namespace
 
@@ -70,24 +104,61 @@ std::vector<Hit> Lookup::searchChinese(std::u16string_view text)
     return hits;
 }
 
-// The word in any spelling, what it is a form of, else its stems.
+/* The word in any spelling and what it is a form of. Stems are asked for where the word is there in
+ * another case only, or not at all. */
 std::vector<Hit> Lookup::searchWord(const std::string& word)
 {
     const std::string key = foldedKey(word);
-    std::vector<Hit> hits;
     if (key.empty())
-        return hits;
-    append(hits, m_dictionary.find(key, word));
-    for (const std::string& lemma : m_forms.lemmas(key))
-        append(hits, marked(m_dictionary.find(foldedKey(lemma), lemma), Match::Inflected));
-    if (!hits.empty())
-        return hits;
-    for (const std::string& stem : m_forms.stems(word)) {
-        append(hits, marked(m_dictionary.find(foldedKey(stem), stem), Match::Inflected));
-        if (!hits.empty())
-            break;
+        return {};
+    Found found;
+    for (const Lemma& lemma : m_forms.lemmas(key))
+        append(lemma.leads ? found.leading : found.forms, findLemma(lemma));
+    for (Hit& hit : m_dictionary.find(key, word)) {
+        auto& place = hit.ofOtherWord              ? found.ofOtherWords
+                      : hit.match == Match::Exact ? found.exact
+                                                  : found.folded;
+        place.push_back(std::move(hit));
     }
-    return hits;
+    const bool caseTells = !beginsWithCapital(word) || m_dictionary.pair().from == German;
+    if (caseTells && !found.folded.empty()) {
+        if (found.exact.empty() && found.forms.empty())
+            found.forms = findStem(word, true);
+        moveAgreeing(found.forms, word, found.agreeing);
+    }
+    std::vector<Hit> hits = std::move(found).inOrder();
+    return hits.empty() ? findStem(word, false) : hits;
+}
+
+// Entries of the word class that the form tells come first.
+std::vector<Hit> Lookup::findLemma(const Lemma& lemma)
+{
+    std::vector<Hit> hits = m_dictionary.find(foldedKey(lemma.word), lemma.word);
+    std::erase_if(hits, [](const Hit& hit) { return hit.ofOtherWord; });
+    const auto distance = [&lemma](const Hit& hit) {
+        return !lemma.wordClass || hit.entry.wordClass == lemma.wordClass ? 0
+               : !hit.entry.wordClass                                     ? 1
+                                                                          : 2;
+    };
+    std::stable_sort(hits.begin(), hits.end(), [&distance](const Hit& a, const Hit& b) {
+        return distance(a) < distance(b);
+    });
+    return marked(std::move(hits), Match::Inflected);
+}
+
+// The first stem that the dictionary has; with `agreeing` only one in the case of the word.
+std::vector<Hit> Lookup::findStem(const std::string& word, bool agreeing)
+{
+    for (const std::string& stem : m_forms.stems(word)) {
+        if (agreeing && beginsWithCapital(stem) != beginsWithCapital(word))
+            continue;
+        std::vector<Hit> hits = findLemma({stem});
+        if (agreeing)
+            std::erase_if(hits, [&word](const Hit& hit) { return !agrees(hit, word); });
+        if (!hits.empty())
+            return hits;
+    }
+    return {};
 }
 
 std::vector<Hit> Lookup::searchParts(const std::string& word)
@@ -115,9 +186,10 @@ std::vector<Hit> Lookup::searchParts(const std::string& word)
 std::vector<Hit> Lookup::searchCompound(const std::string& word)
 {
     std::vector<Hit> hits;
-    const auto has = [this](const std::string& key) { return m_dictionary.has(key); };
+    const PartWords words = {[this](const std::string& key) { return m_dictionary.has(key); },
+                             [this](const std::string& key) { return inflectedPart(key); }};
     for (const std::string& part :
-         partsOfCompound(foldedKey(word), m_dictionary.pair().from, has)) {
+         partsOfCompound(foldedKey(word), m_dictionary.pair().from, words)) {
         // One entry a part, or the second part is never seen.
         std::vector<Hit> found = m_dictionary.find(part, capitalized(part));
         if (!found.empty()) {
@@ -126,6 +198,22 @@ std::vector<Hit> Lookup::searchCompound(const std::string& word)
         }
     }
     return hits;
+}
+
+// The key of what the last part of a compound is a form of; empty when there is none.
+std::string Lookup::inflectedPart(const std::string& part)
+{
+    std::vector<std::string> lemmas;
+    for (const Lemma& lemma : m_forms.lemmas(part))
+        lemmas.push_back(lemma.word);
+    if (lemmas.empty())
+        lemmas = m_forms.stems(m_dictionary.pair().from == German ? capitalized(part) : part);
+    for (const std::string& lemma : lemmas) {
+        const std::string key = foldedKey(lemma);
+        if (characterCount(key) >= ShortestInflectedPart && m_dictionary.has(key))
+            return key;
+    }
+    return {};
 }
 
 FirstWord Lookup::firstOf(std::u16string_view line)

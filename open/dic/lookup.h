@@ -21,9 +21,12 @@ struct FirstWord
 /*
  * Leads from words as they are printed to entries of a dictionary. In this order, and ending with
  * what finds something: the word itself and other spellings of it, together with what it is a form
- * of; stems; parts around an apostrophe; parts of a compound; and words that differ in accents
- * only, where the word is none of the language. In Chinese: all words that the text begins with,
- * the longest first.
+ * of, by the table or by stems; parts around an apostrophe; parts of a compound; and words that
+ * differ in accents only, where the word is none of the language. In Chinese: all words that the
+ * text begins with, the longest first.
+ *
+ * A word in small letters is no name and, in German, no noun; one in capitals is a noun there, or
+ * begins a sentence. What agrees with that comes first.
  */
 class Lookup
 {
@@ -41,6 +44,9 @@ public:
 private:
     std::vector<Hit> searchChinese(std::u16string_view text);
     std::vector<Hit> searchWord(const std::string& word);
+    std::vector<Hit> findLemma(const Lemma& lemma);
+    std::vector<Hit> findStem(const std::string& word, bool agreeing);
+    std::string inflectedPart(const std::string& part);
     std::vector<Hit> searchParts(const std::string& word);
     std::vector<Hit> searchCompound(const std::string& word);
 

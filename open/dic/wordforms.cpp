@@ -39,6 +39,26 @@ std::string converted(const std::string& text, const std::string& from, const st
     return out;
 }
 
+/* A line of a table. */
+struct Row
+{
+    std::string_view form;
+    std::string_view lemma;
+    char wordClass = 0;
+};
+
+bool readRow(std::string_view line, Row& row)
+{
+    std::string_view rest;
+    std::string_view wordClass;
+    if (!splitAt('\t', line, row.form, rest))
+        return false;
+    if (!splitAt('\t', rest, row.lemma, wordClass))
+        row.lemma = rest;
+    row.wordClass = wordClass.empty() ? char(0) : wordClass.front();
+    return !row.lemma.empty();
+}
+
 bool isReadable(const std::string& path)
 {
     const PlainFile file = PlainFile::open(path);
@@ -72,33 +92,47 @@ void WordForms::readTable(const std::string& path)
         return;
     }
     // Places first: the text grows while it is made.
-    std::vector<std::array<std::size_t, 3>> places; // start, length of key, length of lemma
+    struct Place
+    {
+        std::size_t start;
+        std::size_t keyLength;
+        std::size_t lemmaLength;
+        char wordClass;
+    };
+    std::vector<Place> places;
+    m_text.reserve(content.size());
     TextLines lines(content);
     std::string_view line;
+    Row row;
     while (lines.next(line)) {
-        std::string_view form;
-        std::string_view lemma;
-        if (!splitAt('\t', line, form, lemma) || lemma.empty())
+        if (!readRow(line, row))
             continue;
-        const std::string key = foldedKey(form);
-        places.push_back({m_text.size(), key.size(), lemma.size()});
-        m_text.append(key).append(lemma);
+        const std::string key = foldedKey(row.form);
+        places.push_back({m_text.size(), key.size(), row.lemma.size(), row.wordClass});
+        m_text.append(key).append(row.lemma);
     }
     const std::string_view text(m_text);
-    for (const auto& [start, keyLength, lemmaLength] : places)
-        m_forms.push_back(
-            {text.substr(start, keyLength), text.substr(start + keyLength, lemmaLength)});
+    m_forms.reserve(places.size());
+    for (const Place& place : places)
+        m_forms.push_back({text.substr(place.start, place.keyLength),
+                           text.substr(place.start + place.keyLength, place.lemmaLength),
+                           place.wordClass});
     std::stable_sort(m_forms.begin(), m_forms.end(),
                      [](const Form& a, const Form& b) { return a.key < b.key; });
 }
 
-std::vector<std::string> WordForms::lemmas(std::string_view key) const
+std::vector<Lemma> WordForms::lemmas(std::string_view key) const
 {
-    std::vector<std::string> found;
+    std::vector<Lemma> found;
     auto form = std::lower_bound(m_forms.begin(), m_forms.end(), key,
                                  [](const Form& a, std::string_view b) { return a.key < b; });
-    for (; form != m_forms.end() && form->key == key && found.size() < MostStems; ++form)
-        found.emplace_back(form->lemma);
+    for (; form != m_forms.end() && form->key == key && found.size() < MostStems; ++form) {
+        if (foldedKey(form->lemma) != key)
+            found.push_back({std::string(form->lemma), form->wordClass, false});
+        else
+            for (Lemma& lemma : found)
+                lemma.leads = true;
+    }
     return found;
 }
 

@@ -14,13 +14,21 @@ namespace dic {
  * files: they come from the pen's own storage, never from a card. */
 struct WordFormFiles
 {
-    std::string table;      // "deu.forms": lines of form, tab, lemma
+    std::string table;      // "deu.forms": lines of form, tab, lemma, perhaps tab, class
     std::string affixes;    // "deu.aff" of Hunspell
     std::string dictionary; // "deu.dic" of Hunspell
 };
 
 /* The files of a language in a folder, there or not. */
 WordFormFiles wordFormFiles(const std::string& folder, int language);
+
+/* What a form is a form of. */
+struct Lemma
+{
+    std::string word;
+    char wordClass = 0;  // 'v' verb, 'n' noun, 'a' adjective or adverb, 0 untold
+    bool leads = false;  // is meant more often than the word that is spelled like the form
+};
 
 /*
  * Knows which words are forms of which: by a table of the irregular ones, and by Hunspell. Without
@@ -33,8 +41,9 @@ public:
     explicit WordForms(const WordFormFiles& files);
     ~WordForms();
 
-    /* What the table says the word (its folded key) is a form of, in the table's order. */
-    std::vector<std::string> lemmas(std::string_view key) const;
+    /* What the table says the word (its folded key) is a form of, in the table's order. A row in
+     * which the form is its own lemma is not among them: those before it lead. */
+    std::vector<Lemma> lemmas(std::string_view key) const;
 
     /* The stems that Hunspell sees, the longest first, without the word itself. */
     std::vector<std::string> stems(const std::string& word);
@@ -47,12 +56,13 @@ private:
     {
         std::string_view key;
         std::string_view lemma;
+        char wordClass = 0;
     };
 
     void readTable(const std::string& path);
     void openSpelling(const WordFormFiles& files);
 
-    std::string m_text; // of the table, with folded keys
+    std::string m_text; // of the table: folded keys and lemmas
     std::vector<Form> m_forms;
     std::unique_ptr<Hunspell> m_spelling;
     std::string m_encoding; // of Hunspell's files

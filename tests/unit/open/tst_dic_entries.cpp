@@ -96,7 +96,7 @@ void TestDicEntries::examplesAndRemarksComeLast()
     QCOMPARE(QString::fromStdU16String(entry.text()),
              QStringLiteral("gehen\n[gou]\nNote: mit etw.\n\"Let's go!\" - Gehen wir!\n"
                             "Synonyms: walk, leave\nNote: by sth."));
-    QCOMPARE(entry.examples, 1);
+    QVERIFY(entry.prominence > 0);
 }
 
 void TestDicEntries::sensesAreNumberedInOneParagraph()

@@ -245,7 +245,7 @@ void TestDicLookup::compounds()
     const std::set<std::string> words = {"haus", "boot", "arbeit", "ab", "bootshaus", "t\xc3\xbcr"};
     const auto has = [&words](const std::string& key) { return words.count(key) > 0; };
     std::string joined;
-    for (const std::string& part : dic::partsOfCompound(word.toStdString(), language, has))
+    for (const std::string& part : dic::partsOfCompound(word.toStdString(), language, {has}))
         joined += (joined.empty() ? "" : " ") + part;
     QCOMPARE(joined, parts.toStdString());
 }
@@ -411,7 +411,8 @@ void TestDicLookup::damagedTablesOfFormsAreLeftOut()
     }
     dicfiles::write(path("y.forms"), "no tab\n\t\nx\t\n\ty\nwent\tgo\n");
     const dic::WordForms forms({path("y.forms"), {}, {}});
-    QCOMPARE(forms.lemmas("went"), std::vector<std::string>{"go"});
+    QCOMPARE(forms.lemmas("went").size(), std::size_t(1));
+    QCOMPARE(forms.lemmas("went").front().word, std::string("go"));
     QVERIFY(forms.lemmas("x").empty());
 }
 
