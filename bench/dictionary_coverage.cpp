@@ -162,12 +162,13 @@ void measure(const dic::Source& source, dic::IndexShelf& shelf,
     const auto share = [&](std::size_t count) {
         return words.empty() ? 0.0 : 100.0 * double(count) / double(words.size());
     };
-    std::printf("%s: %.2f %% of %zu words; as written %.1f, forms %.1f, parts %.1f, compounds %.1f, "
-                "accents %.1f\n",
-                source.place.c_str(), share(found), words.size(),
-                share(ways[dic::Match::Exact] + ways[dic::Match::Folded]),
-                share(ways[dic::Match::Inflected]), share(ways[dic::Match::Part]),
-                share(ways[dic::Match::Compound]), share(ways[dic::Match::AccentFree]));
+    std::printf(
+        "%s: %.2f %% of %zu words; as written %.1f, forms %.1f, parts %.1f, compounds %.1f, "
+        "accents %.1f\n",
+        source.place.c_str(), share(found), words.size(),
+        share(ways[dic::Match::Exact] + ways[dic::Match::Folded]),
+        share(ways[dic::Match::Inflected]), share(ways[dic::Match::Part]),
+        share(ways[dic::Match::Compound]), share(ways[dic::Match::AccentFree]));
     if (options.missed)
         showMissed(words);
     if (options.sample > 0)

@@ -141,8 +141,7 @@ private:
 
 } // namespace
 
-std::vector<std::string> partsOfCompound(std::string_view key, int language,
-                                         const PartWords& words)
+std::vector<std::string> partsOfCompound(std::string_view key, int language, const PartWords& words)
 {
     const Links links = linksOf(language);
     if (links.empty() || characterCount(key) < 2 * ShortestPart || key.size() > LongestWord

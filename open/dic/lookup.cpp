@@ -46,8 +46,8 @@ bool agrees(const Hit& hit, const std::string& word)
 
 void moveAgreeing(std::vector<Hit>& from, const std::string& word, std::vector<Hit>& to)
 {
-    const auto rest = std::stable_partition(
-        from.begin(), from.end(), [&word](const Hit& hit) { return agrees(hit, word); });
+    const auto rest = std::stable_partition(from.begin(), from.end(),
+                                            [&word](const Hit& hit) { return agrees(hit, word); });
     to.insert(to.end(), std::make_move_iterator(from.begin()), std::make_move_iterator(rest));
     from.erase(from.begin(), rest);
 }
@@ -115,7 +115,7 @@ std::vector<Hit> Lookup::searchWord(const std::string& word)
     for (const Lemma& lemma : m_forms.lemmas(key))
         append(lemma.leads ? found.leading : found.forms, findLemma(lemma));
     for (Hit& hit : m_dictionary.find(key, word)) {
-        auto& place = hit.ofOtherWord              ? found.ofOtherWords
+        auto& place = hit.ofOtherWord             ? found.ofOtherWords
                       : hit.match == Match::Exact ? found.exact
                                                   : found.folded;
         place.push_back(std::move(hit));
@@ -140,9 +140,8 @@ std::vector<Hit> Lookup::findLemma(const Lemma& lemma)
                : !hit.entry.wordClass                                     ? 1
                                                                           : 2;
     };
-    std::stable_sort(hits.begin(), hits.end(), [&distance](const Hit& a, const Hit& b) {
-        return distance(a) < distance(b);
-    });
+    std::stable_sort(hits.begin(), hits.end(),
+                     [&distance](const Hit& a, const Hit& b) { return distance(a) < distance(b); });
     return marked(std::move(hits), Match::Inflected);
 }
 

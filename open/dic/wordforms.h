@@ -26,8 +26,8 @@ WordFormFiles wordFormFiles(const std::string& folder, int language);
 struct Lemma
 {
     std::string word;
-    char wordClass = 0;  // 'v' verb, 'n' noun, 'a' adjective or adverb, 0 untold
-    bool leads = false;  // is meant more often than the word that is spelled like the form
+    char wordClass = 0; // 'v' verb, 'n' noun, 'a' adjective or adverb, 0 untold
+    bool leads = false; // is meant more often than the word that is spelled like the form
 };
 
 /*
