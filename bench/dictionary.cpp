@@ -2,11 +2,12 @@
  * What the dictionary engine costs, on the dictionaries of a folder: making and opening indices,
  * finding rows, reading entries, whole look-ups; and how soon an entry shows a translation.
  */
+#include "bench/dictmeasure.h"
 #include "open/dic/chunkedbody.h"
-#include "open/dic/dictindex.h"
 #include "open/dic/folderscan.h"
 #include "open/dic/folding.h"
 #include "open/dic/lookup.h"
+#include "open/dic/penfolders.h"
 #include "open/dic/utf.h"
 
 #include <algorithm>
@@ -15,69 +16,27 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <functional>
+#include <malloc.h>
+#include <memory>
 #include <string>
-#include <time.h>
 #include <unistd.h>
 #include <vector>
 
 namespace fs = std::filesystem;
+using dictmeasure::microseconds;
+using dictmeasure::percentile;
+using dictmeasure::verdict;
 
 namespace {
 
 constexpr std::size_t Samples = 2000;
 constexpr std::size_t SoonEnough = 60; // characters before the first translation
 
-// Of the processor, which is what counts beside other work.
-double microseconds(const std::function<void()>& work)
+// In use on the heap.
+double heapKilobytes()
 {
-    const auto now = [] {
-        timespec time = {};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
-double percentile(std::vector<double> values, double share)
-{
-    if (values.empty())
-        return 0;
-    std::sort(values.begin(), values.end());
-    return values[std::min(values.size() - 1, std::size_t(share * double(values.size())))];
-}
-
-long residentKilobytes()
-{
-    long pages = 0;
-    long resident = 0;
-    std::ifstream("/proc/self/statm") >> pages >> resident;
-    return resident * (sysconf(_SC_PAGESIZE) / 1024);
-}
-
-// Words all over the index, each once.
-std::vector<std::string> sampleWords(const dic::Source& source)
-{
-    std::vector<std::string> words;
-    dic::DictFacts facts;
-    dic::IndexReport report;
-    const dic::PlainFile index = dic::PlainFile::open(dic::mainFile(source));
-    dic::readDictIndex(
-        index, [](const dic::Row&) {}, facts, report);
-    const std::size_t step = std::max<std::size_t>(1, report.rows / Samples);
-    std::size_t row = 0;
-    const auto keep = [&](const dic::Row& found) {
-        if (row++ % step == 0)
-            words.emplace_back(found.head);
-    };
-    dic::readDictIndex(index, keep, facts, report);
-    // Not in the order of the file, which would flatter the caches.
-    std::sort(words.begin(), words.end(), [](const std::string& a, const std::string& b) {
-        return std::hash<std::string>()(a) < std::hash<std::string>()(b);
-    });
-    return words;
+    const struct mallinfo2 info = mallinfo2();
+    return double(info.uordblks + info.hblkhd) / 1024;
 }
 
 bool showsSoon(const std::u16string& text)
@@ -137,35 +96,63 @@ void measureEntries(const dic::Source& source, dic::Sidecar& sidecar,
             inflateOnly();
         }
     }
-    std::printf("  one entry: %.0f us median, pure inflate %.0f us, ratio %.2f\n",
-                percentile(ours, 0.5), percentile(pure, 0.5),
-                percentile(ours, 0.5) / percentile(pure, 0.5));
+    const double ratio = percentile(ours, 0.5) / percentile(pure, 0.5);
+    std::printf("  one entry: %.0f us median, pure inflate %.0f us, ratio %.2f %s\n",
+                percentile(ours, 0.5), percentile(pure, 0.5), ratio,
+                verdict(ratio, 1.15, "").c_str());
+}
+
+// What people look up: headwords, and as many that are none: torn, run together, misread.
+std::vector<std::string> anyWords(const std::vector<std::string>& heads)
+{
+    std::vector<std::string> words = heads;
+    for (std::size_t i = 0; i + 1 < heads.size(); ++i) {
+        const std::string& head = heads[i];
+        switch (i % 4) {
+        case 0:
+            words.push_back(head + heads[i + 1]);
+            break;
+        case 1:
+            words.push_back(std::string(dic::cutAt(head, head.size() * 2 / 3)));
+            break;
+        case 2:
+            words.push_back(head + "s");
+            break;
+        default:
+            words.push_back("l'" + head + "x");
+            break;
+        }
+    }
+    return words;
 }
 
 void measureLookUps(const dic::Source& source, dic::IndexShelf& shelf,
-                    const std::vector<std::string>& words)
+                    const std::vector<std::string>& heads)
 {
     const auto dictionary = dic::Dictionary::open(source, shelf);
     if (!dictionary)
         return;
-    dic::WordForms noForms;
-    dic::Lookup lookup(*dictionary, noForms);
+    dic::WordForms forms(dic::wordFormFiles(dic::wordFormFolder(), source.pair.from));
+    dic::Lookup lookup(*dictionary, forms);
     std::vector<double> times;
     std::size_t entries = 0;
     std::size_t soon = 0;
     std::size_t missed = 0;
-    for (const std::string& word : words) {
-        const std::u16string units = dic::toUtf16(word);
+    const std::vector<std::string> words = anyWords(heads);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        const std::u16string units = dic::toUtf16(words[i]);
         std::vector<dic::Hit> hits;
         times.push_back(microseconds([&] { hits = lookup.search(units); }));
-        missed += hits.empty();
+        missed += i < heads.size() && hits.empty();
         for (const dic::Hit& hit : hits) {
             ++entries;
             soon += showsSoon(hit.entry.text());
         }
     }
-    std::printf("  look-up: %.0f us median, %.0f us p99; %zu of %zu words missed\n",
-                percentile(times, 0.5), percentile(times, 0.99), missed, words.size());
+    const double p99 = percentile(times, 0.99);
+    std::printf(
+        "  look-up of any word: %.0f us median, %.0f us p99 %s; %zu of %zu headwords missed\n",
+        percentile(times, 0.5), p99, verdict(p99, 3000, " us").c_str(), missed, heads.size());
     std::printf("  entries that begin with a translation: %.2f %% of %zu\n",
                 entries ? 100.0 * double(soon) / double(entries) : 0.0, entries);
 }
@@ -176,21 +163,24 @@ void measure(const dic::Source& source, dic::IndexShelf& shelf)
     const auto start = std::chrono::steady_clock::now();
     shelf.open(source); // on the shelf's thread
     const std::chrono::duration<double, std::milli> made = std::chrono::steady_clock::now() - start;
-    const long before = residentKilobytes();
+    const double before = heapKilobytes();
     std::unique_ptr<dic::Sidecar> sidecar;
     const double opened = microseconds([&] { sidecar = shelf.open(source); });
     if (!sidecar)
         return;
-    std::printf("  index of %u rows: made in %.0f ms, opened in %.2f ms with %ld KB\n",
-                sidecar->rows(), made.count(), opened / 1000, residentKilobytes() - before);
-    const std::vector<std::string> words = sampleWords(source);
+    const double memory = heapKilobytes() - before;
+    std::printf("  index of %u rows: made in %.0f ms, opened in %.2f ms %s with %.0f KB %s\n",
+                sidecar->rows(), made.count(), opened / 1000,
+                verdict(opened / 1000, 5, " ms").c_str(), memory,
+                verdict(memory, 2048, " KB").c_str());
+    const std::vector<std::string> words = dictmeasure::sampleWords(source, Samples);
     std::vector<double> times;
     for (const std::string& word : words) {
         const std::string key = dic::foldedKey(word);
         times.push_back(microseconds([&] { sidecar->find(key); }));
     }
-    std::printf("  index step: %.1f us median, %.1f us p99\n", percentile(times, 0.5),
-                percentile(times, 0.99));
+    std::printf("  index step: %.1f us median %s, %.1f us p99\n", percentile(times, 0.5),
+                verdict(percentile(times, 0.5), 10, " us").c_str(), percentile(times, 0.99));
     measureEntries(source, *sidecar, words);
     measureLookUps(source, shelf, words);
 }
@@ -206,7 +196,8 @@ void measureScan(const fs::path& folder)
     }
     std::size_t found = 0;
     const double time = microseconds([&] { found = dic::scanFolders({folder.string()}).size(); });
-    std::printf("scan of %zu dictionaries: %.0f ms\n", found, time / 1000);
+    std::printf("scan of %zu dictionaries: %.0f ms %s\n", found, time / 1000,
+                verdict(time / 1000, 150, " ms").c_str());
 }
 
 } // namespace
