@@ -15,7 +15,8 @@ bool modelExists(const std::string& folder, const std::string& name)
 {
     std::error_code error;
     const auto file = std::filesystem::path(folder) / (name + ".traineddata");
-    return std::filesystem::is_regular_file(file, error);
+    const auto status = std::filesystem::status(file, error);
+    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
 /* Tesseract's name of the models for a language, of those that the folder has; empty without. */
@@ -46,6 +47,17 @@ void forbidHelperThreads()
     omp_set_max_active_levels(0);
 }
 
+/* What pictures of dirt and files that are no models make the libraries say is of no use to anybody.
+ * These settings are the process's own. */
+void hushLibraries()
+{
+    static std::once_flag once;
+    std::call_once(once, [] {
+        setMsgSeverity(L_SEVERITY_NONE);
+        tesseract::TessBaseAPI().SetVariable("debug_file", "/dev/null");
+    });
+}
+
 } // namespace
 
 LineReader::LineReader(std::unique_ptr<tesseract::TessBaseAPI> api) : m_api(std::move(api)) {}
@@ -58,15 +70,13 @@ std::unique_ptr<LineReader> LineReader::load(const std::string& folder, Language
     if (names.empty())
         return nullptr;
     forbidHelperThreads();
-    // What a picture of dirt makes the picture library say is of no use to anybody.
-    setMsgSeverity(L_SEVERITY_NONE);
+    hushLibraries();
     auto api = std::make_unique<tesseract::TessBaseAPI>();
     if (api->Init(folder.c_str(), names.c_str(), tesseract::OEM_LSTM_ONLY) != 0)
         return nullptr;
     api->SetPageSegMode(tesseract::PSM_SINGLE_LINE);
     // The picture is always dark on light here: reading it once more inverted costs time only.
     api->SetVariable("tessedit_do_invert", "0");
-    api->SetVariable("debug_file", "/dev/null");
     return std::unique_ptr<LineReader>(new LineReader(std::move(api)));
 }
 
@@ -74,6 +84,7 @@ Reading LineReader::read(const GreyPicture& line)
 {
     constexpr int Dpi = 300;
     forbidHelperThreads();
+    const std::lock_guard lock(m_mutex);
     m_api->SetImage(line.pixels.data(), line.width, line.height, 1, line.width);
     m_api->SetSourceResolution(Dpi);
     Reading reading;

@@ -5,6 +5,7 @@
 #include "open/ocr/linepicture.h"
 
 #include <memory>
+#include <mutex>
 #include <string>
 
 namespace tesseract {
@@ -21,7 +22,7 @@ struct Reading
 };
 
 /* Tesseract with the model of one language, for one line at a time. Holds the model as long as it
- * lives. One thread at a time. */
+ * lives. Any thread; lines are read one after the other. */
 class LineReader
 {
 public:
@@ -37,7 +38,8 @@ public:
 private:
     explicit LineReader(std::unique_ptr<tesseract::TessBaseAPI> api);
 
-    std::unique_ptr<tesseract::TessBaseAPI> m_api;
+    const std::unique_ptr<tesseract::TessBaseAPI> m_api;
+    std::mutex m_mutex;
 };
 
 } // namespace ocr

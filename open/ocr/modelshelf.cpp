@@ -1,6 +1,8 @@
 #include "open/ocr/modelshelf.h"
 
+#include <exception>
 #include <utility>
+#include <vector>
 
 namespace ocr {
 
@@ -22,11 +24,10 @@ void ModelShelf::requestLocked(Language language)
     Slot& slot = m_slots[language];
     if (m_closed || slot.state != State::Missing)
         return;
+    if (slot.loading.joinable())
+        slot.loading.join(); // has said that the model is missing: it is at its end
+    slot.loading = std::thread(&ModelShelf::load, this, language);
     slot.state = State::Waiting;
-    m_wanted.push_back(language);
-    if (!m_thread.joinable())
-        m_thread = std::thread(&ModelShelf::work, this);
-    m_changed.notify_all();
 }
 
 LineReader* ModelShelf::waitFor(Language language)
@@ -40,34 +41,32 @@ LineReader* ModelShelf::waitFor(Language language)
 
 void ModelShelf::close()
 {
-    std::thread thread;
+    std::vector<std::thread> threads;
     {
         const std::lock_guard lock(m_mutex);
         m_closed = true;
         m_changed.notify_all();
-        thread = std::move(m_thread);
+        for (auto& [language, slot] : m_slots)
+            threads.push_back(std::move(slot.loading));
     }
-    if (thread.joinable())
-        thread.join();
+    for (std::thread& thread : threads)
+        if (thread.joinable())
+            thread.join();
 }
 
-void ModelShelf::work()
+void ModelShelf::load(Language language)
 {
-    std::unique_lock lock(m_mutex);
-    while (true) {
-        m_changed.wait(lock, [this] { return m_closed || !m_wanted.empty(); });
-        if (m_closed)
-            return;
-        const Language language = m_wanted.front();
-        m_wanted.pop_front();
-        lock.unlock();
-        std::unique_ptr<LineReader> reader = LineReader::load(m_folder, language);
-        lock.lock();
-        Slot& slot = m_slots[language];
-        slot.state = reader ? State::Ready : State::Missing;
-        slot.reader = std::move(reader);
-        m_changed.notify_all();
+    std::unique_ptr<LineReader> reader;
+    try {
+        reader = LineReader::load(m_folder, language);
+    } catch (const std::exception&) {
+        // Short of memory, or no model: missing for now, and looked for again.
     }
+    const std::lock_guard lock(m_mutex);
+    Slot& slot = m_slots[language];
+    slot.state = reader ? State::Ready : State::Missing;
+    slot.reader = std::move(reader);
+    m_changed.notify_all();
 }
 
 } // namespace ocr

@@ -5,7 +5,6 @@
 #include "open/ocr/linereader.h"
 
 #include <condition_variable>
-#include <deque>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -14,8 +13,9 @@
 
 namespace ocr {
 
-/* The models of one data folder: loaded on a thread of its own when first asked for, then kept, so
- * that changing back to a language costs nothing. Any thread. */
+/* The models of one data folder: each is loaded on a thread of its own when first asked for, then
+ * kept, so that changing back to a language costs nothing and none waits for another one's model.
+ * Any thread. */
 class ModelShelf
 {
 public:
@@ -28,10 +28,10 @@ public:
     void request(Language language);
 
     /* The reader of the language, once loaded; requests it. Null when the model is missing or the
-     * shelf is closed. It lives as long as the shelf and is used by one thread at a time. */
+     * shelf is closed. It lives as long as the shelf and is any thread may use it. */
     LineReader* waitFor(Language language);
 
-    /* Ends the loading thread after what it is loading. Nothing is loaded any more. */
+    /* Waits for what is being loaded. Nothing is loaded any more. */
     void close();
 
 private:
@@ -41,18 +41,17 @@ private:
     {
         State state = State::Missing;
         std::unique_ptr<LineReader> reader;
+        std::thread loading; // of the last attempt; ended unless the state is Waiting
     };
 
     void requestLocked(Language language);
-    void work();
+    void load(Language language);
 
     const std::string m_folder;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     std::map<Language, Slot> m_slots;
-    std::deque<Language> m_wanted;
     bool m_closed = false;
-    std::thread m_thread; // started with the first request
 };
 
 } // namespace ocr

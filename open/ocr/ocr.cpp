@@ -6,13 +6,14 @@
 #include "open/ocr/linepicture.h"
 #include "open/ocr/modelshelf.h"
 #include "open/ocr/resultcleaning.h"
+#include "open/ocr/verticalmarks.h"
 
 #include <algorithm>
 #include <atomic>
 #include <cstddef>
+#include <exception>
 #include <memory>
 #include <mutex>
-#include <new>
 #include <string>
 #include <unordered_map>
 
@@ -31,7 +32,6 @@ struct Engine
 
     ocr::ModelShelf models;
     std::atomic<Language> language = Language::Latin;
-    std::mutex mutex; // one recognition at a time
 };
 
 /* The results that callers hold: what was not given out is never freed. */
@@ -71,14 +71,43 @@ bool isLanguage(int value)
            || value == ZEMBRA_OCR_LANG_CYRILLIC;
 }
 
+/* ZEMBRA_OCR_Recognize for good arguments; `text` stays empty when there is none. */
+int recognise(Engine& engine, const unsigned char* image, int width, int height, int direction,
+              std::u16string& text)
+{
+    const Language language = engine.language;
+    ocr::LineReader* reader = engine.models.waitFor(language);
+    if (!reader)
+        return ZEMBRA_OCR_NO_MODEL;
+    ocr::GreyPicture line = ocr::prepareLine(image, width, height);
+    if (line.isEmpty())
+        return ZEMBRA_OCR_OK;
+    if (direction == ZEMBRA_OCR_VERTICAL)
+        ocr::setMarksHorizontally(line);
+    const ocr::Reading reading = reader->read(line);
+    if (reading.confidence < LeastConfidence)
+        return ZEMBRA_OCR_OK;
+    text = ocr::encodeUtf16(
+        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese));
+    return reading.confidence < SureConfidence && !text.empty() ? ZEMBRA_OCR_DOUBTFUL
+                                                                : ZEMBRA_OCR_OK;
+}
+
 } // namespace
 
 int ZEMBRA_OCR_Initialize(void** handle, char* dataDir)
 {
     if (!handle)
         return ZEMBRA_OCR_ERROR;
-    *handle = dataDir ? new (std::nothrow) Engine(dataDir) : nullptr;
-    return *handle ? ZEMBRA_OCR_OK : ZEMBRA_OCR_ERROR;
+    *handle = nullptr;
+    if (!dataDir)
+        return ZEMBRA_OCR_ERROR;
+    try {
+        *handle = new Engine(dataDir);
+    } catch (const std::exception&) {
+        return ZEMBRA_OCR_ERROR;
+    }
+    return ZEMBRA_OCR_OK;
 }
 
 int ZEMBRA_OCR_SetActiveLanguages(void* handle, int* languages)
@@ -90,13 +119,17 @@ int ZEMBRA_OCR_SetActiveLanguages(void* handle, int* languages)
             return ZEMBRA_OCR_ERROR;
     auto* engine = static_cast<Engine*>(handle);
     const auto language = static_cast<Language>(languages[0]);
+    try {
+        engine->models.request(language);
+    } catch (const std::exception&) {
+        return ZEMBRA_OCR_ERROR;
+    }
     engine->language = language;
-    engine->models.request(language);
     return ZEMBRA_OCR_OK;
 }
 
 int ZEMBRA_OCR_Recognize(void* handle, unsigned char* image, int width, int height,
-                         unsigned short** text, int* length, int, unsigned char)
+                         unsigned short** text, int* length, int direction, unsigned char)
 {
     if (text)
         *text = nullptr;
@@ -105,26 +138,18 @@ int ZEMBRA_OCR_Recognize(void* handle, unsigned char* image, int width, int heig
     if (!handle || !image || !text || !length || !ocr::isPlausibleSize(width, height))
         return ZEMBRA_OCR_ERROR;
 
-    auto* engine = static_cast<Engine*>(handle);
-    const std::lock_guard lock(engine->mutex);
-    const Language language = engine->language;
-    ocr::LineReader* reader = engine->models.waitFor(language);
-    if (!reader)
-        return ZEMBRA_OCR_NO_MODEL;
-    const ocr::GreyPicture line = ocr::prepareLine(image, width, height);
-    if (line.isEmpty())
-        return ZEMBRA_OCR_OK;
-
-    const ocr::Reading reading = reader->read(line);
-    if (reading.confidence < LeastConfidence)
-        return ZEMBRA_OCR_OK;
-    const std::u16string cleaned = ocr::encodeUtf16(
-        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese));
-    if (cleaned.empty())
-        return ZEMBRA_OCR_OK;
-    *text = results().keep(cleaned);
-    *length = static_cast<int>(cleaned.size());
-    return reading.confidence < SureConfidence ? ZEMBRA_OCR_DOUBTFUL : ZEMBRA_OCR_OK;
+    try {
+        std::u16string read;
+        const int code =
+            recognise(*static_cast<Engine*>(handle), image, width, height, direction, read);
+        if (!read.empty()) {
+            *text = results().keep(read);
+            *length = static_cast<int>(read.size());
+        }
+        return code;
+    } catch (const std::exception&) {
+        return ZEMBRA_OCR_ERROR; // out of memory
+    }
 }
 
 int ZEMBRA_OCR_FreeRecogResult(unsigned short* text)

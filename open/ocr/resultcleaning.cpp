@@ -97,6 +97,36 @@ std::u32string withoutBlanksInChinese(std::u32string_view text)
     return result;
 }
 
+/* The form that marks have among Chinese characters; 0 for other characters. */
+char32_t wideForm(char32_t c)
+{
+    return contains(U"!(),:;?", c) ? c + 0xfee0 : 0;
+}
+
+/* The full-width forms of the marks that belong to Chinese text: those after Chinese characters, and
+ * brackets with a Chinese character beside them outside, each with its counterpart. */
+std::u32string withWideMarks(std::u32string text)
+{
+    std::size_t opening = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char32_t wide = wideForm(text[i]);
+        if (text[i] == U'(')
+            opening = i;
+        if (wide == 0)
+            continue;
+        bool widened = i > 0 && isChinese(text[i - 1]);
+        if (text[i] == U')') {
+            const bool before = i + 1 < text.size() && isChinese(text[i + 1]);
+            if (before && text[opening] == U'(')
+                text[opening] = wideForm(U'(');
+            widened = before || text[opening] == wideForm(U'(');
+        }
+        if (widened)
+            text[i] = wide;
+    }
+    return text;
+}
+
 std::u32string_view trimmedStart(std::u32string_view text)
 {
     while (!text.empty()) {
@@ -170,7 +200,7 @@ std::u32string cleanResult(std::u32string_view text, bool chinese)
 {
     std::u32string result = plainText(text, chinese);
     if (chinese)
-        result = withoutBlanksInChinese(result);
+        result = withoutBlanksInChinese(withWideMarks(withoutBlanksInChinese(result)));
     return std::u32string(trimmedEnd(trimmedStart(result)));
 }
 

@@ -16,7 +16,8 @@ std::u16string encodeUtf16(std::u32string_view text);
  * What a pen's user wants of what the recogniser returns: one line; no stray marks at the ends
  * (edges of the picture read as bars or strokes); typographic apostrophes, hyphens, ligatures and
  * blanks in their plain form; soft hyphens, zero-width and control characters dropped. With
- * `chinese` also no blanks beside Chinese characters, and quotation marks are left as they are.
+ * `chinese` also no blanks beside Chinese characters, commas and the like after them and brackets
+ * around them in full width, and quotation marks left as they are.
  */
 std::u32string cleanResult(std::u32string_view text, bool chinese);
 

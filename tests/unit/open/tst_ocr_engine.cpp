@@ -10,7 +10,63 @@
 
 #include <atomic>
 #include <thread>
+#include <utility>
 #include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/* A folder in which one model is a pipe: whoever loads it waits until the test ends that. */
+class PipedModel
+{
+public:
+    explicit PipedModel(const char* piped, const char* real = nullptr)
+        : m_pipe(QFile::encodeName(m_folder.filePath(QLatin1String(piped))))
+    {
+        if (::mkfifo(m_pipe.constData(), 0600) != 0)
+            qFatal("no pipe");
+        if (real
+            && !QFile::link(QLatin1String(InstalledModels) + QLatin1String(real),
+                            m_folder.filePath(QLatin1String(real))))
+            qFatal("no link to a model");
+    }
+    ~PipedModel() { endLoading(); }
+    PipedModel(const PipedModel&) = delete;
+    PipedModel& operator=(const PipedModel&) = delete;
+
+    QString path() const { return m_folder.path(); }
+
+    /* A pipe can be opened for writing without waiting only once somebody reads it; the writing end
+     * stays open, so that the reader goes on waiting. */
+    bool waitUntilLoading()
+    {
+        return QTest::qWaitFor([this] {
+            m_end = ::open(m_pipe.constData(), O_WRONLY | O_NONBLOCK);
+            return m_end >= 0;
+        });
+    }
+
+    void endLoading()
+    {
+        // Whoever opens it again meanwhile finds a writer, and no model.
+        const int keeper = ::open(m_pipe.constData(), O_RDWR | O_NONBLOCK);
+        ::unlink(m_pipe.constData());
+        if (m_end >= 0)
+            ::close(std::exchange(m_end, -1));
+        if (keeper >= 0)
+            ::close(keeper);
+    }
+
+private:
+    QTemporaryDir m_folder;
+    const QByteArray m_pipe;
+    int m_end = -1;
+};
+
+} // namespace
 
 /* Handles, arguments, languages and models. */
 class TstOcrEngine : public QObject
@@ -27,7 +83,10 @@ private slots:
     void brokenModelIsReported();
     void modelIsFoundInScriptFolder();
     void modelAddedLaterIsFound();
+    void noLanguageWaitsForTheModelOfAnother();
+    void modelIsKeptWhenTheLanguageChanges();
     void exitDuringLoadReturns();
+    void exitEndsAWaitingRecognition();
     void foreignPointersAreNotFreed();
     void resultOutlivesEngine();
 };
@@ -172,14 +231,83 @@ void TstOcrEngine::modelAddedLaterIsFound()
     QCOMPARE(read, QStringLiteral("Now it works."));
 }
 
+// The model of one language is a pipe on which nothing comes: its loading lasts until the test ends
+// it. With that, to wait for it is to hang.
+void TstOcrEngine::noLanguageWaitsForTheModelOfAnother()
+{
+    PipedModel folder("chi_sim.traineddata", "Latin.traineddata");
+    OcrEngine engine(folder.path());
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
+    std::atomic<int> first = 99;
+    std::thread firstScan([&] {
+        QString read;
+        first = engine.read({0}, 1, 1, &read);
+    });
+    QVERIFY(folder.waitUntilLoading());
+
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    const QString text = QStringLiteral("The second need not wait.");
+    QString read;
+    QCOMPARE(engine.read(printedLine(text, SerifFont, 44), &read), ZEMBRA_OCR_OK);
+    QCOMPARE(read, text);
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
+    QCOMPARE(first.load(), 99);
+
+    folder.endLoading();
+    firstScan.join();
+    QCOMPARE(first.load(), ZEMBRA_OCR_NO_MODEL);
+}
+
+void TstOcrEngine::modelIsKeptWhenTheLanguageChanges()
+{
+    QTemporaryDir folder;
+    const QString model = folder.filePath(QStringLiteral("Latin.traineddata"));
+    QVERIFY(QFile::link(QString::fromLatin1(InstalledModels) + QStringLiteral("Latin.traineddata"),
+                        model));
+    OcrEngine engine(folder.path());
+    const QImage line = printedLine(QStringLiteral("Once is enough."), SerifFont, 44);
+    QString read;
+    QCOMPARE(engine.read(line, &read), ZEMBRA_OCR_OK);
+    QVERIFY(QFile::remove(model));
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
+    QCOMPARE(engine.read(line, &read), ZEMBRA_OCR_NO_MODEL);
+    QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
+    QCOMPARE(engine.read(line, &read), ZEMBRA_OCR_OK);
+    QCOMPARE(read, QStringLiteral("Once is enough."));
+}
+
 void TstOcrEngine::exitDuringLoadReturns()
 {
-    for (int round = 0; round < 10; ++round) {
+    for (int round = 0; round < 4; ++round) {
         OcrEngine engine;
         engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE);
         engine.setLanguage(ZEMBRA_OCR_LANG_LATIN);
         engine.setLanguage(ZEMBRA_OCR_LANG_CYRILLIC);
     }
+}
+
+void TstOcrEngine::exitEndsAWaitingRecognition()
+{
+    PipedModel folder("chi_sim.traineddata");
+    QByteArray path = QFile::encodeName(folder.path());
+    void* handle = nullptr;
+    QCOMPARE(ZEMBRA_OCR_Initialize(&handle, path.data()), ZEMBRA_OCR_OK);
+    int chinese[] = {ZEMBRA_OCR_LANG_CHINESE, ZEMBRA_OCR_LANG_END};
+    QCOMPARE(ZEMBRA_OCR_SetActiveLanguages(handle, chinese), ZEMBRA_OCR_OK);
+    int code = 99;
+    std::thread scan([&] {
+        unsigned char pixel = 0;
+        unsigned short* text = nullptr;
+        int length = 0;
+        code = ZEMBRA_OCR_Recognize(handle, &pixel, 1, 1, &text, &length, 0, 0);
+    });
+    QVERIFY(folder.waitUntilLoading());
+    std::thread exit([handle] { ZEMBRA_OCR_ExitEngine(handle); });
+    scan.join(); // though the model is still being loaded
+    QCOMPARE(code, ZEMBRA_OCR_NO_MODEL);
+    folder.endLoading();
+    exit.join();
+    QCOMPARE(ZEMBRA_OCR_FreeEngine(handle), ZEMBRA_OCR_OK);
 }
 
 void TstOcrEngine::foreignPointersAreNotFreed()

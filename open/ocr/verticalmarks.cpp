@@ -1,0 +1,157 @@
+#include "open/ocr/verticalmarks.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace ocr {
+
+namespace {
+
+constexpr std::uint8_t White = 255;
+
+/* All lengths below are shares of the line's height, which is that of a character's square. */
+constexpr double LargestMark = 0.45;
+constexpr double LowestMark = 0.6;    // how far down a mark at the upper right may reach
+constexpr double LeastBefore = 0.25;  // empty paper to the left of such a mark
+constexpr double GapAfterMoving = 0.1;
+constexpr double LeastBracket = 0.45; // length of a lying bracket
+constexpr double FlattestTurn = 1.3;  // a lying bracket is longer than high by this factor
+constexpr double OffMiddle = 0.15;    // its middle is that far from the square's; a dash's is not
+
+/* Ink between two empty columns. Right and bottom are past the last. */
+struct Piece
+{
+    int left;
+    int right;
+    int top;
+    int bottom;
+
+    int width() const { return right - left; }
+    int height() const { return bottom - top; }
+};
+
+class Row
+{
+public:
+    explicit Row(GreyPicture& picture) : m_picture(picture) { findPieces(); }
+
+    const std::vector<Piece>& pieces() const { return m_pieces; }
+    int top() const { return m_top; }
+    int height() const { return m_bottom - m_top; }
+
+    /* Takes the pixels of a piece off the picture. */
+    GreyPicture lift(const Piece& piece)
+    {
+        GreyPicture result = {piece.width(), piece.height(), {}};
+        for (int y = piece.top; y < piece.bottom; ++y)
+            for (int x = piece.left; x < piece.right; ++x)
+                result.pixels.push_back(std::exchange(at(x, y), White));
+        return result;
+    }
+
+    /* Puts them down again; what falls outside is lost. */
+    void put(const GreyPicture& ink, int left, int top)
+    {
+        for (int y = 0; y < ink.height; ++y) {
+            for (int x = 0; x < ink.width; ++x) {
+                const bool inside = left + x >= 0 && left + x < m_picture.width && top + y >= 0
+                                    && top + y < m_picture.height;
+                if (!inside)
+                    continue;
+                std::uint8_t& pixel = at(left + x, top + y);
+                pixel = std::min(pixel, ink.pixels[static_cast<std::size_t>(y) * ink.width + x]);
+            }
+        }
+    }
+
+private:
+    std::uint8_t& at(int x, int y)
+    {
+        return m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
+    }
+
+    void findPieces()
+    {
+        m_top = m_picture.height;
+        bool inPiece = false;
+        for (int x = 0; x < m_picture.width; ++x) {
+            int top = m_picture.height;
+            int bottom = 0;
+            for (int y = 0; y < m_picture.height; ++y) {
+                if (at(x, y) >= 192)
+                    continue;
+                top = std::min(top, y);
+                bottom = y + 1;
+            }
+            if (bottom == 0) {
+                inPiece = false;
+                continue;
+            }
+            if (!inPiece)
+                m_pieces.push_back({x, x, top, bottom});
+            inPiece = true;
+            Piece& piece = m_pieces.back();
+            piece.right = x + 1;
+            piece.top = std::min(piece.top, top);
+            piece.bottom = std::max(piece.bottom, bottom);
+            m_top = std::min(m_top, top);
+            m_bottom = std::max(m_bottom, bottom);
+        }
+    }
+
+    GreyPicture& m_picture;
+    std::vector<Piece> m_pieces;
+    int m_top = 0;
+    int m_bottom = 0;
+};
+
+bool isMark(const Piece& piece, int spaceBefore, const Row& row)
+{
+    const double side = row.height();
+    return piece.width() < LargestMark * side && piece.height() < LargestMark * side
+           && piece.bottom - row.top() < LowestMark * side && spaceBefore >= LeastBefore * side;
+}
+
+bool isLyingBracket(const Piece& piece, const Row& row)
+{
+    const double side = row.height();
+    const double middle = (piece.top + piece.bottom) / 2.0 - row.top();
+    return piece.width() >= LeastBracket * side && piece.width() >= FlattestTurn * piece.height()
+           && std::abs(middle - side / 2) >= OffMiddle * side;
+}
+
+GreyPicture turnedBack(const GreyPicture& ink)
+{
+    GreyPicture result = {ink.height, ink.width, {}};
+    for (int y = 0; y < result.height; ++y)
+        for (int x = 0; x < result.width; ++x)
+            result.pixels.push_back(
+                ink.pixels[static_cast<std::size_t>(x) * ink.width + (ink.width - 1 - y)]);
+    return result;
+}
+
+} // namespace
+
+void setMarksHorizontally(GreyPicture& line)
+{
+    Row row(line);
+    int end = 0; // of the ink before
+    for (const Piece& piece : row.pieces()) {
+        if (isMark(piece, piece.left - end, row)) {
+            const int left = end + static_cast<int>(GapAfterMoving * row.height());
+            row.put(row.lift(piece), end > 0 ? left : piece.left,
+                    row.top() + row.height() - piece.height());
+        } else if (isLyingBracket(piece, row)) {
+            const int fromMiddle = (piece.top + piece.bottom) / 2 - row.top() - row.height() / 2;
+            const int middle = (piece.left + piece.right) / 2 + fromMiddle;
+            const GreyPicture ink = turnedBack(row.lift(piece));
+            row.put(ink, middle - ink.width / 2, row.top() + (row.height() - ink.height) / 2);
+        }
+        end = piece.right;
+    }
+}
+
+} // namespace ocr
