@@ -47,8 +47,8 @@ void forbidHelperThreads()
     omp_set_max_active_levels(0);
 }
 
-/* What pictures of dirt and files that are no models make the libraries say is of no use to anybody.
- * These settings are the process's own. */
+/* What pictures of dirt and files that are no models make the libraries say is of no use to
+ * anybody. These settings are the process's own. */
 void hushLibraries()
 {
     static std::once_flag once;

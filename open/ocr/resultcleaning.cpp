@@ -103,8 +103,8 @@ char32_t wideForm(char32_t c)
     return contains(U"!(),:;?", c) ? c + 0xfee0 : 0;
 }
 
-/* The full-width forms of the marks that belong to Chinese text: those after Chinese characters, and
- * brackets with a Chinese character beside them outside, each with its counterpart. */
+/* The full-width forms of the marks that belong to Chinese text: those after Chinese characters,
+ * and brackets with a Chinese character beside them outside, each with its counterpart. */
 std::u32string withWideMarks(std::u32string text)
 {
     std::size_t opening = 0;

@@ -14,8 +14,8 @@ constexpr std::uint8_t White = 255;
 
 /* All lengths below are shares of the line's height, which is that of a character's square. */
 constexpr double LargestMark = 0.45;
-constexpr double LowestMark = 0.6;    // how far down a mark at the upper right may reach
-constexpr double LeastBefore = 0.25;  // empty paper to the left of such a mark
+constexpr double LowestMark = 0.6;   // how far down a mark at the upper right may reach
+constexpr double LeastBefore = 0.25; // empty paper to the left of such a mark
 constexpr double GapAfterMoving = 0.1;
 constexpr double LeastBracket = 0.45; // length of a lying bracket
 constexpr double FlattestTurn = 1.3;  // a lying bracket is longer than high by this factor

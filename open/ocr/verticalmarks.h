@@ -8,8 +8,8 @@ namespace ocr {
 /*
  * Vertically set text has its commas and full stops at the upper right of a character's square and
  * its brackets lying. In a prepared line of such characters, set side by side, this puts them where
- * and how horizontal text has them, which is what the recogniser knows: marks down onto the line and
- * towards the character before, brackets upright.
+ * and how horizontal text has them, which is what the recogniser knows: marks down onto the line
+ * and towards the character before, brackets upright.
  */
 void setMarksHorizontally(GreyPicture& line);
 

@@ -90,8 +90,8 @@ void TstOcrCleaning::cleansChinese_data()
         << QByteArray("什么?好!他说:一;二,三") << QStringLiteral("什么？好！他说：一；二，三");
     QTest::newRow("marks of numbers and foreign words stay")
         << QByteArray("共有1,234人, Yes, no? 是") << QStringLiteral("共有1,234人，Yes, no?是");
-    QTest::newRow("brackets in full width")
-        << QByteArray("图3 (Figure 3) 。他(小声)说") << QStringLiteral("图3（Figure 3）。他（小声）说");
+    QTest::newRow("brackets in full width") << QByteArray("图3 (Figure 3) 。他(小声)说")
+                                            << QStringLiteral("图3（Figure 3）。他（小声）说");
     QTest::newRow("brackets among foreign words stay")
         << QByteArray("f (x) = 2") << QStringLiteral("f (x) = 2");
     QTest::newRow("a bracket without counterpart")
