@@ -5,6 +5,7 @@
 
 #include "open/ocr/linepicture.h"
 #include "open/ocr/modelshelf.h"
+#include "open/ocr/plausibility.h"
 #include "open/ocr/resultcleaning.h"
 #include "open/ocr/verticalmarks.h"
 
@@ -20,11 +21,6 @@
 using ocr::Language;
 
 namespace {
-
-/* Readings of lesser confidence are marks and dirt, not print; of the others, those below the
- * second figure are worth a second look. Measured: clean print has 80 and more, noise up to 26. */
-constexpr int LeastConfidence = 35;
-constexpr int SureConfidence = 65;
 
 struct Engine
 {
@@ -85,12 +81,12 @@ int recognise(Engine& engine, const unsigned char* image, int width, int height,
     if (direction == ZEMBRA_OCR_VERTICAL)
         ocr::setMarksHorizontally(line);
     const ocr::Reading reading = reader->read(line);
-    if (reading.confidence < LeastConfidence)
+    const std::u32string cleaned =
+        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese);
+    if (!ocr::isPlausible(cleaned, reading.confidence))
         return ZEMBRA_OCR_OK;
-    text = ocr::encodeUtf16(
-        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese));
-    return reading.confidence < SureConfidence && !text.empty() ? ZEMBRA_OCR_DOUBTFUL
-                                                                : ZEMBRA_OCR_OK;
+    text = ocr::encodeUtf16(cleaned);
+    return reading.confidence < ocr::SureConfidence ? ZEMBRA_OCR_DOUBTFUL : ZEMBRA_OCR_OK;
 }
 
 } // namespace

@@ -15,6 +15,10 @@ constexpr const char* ChineseFont = "/usr/share/fonts/truetype/arphic-gbsn00lp/g
  * the font cannot be loaded. */
 QImage printedLine(const QString& text, const char* fontFile, int pixelSize);
 
+/* A column of vertically set Chinese, its characters upright side by side as a scan delivers them:
+ * commas and full stops at the upper right of their squares, brackets lying. */
+QImage printedColumn(const QString& text, int pixelSize);
+
 /* Smallest number of characters to insert, delete or change to make one text the other. */
 int editDistance(const QString& a, const QString& b);
 

@@ -1,3 +1,4 @@
+#include "open/ocr/plausibility.h"
 #include "open/ocr/resultcleaning.h"
 
 #include <QTest>
@@ -24,6 +25,8 @@ private slots:
     void cleans();
     void cleansChinese_data();
     void cleansChinese();
+    void dropsWhatIsNoPrint_data();
+    void dropsWhatIsNoPrint();
     void decodesOnlyUtf8();
     void encodesOnlyCharacters();
 };
@@ -104,6 +107,42 @@ void TstOcrCleaning::cleansChinese()
     QFETCH(QByteArray, read);
     QFETCH(QString, wanted);
     QCOMPARE(cleaned(read.constData(), true), wanted);
+}
+
+void TstOcrCleaning::dropsWhatIsNoPrint_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("confidence");
+    QTest::addColumn<bool>("kept");
+    const auto add = [](const char* name, const char* text, int confidence, bool kept) {
+        QTest::newRow(name) << QString::fromUtf8(text) << confidence << kept;
+    };
+    add("sure line", "A quiet rain fell.", 95, true);
+    add("sure letter", "A", 75, true);
+    add("doubtful letter", "A", 74, false);
+    add("sure word", "harbour", 65, true);
+    add("repeats", "12222222222333333 and more", 60, false);
+    add("dots of a contents page", "Chapter two ..... 12", 60, true);
+    add("sure mark", "?", 90, true);
+    add("nothing", "", 95, false);
+    add("more than half wrong", "A quict rnin fcll on tbe", 44, false);
+    add("doubtful line", "A quict rnin fcll on tbe", 45, true);
+    add("doubtful word", "harbonr", 59, false);
+    add("less doubtful word", "harbonr", 60, true);
+    add("mostly marks", "abc . , def = _ ghi ! -", 64, false);
+    add("single letters", "e a i o l I r t i l", 64, false);
+    add("doubtful Russian", "Тихнй дожль палал", 50, true);
+    add("doubtful Chinese", "细雨落在屋顶上也装满", 50, true);
+    add("Chinese marks", "一。，，“二", 64, false);
+    add("accents count as letters", "été où çà là élève", 50, true);
+}
+
+void TstOcrCleaning::dropsWhatIsNoPrint()
+{
+    QFETCH(QString, text);
+    QFETCH(int, confidence);
+    QFETCH(bool, kept);
+    QCOMPARE(ocr::isPlausible(text.toStdU32String(), confidence), kept);
 }
 
 void TstOcrCleaning::decodesOnlyUtf8()

@@ -3,19 +3,111 @@
 #include "ocrengine.h"
 #include "printedline.h"
 
+#include <QPainter>
+#include <QPainterPath>
 #include <QRandomGenerator>
 #include <QTest>
 
+#include <cmath>
+#include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
 
 namespace {
 
-QImage vertical(const QString& text)
+QImage paper()
 {
-    // Characters of a column, as the scan engine orders them: upright, side by side.
-    return printedLine(text, ChineseFont, 44);
+    QImage image(600, 80, QImage::Format_Grayscale8);
+    image.fill(245);
+    return image;
+}
+
+/* Things that a pen is drawn over and that are no print. */
+QImage drawn(const std::function<void(QPainter&)>& draw)
+{
+    QImage image = paper();
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::black);
+    draw(painter);
+    return image;
+}
+
+QImage scribble(QRandomGenerator& random)
+{
+    return drawn([&](QPainter& painter) {
+        QPainterPath path(QPointF(10, 40));
+        for (int i = 0; i < 30; ++i)
+            path.quadTo(random.bounded(600), random.bounded(80), random.bounded(600),
+                        random.bounded(80));
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(Qt::black, 3));
+        painter.drawPath(path);
+    });
+}
+
+QImage hatching(QRandomGenerator& random)
+{
+    return drawn([&](QPainter& painter) {
+        painter.setPen(QPen(Qt::black, 2));
+        const int step = 6 + random.bounded(12);
+        for (int x = -80; x < 680; x += step)
+            painter.drawLine(x, 80, x + 40 + random.bounded(40), 0);
+    });
+}
+
+QImage barcode(QRandomGenerator& random)
+{
+    return drawn([&](QPainter& painter) {
+        for (int x = 5; x < 590;) {
+            const int width = 2 + 2 * random.bounded(4);
+            painter.fillRect(x, 0, width, 80, Qt::black);
+            x += width + 2 + 2 * random.bounded(4);
+        }
+    });
+}
+
+QImage tableLines(QRandomGenerator&)
+{
+    return drawn([](QPainter& painter) {
+        painter.fillRect(0, 10, 600, 2, Qt::black);
+        painter.fillRect(0, 60, 600, 2, Qt::black);
+        for (int x = 40; x < 600; x += 120)
+            painter.fillRect(x, 0, 2, 80, Qt::black);
+    });
+}
+
+QImage blots(QRandomGenerator& random)
+{
+    return drawn([&](QPainter& painter) {
+        for (int i = 0; i < 12; ++i) {
+            const int radius = 1 + random.bounded(6);
+            painter.drawEllipse(QPoint(random.bounded(600), random.bounded(80)), radius, radius);
+        }
+    });
+}
+
+QImage halftone(QRandomGenerator&)
+{
+    return drawn([](QPainter& painter) {
+        for (int y = 0; y < 80; y += 8)
+            for (int x = 0; x < 600; x += 8)
+                painter.drawEllipse(QPointF(x, y), 1 + 2.5 * (0.5 + 0.5 * std::sin(x / 90.0)), 2);
+    });
+}
+
+QImage upsideDown(QRandomGenerator&)
+{
+    return printedLine(QStringLiteral("The ferry left the harbour long before"), SerifFont, 44)
+        .mirrored(true, true);
+}
+
+QImage feetOfLetters(QRandomGenerator&)
+{
+    const QImage line =
+        printedLine(QStringLiteral("The ferry left the harbour long before"), SerifFont, 44);
+    return line.copy(0, line.height() * 6 / 10, line.width(), line.height() * 4 / 10);
 }
 
 } // namespace
@@ -33,9 +125,13 @@ private slots:
     void readsSmallAndLargePrint();
     void readsFaintAndInvertedPrint();
     void readsVerticalOrder();
+    void readsMarksOfVerticalText_data();
+    void readsMarksOfVerticalText();
     void readsManyTimesTheSame();
     void paperGivesNothing();
     void noiseGivesNothing();
+    void whatIsNoPrintGivesNothing_data();
+    void whatIsNoPrintGivesNothing();
     void dirtGivesNothing();
     void oddSizesAreHarmless_data();
     void oddSizesAreHarmless();
@@ -72,6 +168,18 @@ void TstOcrReading::readsPrint_data()
         "Над рекой поднимался туман, и деревня ещё спала.", 1);
     add("Russian with English", ZEMBRA_OCR_LANG_CYRILLIC, SerifFont,
         "Он открыл файл Readme и начал читать.", 1);
+    add("Russian with English quoted", ZEMBRA_OCR_LANG_CYRILLIC, SerifFont,
+        "Он сказал: \"Good morning, sir\", и ушёл.");
+    add("Russian with names", ZEMBRA_OCR_LANG_CYRILLIC, SansFont,
+        "Компания Microsoft выпустила новую версию Windows.");
+    add("Chinese with English words", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
+        "我的电脑用的是Linux系统，不是Windows。");
+    add("Chinese with an English title", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
+        "他说good morning，然后打开了书。");
+    add("Chinese with numbers and brackets", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
+        "请看第12页的图3（Figure 3）。");
+    add("Chinese question", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
+        "他的WiFi密码是abc123，你记住了吗？");
     add("Chinese", ZEMBRA_OCR_LANG_CHINESE, ChineseFont, "清晨的湖面很安静，只有几只小船。", 1);
 }
 
@@ -125,8 +233,26 @@ void TstOcrReading::readsVerticalOrder()
     QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
     const QString text = QStringLiteral("清晨的湖面很安静");
     QString read;
-    engine.read(vertical(text), &read, ZEMBRA_OCR_VERTICAL);
+    engine.read(printedColumn(text, 44), &read, ZEMBRA_OCR_VERTICAL);
     QVERIFY2(editDistance(read, text) <= 1, qPrintable(read));
+}
+
+void TstOcrReading::readsMarksOfVerticalText_data()
+{
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"天还没有亮，渡船就已经离开了。", "细雨落在屋顶上，也装满了水桶。",
+                             "工人、火车、小心、上下。", "《红楼梦》是一部小说，非常有名。",
+                             "一二三四五，上山打老虎，老虎不在家。"})
+        QTest::newRow(text) << QString::fromUtf8(text);
+}
+
+void TstOcrReading::readsMarksOfVerticalText()
+{
+    QFETCH(QString, text);
+    QCOMPARE(m_engine->setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
+    QString read;
+    QCOMPARE(m_engine->read(printedColumn(text, 44), &read, ZEMBRA_OCR_VERTICAL), ZEMBRA_OCR_OK);
+    QCOMPARE(read, text);
 }
 
 void TstOcrReading::readsManyTimesTheSame()
@@ -168,6 +294,39 @@ void TstOcrReading::noiseGivesNothing()
             QCOMPARE(engine.read(pixels, 600, 80, &read), ZEMBRA_OCR_OK);
             QVERIFY2(read.isEmpty(), qPrintable(read));
         }
+    }
+}
+
+void TstOcrReading::whatIsNoPrintGivesNothing_data()
+{
+    using Draw = QImage (*)(QRandomGenerator&);
+    QTest::addColumn<int>("language");
+    QTest::addColumn<Draw>("draw");
+    for (const auto& [language, script] :
+         {std::pair(ZEMBRA_OCR_LANG_LATIN, "Latin"), std::pair(ZEMBRA_OCR_LANG_CYRILLIC, "Russian"),
+          std::pair(ZEMBRA_OCR_LANG_CHINESE, "Chinese")})
+        for (const auto& [draw, name] : {std::pair<Draw, const char*>(scribble, "scribble"),
+                                         {hatching, "hatching"},
+                                         {barcode, "barcode"},
+                                         {tableLines, "lines of a table"},
+                                         {blots, "blots"},
+                                         {halftone, "halftone"},
+                                         {upsideDown, "print upside down"},
+                                         {feetOfLetters, "feet of letters"}})
+            QTest::addRow("%s, %s", name, script) << int(language) << draw;
+}
+
+void TstOcrReading::whatIsNoPrintGivesNothing()
+{
+    QFETCH(int, language);
+    using Draw = QImage (*)(QRandomGenerator&);
+    QFETCH(Draw, draw);
+    QCOMPARE(m_engine->setLanguage(language), ZEMBRA_OCR_OK);
+    QRandomGenerator random(7);
+    for (int round = 0; round < 4; ++round) {
+        QString read;
+        QCOMPARE(m_engine->read(draw(random), &read), ZEMBRA_OCR_OK);
+        QVERIFY2(read.isEmpty(), qPrintable(read));
     }
 }
 
