@@ -30,6 +30,19 @@ constexpr int WarningMilliseconds = 4000;
 
 const QString Between = QStringLiteral(". ");
 
+// Marks beside the pair row: Left and Right lead to other pairs.
+void drawSideMarks(QPainter& painter, const QRect& row)
+{
+    constexpr int Columns = 4;
+    const int middle = row.center().y();
+    const int left = row.right() + 1;
+    const int right = painting::ScreenWidth - 1;
+    for (int i = 0; i < Columns; ++i) {
+        painter.drawLine(left + i, middle - i, left + i, middle + i);
+        painter.drawLine(right - i, middle - i, right - i, middle + i);
+    }
+}
+
 // The settings file itself is asked: the launcher writes there.
 bool interfaceIsChinese()
 {
@@ -62,11 +75,8 @@ DictSwitch::DictSwitch(QWidget* parent) : TTSConfig(parent), m_list(new DictList
 
 void DictSwitch::addPair(const QString& name, const QVector<QString>& dicts)
 {
-    if (rows().isEmpty()) {
-        auto* row = new SpinItems;
-        row->setText1(tr("Language") + u' ');
-        addItem(row);
-    }
+    if (rows().isEmpty())
+        addItem(new SpinItems);
     rows().first()->addItem(name);
     addDicts(dicts);
 }
@@ -161,8 +171,8 @@ void DictSwitch::setLRFlag(bool on)
 
 QString DictSwitch::spokenText() const
 {
-    const SpinItems* const row = currentRow();
-    return row ? row->getCurItem() + Between + m_list->shownText() : m_list->shownText();
+    const QString dict = m_list->shownText();
+    return getSelectIndex() < 0 ? dict : currentRow()->getCurItem() + Between + dict;
 }
 
 void DictSwitch::keyPressEvent(QKeyEvent* event)
@@ -200,9 +210,9 @@ void DictSwitch::keyPressEvent(QKeyEvent* event)
 
 void DictSwitch::stepPair(void (SpinItems::*change)())
 {
-    if (SpinItems* const row = currentRow()) {
+    if (getSelectIndex() >= 0) {
         m_changed = true;
-        (row->*change)();
+        (currentRow()->*change)();
         showPage();
     }
     emit signalUp(getCurIndex(), spokenText());
@@ -219,7 +229,7 @@ void DictSwitch::leave(Key key)
     }
     if (!alive)
         return;
-    if (!rows().isEmpty()) {
+    if (getSelectIndex() >= 0) {
         if (!matchesScanLanguage(pair))
             warnOfLanguage();
         else if (key == Key::Enter)
@@ -255,7 +265,9 @@ void DictSwitch::paintEvent(QPaintEvent*)
     painter.fillRect(rect(), palette().color(QPalette::Window));
     painter.setPen(palette().color(QPalette::WindowText));
     QString place;
-    if (GetDictCount() > 1)
+    if (GetDictCount() > 1) {
         place = QString::number(getSelectIndex() + 1) + u'/' + QString::number(GetDictCount());
+        drawSideMarks(painter, currentRow()->geometry());
+    }
     painting::drawTitle(painter, windowTitle(), place);
 }

@@ -53,7 +53,7 @@ public:
      * list follows with reloadDictInfoIndex(). */
     void setDictIndex(int index);
 
-    /* The pair that is shown; -1 without rows. */
+    /* The pair that is shown; -1 without pairs. */
     int getSelectIndex() const;
 
     /* The dictionary that is current in the list; -1 when the pair has none. */
@@ -64,7 +64,7 @@ public:
 
     /* Fills the list with the dictionaries of the pair that is shown and makes one of them current.
      * False for a pair without a list, and outside the list: it is filled then, and none is
-     * current. */
+     * current. What is current stays so when the screen is shown: call this before. */
     bool reloadDictInfoIndex(int index);
 
     /* Lays rows and list out. The list is filled when it shows another pair than the row. */
