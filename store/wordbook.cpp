@@ -58,6 +58,11 @@ char32_t characterAt(QStringView text)
     return first.unicode();
 }
 
+qsizetype unitsOf(char32_t character)
+{
+    return QChar::requiresSurrogates(character) ? 2 : 1;
+}
+
 bool comesBack(const QString& text)
 {
     return localetext::decode(localetext::encode(text)) == text;
@@ -74,12 +79,11 @@ public:
         QString result;
         for (QStringView rest = text; !plain && !rest.isEmpty();) {
             const char32_t character = characterAt(rest);
-            const qsizetype units = QChar::requiresSurrogates(character) ? 2 : 1;
             if (needsCode(rest, character))
                 result += codeOf(character);
             else
-                result += rest.first(units);
-            rest = rest.sliced(units);
+                result += rest.first(unitsOf(character));
+            rest = rest.sliced(unitsOf(character));
         }
         return plain ? text.toString() : result;
     }
@@ -101,7 +105,7 @@ private:
             return codeAt(text).has_value();
         auto known = m_known.constFind(character);
         if (known == m_known.constEnd())
-            known = m_known.insert(character, comesBack(QString::fromUcs4(&character, 1)));
+            known = m_known.insert(character, comesBack(text.first(unitsOf(character)).toString()));
         return !*known;
     }
 

@@ -95,6 +95,8 @@ void TestWordBook::readsWhatItFormats_data()
         << QStringLiteral("Größe ñandú") << QStringLiteral("çà\n\u0414\u0451 \U0001F600 €");
     QTest::newRow("lone surrogate") << QString(QChar(0xD83D)) << QString(QChar(0xDE00)) + u'x';
     QTest::newRow("replacement character") << QStringLiteral("\uFFFD") << "";
+    QTest::newRow("without a glyph")
+        << QStringLiteral("a\uFEFFb\u00AD\u200D") << QStringLiteral("\uFEFF");
     QTest::newRow("line ends in the word") << "a\nb\r\nc"
                                            << "Wort";
     QTest::newRow("carriage returns") << "a"
