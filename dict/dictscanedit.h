@@ -285,6 +285,7 @@ private:
     void scrollToResult();
     bool scrollTrans(int lines);
     QString noResultMessage() const;
+    void showAnew();
     void remember();
 
     // Reading.
@@ -308,6 +309,7 @@ private:
 
     // Keys.
     bool silenceByKey(int key);
+    bool carryOut(int key);
     void pressEscape();
     void pressEnter();
     void step(bool forward);
@@ -337,6 +339,7 @@ private:
     QString m_savedContent;
 
     QVector<_stScanContent> m_contents; // the entries that were found
+    QString m_foundAs;                  // what the dictionary was asked then
     int m_curResult = 0;
     TransText m_layout; // what the lower pane shows
     QString m_message;  // shown instead of entries

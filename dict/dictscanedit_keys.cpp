@@ -26,8 +26,18 @@ void DictScanEdit::keyPressEvent(QKeyEvent* event)
         return;
     if (scanEngineIsBusy())
         return;
-    if (key != Qt::Key_Return)
+    const bool isLineKey = key == Qt::Key_Up || key == Qt::Key_Down;
+    if (isLineKey && m_transThread->isRunning())
+        return;
+    if (!carryOut(key))
+        event->ignore();
+    else if (key != Qt::Key_Return)
         m_interrupted = false;
+}
+
+// False for a key that the screen has no use for.
+bool DictScanEdit::carryOut(int key)
+{
     switch (key) {
     case Qt::Key_Escape:
         pressEscape();
@@ -42,14 +52,11 @@ void DictScanEdit::keyPressEvent(QKeyEvent* event)
         step(true);
         break;
     case Qt::Key_Up:
-        if (m_transThread->isRunning())
-            break;
         MoveUp();
         m_scanPane->setFocus(Qt::OtherFocusReason);
         break;
     case Qt::Key_Down:
-        if (!m_transThread->isRunning())
-            MoveDown();
+        MoveDown();
         break;
     case Qt::Key_F5:
     case Qt::Key_F7:
@@ -63,9 +70,9 @@ void DictScanEdit::keyPressEvent(QKeyEvent* event)
         emit signalQuickset(true);
         break;
     default:
-        event->ignore();
-        break;
+        return false;
     }
+    return true;
 }
 
 // What speaks gives way to a key, which does no more then. True when the key is used up.
@@ -95,9 +102,12 @@ bool DictScanEdit::silenceByKey(int key)
 void DictScanEdit::pressEscape()
 {
     if (m_curRowOnly != 0) {
-        setcurRowonly(0);
+        m_curRowOnly = 0;
+        layPanes();
         if (m_scan)
-            changeTras();
+            showAnew();
+        else
+            showResults();
         m_scanPane->setFocus(Qt::OtherFocusReason);
         return;
     }

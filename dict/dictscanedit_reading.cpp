@@ -58,14 +58,15 @@ void DictScanEdit::readIfWanted()
         announcer::announce(m_message);
 }
 
-// In scripts without blanks one character is selected, but it is the word that was found that is
-// read.
+// What was found is read: of a word that was joined that is without the hyphen between its lines,
+// and in Chinese, where one character is selected, the whole word of the entry.
 QString DictScanEdit::sourceToRead() const
 {
     const QString head = currentHeadword();
-    const bool found = transwords::isWrittenWithoutBlanks(m_language) && !head.isEmpty()
-                       && scanText().mid(selection().start).startsWith(head);
-    return found ? head : selectedWord();
+    if (transwords::isChinese(m_language) && !head.isEmpty() && m_foundAs.startsWith(head))
+        return head;
+    const bool joined = !m_joinedRest.isEmpty() && !m_foundAs.isEmpty();
+    return joined ? m_foundAs : selectedWord();
 }
 
 void DictScanEdit::soundOnlySrcForTrans()

@@ -30,11 +30,13 @@ void DictScanEdit::appendText(const QString& text)
 {
     if (!m_scanPane)
         return;
+    const Span selected = selection();
     QTextCursor end(m_scanPane->document());
     end.movePosition(QTextCursor::End);
     if (!m_scanPane->document()->isEmpty())
         end.insertBlock();
     end.insertText(text);
+    select(selected); // a selection at the end would have grown
 }
 
 // The word in whole, then without what the editor's words may have at their ends, then the first
@@ -185,6 +187,8 @@ bool DictScanEdit::showStored(const QString& word, const QString& translation)
     m_whole = {0, line.size()};
     select(m_whole);
     m_contents = {{line, translation}};
+    m_foundAs = line;
+    m_message.clear();
     m_curResult = 0;
     m_toRemember = false;
     showResults();

@@ -8,9 +8,11 @@
 #include "store/configreader.h"
 #include "widgets/painting.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QImage>
 #include <QScrollBar>
 #include <QStringList>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -69,6 +71,7 @@ int DictScanEdit::lookUp(const QString& word)
 void DictScanEdit::forgetResults()
 {
     m_contents.clear();
+    m_foundAs.clear();
     m_curResult = 0;
     m_message.clear();
     m_toRemember = false;
@@ -80,12 +83,15 @@ int DictScanEdit::changeTras()
     m_contents.clear();
     m_curResult = 0;
     m_message.clear();
+    m_foundAs.clear();
     int result = -1;
     const QStringList words = candidates();
     for (const QString& word : words) {
         result = lookUp(word);
-        if (result > 0)
+        if (result > 0) {
+            m_foundAs = word;
             break;
+        }
     }
     if (result <= 0)
         m_message = noResultMessage();
@@ -93,6 +99,18 @@ int DictScanEdit::changeTras()
     showResults();
     requestReading();
     return result;
+}
+
+// Looked up once more, as the dictionary may have been changed over the view that is left; but what
+// was heard is not read again.
+void DictScanEdit::showAnew()
+{
+    const int index = m_curResult;
+    const bool toRemember = m_toRemember;
+    changeTras();
+    m_readWanted = false;
+    m_toRemember = toRemember;
+    setCurIndex(index);
 }
 
 int DictScanEdit::researchWords()
@@ -131,7 +149,7 @@ QString DictScanEdit::shownTranslation() const
 
 void DictScanEdit::showResults()
 {
-    unmark();
+    dropReports(); // they are about what was shown
     m_markAt = -1;
     if (m_contents.isEmpty())
         m_layout = {};
@@ -140,7 +158,12 @@ void DictScanEdit::showResults()
     else
         m_layout = layOutEntries(m_contents, selectedWord());
     m_transPane->clear();
-    m_transPane->textCursor().insertText(shownTranslation());
+    QTextCursor cursor = m_transPane->textCursor();
+    // The same for every line, whatever stands in it: the pane holds two of them, and no slices.
+    QTextBlockFormat lines;
+    lines.setLineHeight(painting::LineHeight, QTextBlockFormat::FixedHeight);
+    cursor.setBlockFormat(lines);
+    cursor.insertText(shownTranslation());
     placeMark();
     scrollToResult();
 }
@@ -180,10 +203,14 @@ int DictScanEdit::placeOf(qsizetype shown) const
 // By whole lines: the line at `position` comes first if `atTop`, else it is somewhere in the pane.
 void DictScanEdit::scrollTo(int position, bool atTop)
 {
-    QTextCursor cursor(m_transPane->document());
-    cursor.setPosition(position);
+    const QTextDocument* const document = m_transPane->document();
+    const QTextBlock block = document->findBlock(position);
+    const int blockTop =
+        static_cast<int>(document->documentLayout()->blockBoundingRect(block).top());
+    const QTextLine inBlock = block.layout()->lineForTextPosition(position - block.position());
     QScrollBar* const bar = m_transPane->verticalScrollBar();
-    const int line = m_transPane->cursorRect(cursor).top() + bar->value();
+    const int line =
+        blockTop + (inBlock.isValid() ? inBlock.lineNumber() : 0) * painting::LineHeight;
     const int last = line + painting::LineHeight - m_transPane->viewport()->height();
     if (atTop || line < bar->value())
         bar->setValue(line);
@@ -251,6 +278,8 @@ int DictScanEdit::movePrevResult()
 // A key asks for another entry, which is read as it would be after a look-up.
 void DictScanEdit::moveResult(bool forward)
 {
+    if (m_contents.isEmpty())
+        return;
     const int before = m_curResult;
     if ((forward ? moveNextResult() : movePrevResult()) == before) {
         tellHint(forward ? tr("Last entry.") : tr("First entry."));

@@ -149,6 +149,8 @@ void DictScanEdit::MoveUp()
             setcurRowonly(0);
         return;
     }
+    if (!m_message.isEmpty() && scrollTrans(-1))
+        return;
     if (moveLine(false))
         changeTras();
     else
@@ -166,7 +168,7 @@ void DictScanEdit::MoveDown()
         changeTras();
     else if (!m_contents.isEmpty())
         setcurRowonly(1);
-    else
+    else if (!scrollTrans(1))
         tellHint(tr("End of text."));
 }
 

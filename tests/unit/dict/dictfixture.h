@@ -1,0 +1,61 @@
+#ifndef DICTFIXTURE_H
+#define DICTFIXTURE_H
+
+#include "dict/dictscanedit.h"
+#include "tests/fakes/fakedic.h"
+#include "tests/fakes/qcoprecorder.h"
+#include "tests/shared/applicationstate.h"
+
+#include <QStringList>
+#include <memory>
+
+/* What the tests of the translate screen share: scripted engines with a dictionary, made anew for
+ * each test function, and the screen over another one. */
+class DictFixture : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+protected:
+    struct Entry
+    {
+        QString word; // the one looked up
+        QString translation;
+        QString headword = {}; // where it is another one
+    };
+
+    /* The screen with one dictionary, which is open; settings are set before. */
+    void open(int language, int endLanguage, const QList<Entry>& entries);
+
+    /* An English-German dictionary of a few words. */
+    void openEnglish();
+
+    /* A key; presses of Enter are a second apart. */
+    void press(Qt::Key key);
+
+    /* Waits until everything that is to be read has been. */
+    void waitUntilSilent();
+
+    /* Texts handed to the voice, pause tags left out. */
+    static QStringList spoken();
+    static QString lastSpoken() { return spoken().value(spoken().size() - 1); }
+
+    QString scanText() const;
+    QString shown() const { return m_edit->shownTranslation(); }
+
+    /* What the highlight marks, empty when it marks nothing. */
+    QString marked() const;
+
+    std::unique_ptr<ApplicationState> m_state;
+    std::unique_ptr<QCopRecorder> m_launcher;
+    std::unique_ptr<QWidget> m_previous;
+    std::unique_ptr<DictScanEdit> m_edit;
+    QStringList m_announced;
+    qint64 m_time = 1'000'000; // microseconds
+};
+
+#endif
