@@ -146,6 +146,10 @@ void DictScanEdit::layPanes()
     m_line->setGeometry(LinePlace);
     m_scanPane->setVisible(!whole);
     m_line->setVisible(!whole);
+    // Over the last line of the pane and all that is below it: slices of characters look broken.
+    const int above = painting::LineHeight * (whole ? 3 : 1);
+    const int hintTop = m_transPane->y() + m_transPane->viewport()->y() + above;
+    m_hint->setGeometry(0, hintTop, painting::ScreenWidth, painting::ScreenHeight - hintTop);
     update();
 }
 

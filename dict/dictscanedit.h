@@ -186,6 +186,10 @@ public:
     QString currentHeadword() const;
     QString currentTranslation() const;
 
+    /* Shows something over the bottom of the screen for a while, and has it spoken by signalHint().
+     */
+    void tellHint(const QString& text);
+
     /* What the lower pane says, the speaker mark left out. */
     QString shownTranslation() const;
 
@@ -283,6 +287,7 @@ private:
     int placeOf(qsizetype shown) const;
     void scrollTo(int position, bool atTop);
     void scrollToResult();
+    int lineHeight() const;
     bool scrollTrans(int lines);
     QString noResultMessage() const;
     void showAnew();
@@ -314,7 +319,6 @@ private:
     void pressEnter();
     void step(bool forward);
     void leave();
-    void tellHint(const QString& text);
 
     QTextEdit* m_transPane = nullptr;
     QTextEdit* m_scanPane = nullptr;

@@ -6,7 +6,6 @@
 #include "platform/devicepaths.h"
 #include "platform/zembra_dic.h"
 #include "store/configreader.h"
-#include "widgets/painting.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
@@ -24,6 +23,20 @@ namespace {
 
 const QString SpeakerMark = QStringLiteral("/apps/res/laba.bmp");
 constexpr int SettingIsOn = 0;
+
+// The number of a sense stays in one line with it: no line breaks at a no-break space.
+QString withNumbersKept(QString text)
+{
+    for (qsizetype dot = text.indexOf(QLatin1String(". ")); dot > 0;
+         dot = text.indexOf(QLatin1String(". "), dot + 1)) {
+        qsizetype start = dot;
+        while (start > 0 && text.at(start - 1).isDigit())
+            --start;
+        if (start < dot && (start == 0 || text.at(start - 1).isSpace()))
+            text[dot + 1] = QChar::Nbsp;
+    }
+    return text;
+}
 
 } // namespace
 
@@ -158,12 +171,7 @@ void DictScanEdit::showResults()
     else
         m_layout = layOutEntries(m_contents, selectedWord());
     m_transPane->clear();
-    QTextCursor cursor = m_transPane->textCursor();
-    // The same for every line, whatever stands in it: the pane holds two of them, and no slices.
-    QTextBlockFormat lines;
-    lines.setLineHeight(painting::LineHeight, QTextBlockFormat::FixedHeight);
-    cursor.setBlockFormat(lines);
-    cursor.insertText(shownTranslation());
+    m_transPane->textCursor().insertText(withNumbersKept(shownTranslation()));
     placeMark();
     scrollToResult();
 }
@@ -209,9 +217,8 @@ void DictScanEdit::scrollTo(int position, bool atTop)
         static_cast<int>(document->documentLayout()->blockBoundingRect(block).top());
     const QTextLine inBlock = block.layout()->lineForTextPosition(position - block.position());
     QScrollBar* const bar = m_transPane->verticalScrollBar();
-    const int line =
-        blockTop + (inBlock.isValid() ? inBlock.lineNumber() : 0) * painting::LineHeight;
-    const int last = line + painting::LineHeight - m_transPane->viewport()->height();
+    const int line = blockTop + (inBlock.isValid() ? static_cast<int>(inBlock.y()) : 0);
+    const int last = line + lineHeight() - m_transPane->viewport()->height();
     if (atTop || line < bar->value())
         bar->setValue(line);
     else if (last > bar->value())
@@ -227,12 +234,17 @@ void DictScanEdit::scrollToResult()
         scrollTo(static_cast<int>(m_layout.entries.at(shownEntry()).start), true);
 }
 
+int DictScanEdit::lineHeight() const
+{
+    return m_transPane->fontMetrics().height();
+}
+
 // False when there is no further line.
 bool DictScanEdit::scrollTrans(int lines)
 {
     QScrollBar* const bar = m_transPane->verticalScrollBar();
     const int before = bar->value();
-    bar->setValue(before + lines * painting::LineHeight);
+    bar->setValue(before + lines * lineHeight());
     update();
     return bar->value() != before;
 }

@@ -447,7 +447,8 @@ void TestDictScanEdit::chineseCharacterByCharacter()
     QStringList words = {m_edit->selectedWord()};
     while (m_edit->MoveNext())
         words.append(m_edit->selectedWord());
-    QCOMPARE(words, QStringList({QStringLiteral("中"), QStringLiteral("国"), QStringLiteral("人")}));
+    QCOMPARE(words,
+             QStringList({QStringLiteral("中"), QStringLiteral("国"), QStringLiteral("人")}));
 }
 
 // The scripted engine cuts at blanks: its word is the second of the line.

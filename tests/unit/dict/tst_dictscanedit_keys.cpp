@@ -87,8 +87,8 @@ void TestDictScanEditKeys::rightAndLeftStepAndLookUp()
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("house"));
     QCOMPARE(shown(), QStringLiteral("Haus [n], Heim [n]\n[haus]"));
     waitUntilSilent();
-    QCOMPARE(spoken(), QStringList({"house", "Haus , Heim", "green", "grün", "house",
-                                    "Haus , Heim"}));
+    QCOMPARE(spoken(),
+             QStringList({"house", "Haus , Heim", "green", "grün", "house", "Haus , Heim"}));
 }
 
 void TestDictScanEditKeys::endsOfTheTextAreTold()
@@ -457,16 +457,20 @@ void TestDictScanEditKeys::wholeEntryIsLeftWithUp()
     waitUntilSilent();
     QSignalSpy hints(m_edit.get(), &DictScanEdit::signalHint);
     press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    press(Qt::Key_Down);
-    QCOMPARE(hints.count(), 0);
-    press(Qt::Key_Down);
-    QCOMPARE(hints.takeFirst().at(0).toString(), QStringLiteral("End of entry."));
-    press(Qt::Key_Up);
-    press(Qt::Key_Up);
     QCOMPARE(m_edit->getcurRowonly(), 1);
-    press(Qt::Key_Up);
-    QCOMPARE(m_edit->getcurRowonly(), 0);
+    int down = 0;
+    while (hints.isEmpty() && down < 9) {
+        press(Qt::Key_Down);
+        ++down;
+    }
+    QVERIFY(down > 2);
+    QCOMPARE(hints.takeFirst().at(0).toString(), QStringLiteral("End of entry."));
+    int up = 0;
+    while (m_edit->getcurRowonly() == 1 && up < 9) {
+        press(Qt::Key_Up);
+        ++up;
+    }
+    QCOMPARE(up, down);
     QCOMPARE(hints.count(), 0);
 }
 

@@ -262,8 +262,8 @@ void TestDictScanEditReading::reportsOfWhatIsNoWordMarkNothing()
     QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
     QVERIFY(FakeTts::speakWord());
     QTRY_COMPARE(marked(), QStringLiteral("Haus"));
-    m_edit->TTShignlightFun(7, 4, 1);     // no word
-    m_edit->TTShignlightFun(9999, 4, 0);  // outside the text
+    m_edit->TTShignlightFun(7, 4, 1);    // no word
+    m_edit->TTShignlightFun(9999, 4, 0); // outside the text
     m_edit->TTShignlightFun(-1, 4, 0);
     m_edit->TTShignlightFun(0, 0, 0);
     QCOMPARE(marked(), QStringLiteral("Haus"));

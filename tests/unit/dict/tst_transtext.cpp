@@ -98,8 +98,8 @@ void TestTransText::placesOfTheSecondEntry()
 // "ran" was looked up: the reader sees what the entry is about. It is heard with the word.
 void TestTransText::anotherHeadwordGoesBeforeItsEntry()
 {
-    const TransText layout = layOutEntries(
-        {{QStringLiteral("run"), QStringLiteral("laufen")}}, QStringLiteral("ran"));
+    const TransText layout =
+        layOutEntries({{QStringLiteral("run"), QStringLiteral("laufen")}}, QStringLiteral("ran"));
     QCOMPARE(layout.shown, QStringLiteral("run: laufen"));
     QCOMPARE(layout.entries.at(0).spoken.text, QStringLiteral("laufen"));
     int start = -1;

@@ -148,14 +148,22 @@ void TestTransWords::fragmentAtTheEndOfALine_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("piece");
-    QTest::newRow("piece of a word") << "the inter-" << "inter";
-    QTest::newRow("only a piece") << "inter-" << "inter";
-    QTest::newRow("no hyphen") << "the inter" << "";
-    QTest::newRow("hyphen alone") << "-" << "";
-    QTest::newRow("dash behind a blank") << "the end -" << "";
-    QTest::newRow("two hyphens") << "what--" << "";
-    QTest::newRow("behind a bracket") << "(a)-" << "";
-    QTest::newRow("nothing") << "" << "";
+    QTest::newRow("piece of a word") << "the inter-"
+                                     << "inter";
+    QTest::newRow("only a piece") << "inter-"
+                                  << "inter";
+    QTest::newRow("no hyphen") << "the inter"
+                               << "";
+    QTest::newRow("hyphen alone") << "-"
+                                  << "";
+    QTest::newRow("dash behind a blank") << "the end -"
+                                         << "";
+    QTest::newRow("two hyphens") << "what--"
+                                 << "";
+    QTest::newRow("behind a bracket") << "(a)-"
+                                      << "";
+    QTest::newRow("nothing") << ""
+                             << "";
 }
 
 void TestTransWords::fragmentAtTheEndOfALine()
@@ -185,14 +193,22 @@ void TestTransWords::trimmedWords_data()
 {
     QTest::addColumn<QString>("word");
     QTest::addColumn<QString>("core");
-    QTest::newRow("plain") << "house" << "house";
-    QTest::newRow("brackets") << "(house)" << "house";
-    QTest::newRow("quotes") << "\u201chouse\u201d" << "house";
-    QTest::newRow("within") << "'well-known'" << "well-known";
-    QTest::newRow("apostrophe within") << "don't" << "don't";
-    QTest::newRow("nothing left") << "(-)" << "";
-    QTest::newRow("empty") << "" << "";
-    QTest::newRow("other scripts") << "\u00abдом\u00bb" << "дом";
+    QTest::newRow("plain") << "house"
+                           << "house";
+    QTest::newRow("brackets") << "(house)"
+                              << "house";
+    QTest::newRow("quotes") << "\u201chouse\u201d"
+                            << "house";
+    QTest::newRow("within") << "'well-known'"
+                            << "well-known";
+    QTest::newRow("apostrophe within") << "don't"
+                                       << "don't";
+    QTest::newRow("nothing left") << "(-)"
+                                  << "";
+    QTest::newRow("empty") << ""
+                           << "";
+    QTest::newRow("other scripts") << "\u00abдом\u00bb"
+                                   << "дом";
 }
 
 void TestTransWords::trimmedWords()
