@@ -24,11 +24,11 @@ std::vector<Frame> swipeFrames(const PrintSheet& page, int line, const Swipe& sw
     if (swipe.camera.mount.vertical) {
         const double x = ink.center().x() + swipe.aimMm;
         start = {x, ink.top() - swipe.beyondMm};
-        end = {x, ink.bottom() + swipe.beyondMm};
+        end = {x + swipe.driftMm, ink.bottom() + swipe.beyondMm};
     } else {
         const double y = ink.center().y() + swipe.aimMm;
         start = {ink.left() - swipe.beyondMm, y};
-        end = {ink.right() + swipe.beyondMm, y};
+        end = {ink.right() + swipe.beyondMm, y + swipe.driftMm};
     }
     if (swipe.backwards)
         std::swap(start, end);

@@ -16,6 +16,7 @@ struct Swipe
     bool backwards = false; // from the line's end to its beginning
     double beyondMm = 3.0;  // the hand starts and ends so far off the print
     double aimMm = 0.0;     // and so far below the middle of the line
+    double driftMm = 0.0;   // and sinks by so much more until the line's end
 };
 
 /* The frames of the swipe over line number `line` of the page. */

@@ -12,14 +12,6 @@ namespace {
 constexpr double MmPerInch = 25.4;
 constexpr double PointsPerInch = 72.0;
 
-QImage blankPage(double width, double height)
-{
-    QImage page(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)),
-                QImage::Format_Grayscale8);
-    page.fill(Qt::white);
-    return page;
-}
-
 } // namespace
 
 PrintSheet::PrintSheet(const QStringList& lines, const PrintSettings& settings)
@@ -33,6 +25,14 @@ PrintSheet::PrintSheet(const QStringList& lines, const PrintSettings& settings)
         printColumns(lines, font);
     else
         printRows(lines, font);
+}
+
+QImage PrintSheet::blankPage(double width, double height) const
+{
+    QImage page(static_cast<int>(std::ceil(width)), static_cast<int>(std::ceil(height)),
+                QImage::Format_Grayscale8);
+    page.fill(QColor(m_settings.paper, m_settings.paper, m_settings.paper));
+    return page;
 }
 
 void PrintSheet::printRows(const QStringList& lines, const QFont& font)

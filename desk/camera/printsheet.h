@@ -17,6 +17,7 @@ struct PrintSettings
     double dpi = 600.0;
     double marginMm = 15.0;
     int ink = 20;          // grey level of the print
+    int paper = 255;       // and of what it is printed on
     bool vertical = false; // one column a line, from right to left
 };
 
@@ -33,11 +34,12 @@ class PrintSheet
 public:
     PrintSheet(const QStringList& lines, const PrintSettings& settings);
 
-    const QImage& picture() const { return m_picture; } // Format_Grayscale8, 255 white
+    const QImage& picture() const { return m_picture; } // Format_Grayscale8
     double dpi() const { return m_settings.dpi; }
     const std::vector<PrintedLine>& lines() const { return m_lines; }
 
 private:
+    QImage blankPage(double width, double height) const;
     void printRows(const QStringList& lines, const class QFont& font);
     void printColumns(const QStringList& lines, const class QFont& font);
 
