@@ -57,12 +57,41 @@ void Stitcher::feed(const Frame& frame)
         m_size = cv::Size(frame.width, frame.height);
         m_panorama.emplace(m_size);
     }
-    const cv::Mat grey(frame.height, frame.width, CV_8U,
-                       const_cast<std::uint8_t*>(frame.pixels.data()));
-    cv::Mat ink = inkMap(grey);
-    if (m_settings.leftHand)
-        cv::rotate(ink, ink, cv::ROTATE_180);
-    const std::optional<Shift> place = m_tracker.track(ink, frame.timeUs);
+    cv::Mat grey(frame.height, frame.width, CV_8U, const_cast<std::uint8_t*>(frame.pixels.data()));
+    if (m_settings.leftHand) {
+        cv::Mat upright;
+        cv::rotate(grey, upright, cv::ROTATE_180);
+        grey = upright;
+    }
+    if (m_tone)
+        place(grey, frame.timeUs);
+    else
+        look(grey, frame.timeUs);
+}
+
+void Stitcher::look(const cv::Mat& grey, std::int64_t timeUs)
+{
+    if (!m_toneFinder.look(grey)) {
+        ++m_blankBefore;
+        return;
+    }
+    m_waiting.push_back({grey.clone(), timeUs});
+    if (m_toneFinder.isCertain())
+        settleTone();
+}
+
+void Stitcher::settleTone()
+{
+    m_tone = m_toneFinder.tone();
+    for (const Waiting& frame : m_waiting)
+        place(frame.grey, frame.timeUs);
+    m_waiting.clear();
+}
+
+void Stitcher::place(const cv::Mat& grey, std::int64_t timeUs)
+{
+    const cv::Mat ink = tonedInk(grey, *m_tone);
+    const std::optional<Shift> place = m_tracker.track(ink, timeUs);
     if (!place)
         return;
     m_full = !m_panorama->add(ink, *place);
@@ -71,7 +100,10 @@ void Stitcher::feed(const Frame& frame)
 
 SwipePicture Stitcher::finish()
 {
-    const MotionTracker::Counts counts = m_tracker.counts();
+    if (!m_tone)
+        settleTone();
+    MotionTracker::Counts counts = m_tracker.counts();
+    counts.blank += m_blankBefore;
     SwipePicture picture;
     if (counts.tracked == 0) {
         picture =

@@ -4,6 +4,7 @@
 #include "open/iap/frame.h"
 #include "open/iap/motiontracker.h"
 #include "open/iap/panorama.h"
+#include "open/iap/printtone.h"
 
 #include <cstdint>
 #include <optional>
@@ -50,16 +51,29 @@ public:
     SwipePicture finish();
 
 private:
+    struct Waiting
+    {
+        cv::Mat grey;
+        std::int64_t timeUs;
+    };
+
     bool fitsIn(const Frame& frame) const;
+    void look(const cv::Mat& grey, std::int64_t timeUs);
+    void settleTone();
+    void place(const cv::Mat& grey, std::int64_t timeUs);
     void remember(const Shift& place);
 
     ScanSettings m_settings;
     int m_dpi = 0;
     cv::Size m_size;
+    ToneFinder m_toneFinder;
+    std::optional<PrintTone> m_tone;
+    std::vector<Waiting> m_waiting; // for the tone; a few at most
     MotionTracker m_tracker;
     std::optional<Panorama> m_panorama;
     std::vector<cv::Point2d> m_path; // of the frames' middles, some pixels apart
     int m_fed = 0;
+    int m_blankBefore = 0; // frames without print before the tone was known
     int m_oddFrames = 0;
     bool m_full = false;
 };

@@ -30,6 +30,8 @@ class TestStitcher : public QObject
 private slots:
     void swipeGivesTheLine_data();
     void swipeGivesTheLine();
+    void toneOfThePrint_data();
+    void toneOfThePrint();
     void verticalSwipe_data();
     void verticalSwipe();
     void noFrames();
@@ -80,6 +82,28 @@ void TestStitcher::swipeGivesTheLine()
     const double like = likeness(clean, line);
     QVERIFY2(like > 0.85, qPrintable(QString::number(like)));
     QVERIFY(picture.framesUsed * 10 > picture.framesFed * 9);
+}
+
+void TestStitcher::toneOfThePrint_data()
+{
+    QTest::addColumn<int>("paper");
+    QTest::addColumn<int>("ink");
+    QTest::newRow("faint") << 255 << 204;
+    QTest::newRow("white on black") << 25 << 235;
+    QTest::newRow("black on grey") << 140 << 20;
+}
+
+void TestStitcher::toneOfThePrint()
+{
+    QFETCH(int, paper);
+    QFETCH(int, ink);
+    PrintSettings print;
+    print.paper = paper;
+    print.ink = ink;
+    SwipePicture picture = stitched(swipeFrames(threeLines(print), 1, {}));
+    QVERIFY2(picture.failure == SwipePicture::Failure::None, picture.reason.c_str());
+    const double like = likeness(cleanLine(), matOf(picture));
+    QVERIFY2(like > 0.85, qPrintable(QString::number(like)));
 }
 
 void TestStitcher::verticalSwipe_data()
