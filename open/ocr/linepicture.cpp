@@ -11,6 +11,7 @@ namespace {
 
 constexpr int MinimumContrast = 32; // grey levels between paper and ink
 constexpr int MinimumInkHeight = 4; // pixels; less is dust, or no letters
+constexpr int LongestLine = 400;    // times its height; the widest page has 200, more is a rule
 constexpr int Margin = 12;          // white around the print, in pixels
 constexpr int SmallestHeight = 36;  // print of fewer pixels is enlarged to it
 constexpr int LargestHeight = 96;   // print of more pixels is reduced to it
@@ -190,7 +191,8 @@ GreyPicture prepareLine(const std::uint8_t* image, int width, int height)
         return {};
     const std::vector<std::uint8_t> pixels = stretched(image, area, tones);
     const Box box = inkBox(pixels, width, height);
-    if (box.height() < MinimumInkHeight || box.width() < 2)
+    if (box.height() < MinimumInkHeight || box.width() < 2
+        || box.width() > LongestLine * box.height())
         return {};
     return zoomedWithMargin(pixels, width, box);
 }

@@ -201,7 +201,13 @@ std::u32string cleanResult(std::u32string_view text, bool chinese)
     std::u32string result = plainText(text, chinese);
     if (chinese)
         result = withoutBlanksInChinese(withWideMarks(withoutBlanksInChinese(result)));
-    return std::u32string(trimmedEnd(trimmedStart(result)));
+    // What goes at one end can leave a mark at the other alone.
+    std::u32string_view trimmed = result;
+    for (std::size_t before = trimmed.size() + 1; trimmed.size() != before;) {
+        before = trimmed.size();
+        trimmed = trimmedEnd(trimmedStart(trimmed));
+    }
+    return std::u32string(trimmed);
 }
 
 } // namespace ocr

@@ -119,7 +119,8 @@ bool isLyingBracket(const Piece& piece, const Row& row)
 {
     const double side = row.height();
     const double middle = (piece.top + piece.bottom) / 2.0 - row.top();
-    return piece.width() >= LeastBracket * side && piece.width() >= FlattestTurn * piece.height()
+    return piece.width() >= LeastBracket * side && piece.width() <= side
+           && piece.width() >= FlattestTurn * piece.height()
            && std::abs(middle - side / 2) >= OffMiddle * side;
 }
 
@@ -146,9 +147,10 @@ void setMarksHorizontally(GreyPicture& line)
                     row.top() + row.height() - piece.height());
         } else if (isLyingBracket(piece, row)) {
             const int fromMiddle = (piece.top + piece.bottom) / 2 - row.top() - row.height() / 2;
-            const int middle = (piece.left + piece.right) / 2 + fromMiddle;
             const GreyPicture ink = turnedBack(row.lift(piece));
-            row.put(ink, middle - ink.width / 2, row.top() + (row.height() - ink.height) / 2);
+            const int left = (piece.left + piece.right - ink.width) / 2 + fromMiddle;
+            row.put(ink, std::clamp(left, 0, line.width - ink.width),
+                    row.top() + (row.height() - ink.height) / 2);
         }
         end = piece.right;
     }

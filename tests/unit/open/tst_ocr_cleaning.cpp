@@ -63,6 +63,7 @@ void TstOcrCleaning::cleans_data()
     add("lone apostrophe after", "A line. \u2019", "A line.");
     add("only marks", "| _ ~", "");
     add("only a dot", ".", "");
+    add("a dot and a stroke", ".`", "");
     add("dash of speech stays", "\u2014 Yes, he said.", "\u2014 Yes, he said.");
     add("bullet stays", "\u2022 item", "\u2022 item");
     add("French spacing stays", "Vraiment !", "Vraiment !");
