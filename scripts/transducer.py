@@ -1,8 +1,10 @@
 """Reads the compiled dictionaries of Apertium: every path through one pairs two texts."""
+import collections
 import subprocess
 import sys
 
 EPSILON = "\u03b5"
+CLASS_OF_SIGNS = 12  # so many ways between two states are a pattern, like that of web addresses
 
 
 def sections(path):
@@ -27,10 +29,20 @@ def is_tag(sign):
     return len(sign) > 2 and sign[0] == "<" and sign[-1] == ">"
 
 
+def without_patterns(arcs):
+    """What spells words, without the patterns, which have more paths than can be counted."""
+    kept = {}
+    for state, ways in arcs.items():
+        count = collections.Counter(to for to, _, _ in ways)
+        kept[state] = [way for way in ways if count[way[0]] < CLASS_OF_SIGNS]
+    return kept
+
+
 def paths(arcs, finals, goes_on):
     """The pairs of texts along all paths without loops. A path ends before a pair of signs for
     which goes_on(left text, right text, left sign, right sign) is false."""
     sys.setrecursionlimit(10000)
+    arcs = without_patterns(arcs)
     entered = set()
 
     def walk(state, left, right):

@@ -23,11 +23,18 @@ private slots:
     void anEntryIsShownOnce();
     void irregularFormsLeadToTheirWords();
     void aWordThatIsAFormAsWellShowsBoth();
+    void formsOfTheCommonestVerbsLead();
+    void theWordClassOfAFormChoosesTheEntry();
+    void smallLettersAreNoNoun();
+    void capitalsAreANounInGerman();
+    void capitalsBeginASentenceElsewhere();
+    void abbreviationsSpelledLikeTheWordComeLast();
     void theLongestStemWins();
     void stemsInAnOlderEncoding();
     void theWordAtAnApostropheIsFound_data();
     void theWordAtAnApostropheIsFound();
     void compoundsArePartedInLanguagesThatHaveThem();
+    void theLastPartOfACompoundMayBeInflected();
     void compounds_data();
     void compounds();
     void accentsCountWhereTheWordIsRight();
@@ -163,6 +170,68 @@ void TestDicLookup::aWordThatIsAFormAsWellShowsBoth()
     QCOMPARE(found(u"saw"), QStringList({"saw: Saege", "see: sehen form"}));
 }
 
+void TestDicLookup::formsOfTheCommonestVerbsLead()
+{
+    open("fra-deu", {{"est", "Osten"}, {"etre", "sein"}, {"suivre", "folgen"}},
+         forms("est\tetre\tv\nest\test\nest\tsuivre\tv\n"));
+    QCOMPARE(found(u"est"), QStringList({"etre: sein form", "est: Osten", "suivre: folgen form"}));
+}
+
+void TestDicLookup::theWordClassOfAFormChoosesTheEntry()
+{
+    const std::vector<dicfiles::Entry> entries = {{"vilja", "vilja <n, ut>\nWille"},
+                                                  {"vilja", "vilja\nwer weiss"},
+                                                  {"vilja", "vilja <v>\nwollen"}};
+    open("swe-deu", entries, forms("vill\tvilja\tv\nviljor\tvilja\tn\nviljas\tvilja\n"));
+    QCOMPARE(found(u"vill").first(), QString("vilja: wollen form"));
+    QCOMPARE(found(u"vill").last(), QString("vilja: Wille form"));
+    QCOMPARE(found(u"viljor").first(), QString("vilja: Wille form"));
+    QCOMPARE(found(u"viljas").first(), QString("vilja: Wille form"));
+    QCOMPARE(found(u"vilja").size(), 3);
+}
+
+void TestDicLookup::smallLettersAreNoNoun()
+{
+    const std::vector<dicfiles::Entry> entries = {{"habe", "Habe\npossessions"},
+                                                  {"haben", "haben\nto have"},
+                                                  {"reise", "Reise\njourney"},
+                                                  {"reisen", "reisen\nto travel"}};
+    open("deu-eng", entries,
+         forms("habe\thaben\tv\n", "SET UTF-8\nSFX E Y 1\nSFX E en e en\n", "1\nreisen/E\n"));
+    QCOMPARE(found(u"habe"), QStringList({"haben: to have form", "Habe: possessions folded"}));
+    QCOMPARE(found(u"Habe"), QStringList({"Habe: possessions", "haben: to have form"}));
+    QCOMPARE(found(u"reise"), QStringList({"reisen: to travel form", "Reise: journey folded"}));
+    QCOMPARE(found(u"Reise"), QStringList("Reise: journey"));
+}
+
+void TestDicLookup::capitalsAreANounInGerman()
+{
+    const std::vector<dicfiles::Entry> entries = {
+        {"tagen", "tagen\nto meet"}, {"tag", "Tag\nday"}, {"nach", "nach\nafter"}};
+    const dic::WordFormFiles files =
+        forms("", "SET UTF-8\nSFX E Y 1\nSFX E 0 en .\n", "3\nTag/E\ntagen\nnach\n");
+    open("deu-eng", entries, files);
+    QCOMPARE(found(u"Tagen"), QStringList({"Tag: day form", "tagen: to meet folded"}));
+    QCOMPARE(found(u"tagen"), QStringList("tagen: to meet"));
+    QCOMPARE(found(u"Nach"), QStringList("nach: after folded"));
+}
+
+void TestDicLookup::capitalsBeginASentenceElsewhere()
+{
+    open("eng-deu", {{"saw", "Saege"}, {"see", "sehen"}}, forms("saw\tsee\tv\n"));
+    QCOMPARE(found(u"Saw"), QStringList({"saw: Saege folded", "see: sehen form"}));
+}
+
+void TestDicLookup::abbreviationsSpelledLikeTheWordComeLast()
+{
+    open("deu-eng",
+         {{"war", "Wassermannreaktion /v/ (WaR) <fem>\nWassermann reaction"},
+          {"sein", "sein\nto be"}},
+         forms("war\tsein\tv\n"));
+    QCOMPARE(found(u"war"),
+             QStringList({"sein: to be form", "Wassermannreaktion: Wassermann reaction folded"}));
+}
+
 void TestDicLookup::theLongestStemWins()
 {
     open("eng-deu", {{"work", "Arbeit"}, {"worker", "Arbeiter"}},
@@ -211,6 +280,18 @@ void TestDicLookup::compoundsArePartedInLanguagesThatHaveThem()
              QStringList({"Haus: house compound", QString::fromUtf8("Tür: door compound")}));
     open("eng-deu", entries);
     QVERIFY(found(u"Haust\u00fcr").isEmpty());
+}
+
+void TestDicLookup::theLastPartOfACompoundMayBeInflected()
+{
+    const std::vector<dicfiles::Entry> entries = {
+        {"haus", "Haus\nhouse"}, {"boot", "Boot\nboat"}, {"karte", "Karte\nmap"}};
+    const dic::WordFormFiles files =
+        forms("boote\tBoot\tn\n", "SET UTF-8\nSFX N Y 1\nSFX N 0 n .\n", "1\nKarte/N\n");
+    open("deu-eng", entries, files);
+    QCOMPARE(found(u"Hausboote"), QStringList({"Haus: house compound", "Boot: boat compound"}));
+    QCOMPARE(found(u"Hauskarten"), QStringList({"Haus: house compound", "Karte: map compound"}));
+    QVERIFY(found(u"Hausbooty").isEmpty());
 }
 
 void TestDicLookup::compounds_data()
