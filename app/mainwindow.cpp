@@ -1,6 +1,7 @@
 #include "app/mainwindow.h"
 
 #include "app/widgetchange.h"
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
 #include "engines/charscanner.h"
 #include "engines/cttsthread.h"
@@ -13,6 +14,8 @@
 #include "store/configreader.h"
 #include "store/filemanager.h"
 #include "store/launcher.h"
+#include "store/newwordmanager.h"
+#include "store/statisticmanager.h"
 #include "widgets/announcer.h"
 #include "widgets/heldkeys.h"
 #include "widgets/mysubmenu.h"
@@ -21,6 +24,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QEvent>
+#include <QKeyEvent>
 #include <utility>
 
 namespace {
@@ -50,6 +54,8 @@ MainWindow::MainWindow(QWidget* parent) : QMainWindow(parent)
     m_mainMenu->setSpeechWorker(m_menuSpeech.get());
     announcer::setSpeaker([this](const QString& text) { announceMessage(text); },
                           [this] { keyPressSlot(); });
+    NewWordManager::Instance()->init();
+    openDictionary(); // ahead of the first translation; nothing waits for it
 }
 
 MainWindow::~MainWindow()
@@ -63,9 +69,12 @@ MainWindow::~MainWindow()
     launcher::speakerLeaves(launcher::Speaker::Menu);
     m_settingsThread.reset();
     m_setupThread.reset();
+    delete std::exchange(m_transEdit, nullptr);
     for (MyEdit** edit : {&m_renameEdit, &m_editor})
         delete std::exchange(*edit, nullptr);
 
+    NewWordManager::quitFun();
+    StatisticManager::quitFun();
     Translater::quitFun();
 
     // Each is made if it is not there yet, so that it is always a live object that is quit.
@@ -185,6 +194,16 @@ void MainWindow::hideButton()
 
 bool MainWindow::eventFilter(QObject* object, QEvent* event)
 {
+    if (event->type() == QEvent::KeyPress && keysAreHeld(object)) {
+        if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_F10)
+            sayPlace();
+        return true;
+    }
+    if (m_transEdit && object == m_transEdit && event->type() == QEvent::Show) {
+        ZEMBRA_IAP_SetStopSignal(m_storedIsShown || m_dictJob ? 1 : 0);
+        QMetaObject::invokeMethod(this, &MainWindow::resumeTranslation, Qt::QueuedConnection);
+        return false;
+    }
     const bool isEditor = object && (object == m_editor || object == m_renameEdit);
     if (isEditor && event->type() == QEvent::Show) {
         ZEMBRA_IAP_SetStopSignal(0);

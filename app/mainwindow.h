@@ -6,13 +6,18 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <array>
 #include <memory>
+#include <optional>
 #include <utility>
 
 class CharScanner;
 class CTTSThread;
 class CTtsThread;
 class CTtsThreadForSet;
+class DictScanEdit;
+class DictSwitch;
+class HintLine;
 class MyEdit;
 class MySubMenu;
 class QCopChannel;
@@ -21,6 +26,7 @@ class SpinItems;
 class TTSConfig;
 class YesnoSelect;
 struct ScanLanInfoForSort;
+struct WordItem;
 
 /*
  * The controller of the whole application: owns the screens and moves between them, builds and
@@ -35,7 +41,8 @@ struct ScanLanInfoForSort;
  * mainwindow_deleteflow.cpp, mainwindow_renameflow.cpp (lists of files, deleting, renaming),
  * mainwindow_settingsflows.cpp (settings menus), mainwindow_settingspages.cpp (settings pages),
  * mainwindow_quickmenu.cpp (the menus over the editor), mainwindow_extrakeys.cpp (keys that a
- * screen has no use for), mainwindow_dictflows.cpp (dictionaries).
+ * screen has no use for), mainwindow_dictionaries.cpp (the choice and opening of dictionaries),
+ * mainwindow_dictflows.cpp (translating), mainwindow_dictmenus.cpp (menus of dictionary mode).
  */
 class MainWindow : public QMainWindow
 {
@@ -80,10 +87,23 @@ public:
 
     MyEdit* editor() const { return m_editor; }
 
+    /* The translate screen; null until the first translation. */
+    DictScanEdit* translateScreen() const { return m_transEdit; }
+    DictSwitch* dictionarySwitch() const { return m_dictSwitch; }
+
     /* The input of a new file name; null until one was renamed. */
     MyEdit* renameEditor() const { return m_renameEdit; }
     CTTSThread* menuSpeech() const { return m_menuSpeech.get(); }
     bool keepRunning() const { return m_keepRunning; }
+
+    /* Whether a dictionary is being opened or closed in the background. */
+    bool isOpeningDictionary() const { return m_dictJob.has_value(); }
+
+    /* Whether a dictionary was changed since a word was looked up. */
+    bool dictionaryChanged() const { return m_dictChanged; }
+
+    /* What a switch shows for its values 0 and 1. */
+    static QStringList switchTexts();
 
 public slots:
     /* One message of the launcher; unknown ones are ignored. */
@@ -154,14 +174,45 @@ public slots:
     /* Items of the quick menu: back to the editor, and there once the menu's voice has ended. */
     void soundAgainFun();
     void gotoBeginningFun();
+
+    /* Translates the word at the editor's cursor: dictionary mode begins. Without a word, or
+     * without a dictionary that can be opened, a message says so and the editor stays. While the
+     * dictionary is being opened the keys rest, and it goes on by itself. */
     void transWordFun();
+
+    /* The translate screen is being left; it begins to read, has ended; its menu is asked for. */
+    void backFromTransEdit();
+    void TTSPlayInTransSlot();
+    void TTSPlayEndInTransSlot();
+    void quickSetSlotForDict(bool on);
+    void quickSetForDict();
+
+    /* Shows the selection screen. */
     void selectDicFun();
+
+    /* A dictionary was chosen: its language pair, its place in it, and a number that is kept only.
+     * It is opened in the background. */
+    void changeDict(int pair, int dict, int flag);
+
+    /* The selection screen was left; nothing is to be done. */
+    void escTriggerSlot();
+    void okTriggerSlot();
+
+    /* Speaks what the selection screen shows. The arguments are not used. */
+    void dictSelctShowSlot(int index, const QString& text, int last);
+
+    /* More of the dictionary mode: the settings of reading translations, the new-word book, the
+     * current dictionary. */
+    void newReadTrans();
+    void newWords();
+    void aboutDictionaries();
 
     /* A menu of values is left with the value at `index`; the text is not used. The one that is
      * stored already changes nothing. */
     void scanLanChange(int index, const QString& text);
     void delayChange(int index, const QString& text);
     void scanTTSChange(int index, const QString& text);
+    void readTransChange(int index, const QString& text);
     void scanDirectChange(int index, const QString& text);
     /* As above; the scan engine starts anew with the direction. */
     void scanDirectChangeQuick(int index, const QString& text);
@@ -309,8 +360,45 @@ private:
     int scanLanguageRow() const;
     void applyScanLanguage();
     QString placeInEditor() const;
+    void endSetUpSign();
+    void tellSetUp(const QString& what);
+    bool isReadingAloud() const;
+
+    // Opening dictionaries: one job of the worker at a time.
+    enum class DictJob { Change, Open, Close };
+    void runDictJob(DictJob job);
+    void openDictionary();
+    void closeDictionary();
+    void showDictBusy();
+    /* Translates `word` once the dictionary is open. */
+    void awaitDictionary(const QString& word);
+    void dictionaryIsThere(DictJob job);
+    bool hasDictionaries() const;
+    /* Whether the dictionary of the settings is open and nothing is under way. */
+    bool dictionaryIsReady() const;
+    QString dictionaryName() const;
+    void tellNoDictionary();
+
+    void ensureTransEdit();
+    bool beginTranslation();
+    void translate(const QString& word);
+    void tellNoWord();
+    void countTranslation(const QString& word) const;
+    void rememberWord(const QString& word, const QString& translation);
+    void leaveTranslation();
+    void resumeTranslation();
+    void beginTransScan();
+    void takeTransScan(const QString& text);
+    void showNewWord(const WordItem& item);
+    /* Whether keys of that screen rest while a dictionary is being opened. */
+    bool keysAreHeld(const QObject* screen) const;
+    QWidget* workScreen() const;
 
     MyEdit* m_editor = nullptr;
+    DictScanEdit* m_transEdit = nullptr;
+    HintLine* m_transHint = nullptr; // on the translate screen
+    DictSwitch* m_dictSwitch = nullptr;
+    MySubMenu* m_dictMenu = nullptr;
     std::unique_ptr<CTtsThread> m_setupThread;
     std::unique_ptr<CTtsThreadForSet> m_settingsThread;
     std::unique_ptr<CTTSThread> m_menuSpeech;
@@ -330,6 +418,15 @@ private:
     int m_languageInSetUp = -1;      // row that the worker was given last
 
     QVector<_stTransLan> m_dictionaries;
+    std::array<int, 3> m_chosenDict = {};
+    bool m_dictChanged = false;
+    std::optional<DictJob> m_dictJob; // that the worker has
+    std::optional<DictJob> m_nextDictJob;
+    bool m_dictIsAwaited = false; // the busy sign tells of it
+    QString m_wordInWait;         // for the dictionary
+    QStringList m_waitingScans;   // of the translate screen, for the dictionary
+    bool m_storedIsShown = false; // the translate screen shows a remembered word
+    bool m_editorHintHeld = false;
 
     bool m_editorWasOpen = false;
     int m_stopsRunning = 0;     // calls of StopAll() that have not returned
@@ -338,7 +435,8 @@ private:
     bool m_utterancePending = false;
     bool m_readAgainPending = false;
     bool m_gotoBeginPending = false;
-    bool m_editorSpokeLast = false;
+    enum class Voice { Menu, Editor, Translation };
+    Voice m_lastVoice = Voice::Menu;
     QString m_confirmation;
     QString m_saidText; // what was said last, if it was not the editor
     QString m_saidInstruction;

@@ -1,36 +1,192 @@
-// MainWindow, dictionaries: the list of them, and the way to a translation.
+// MainWindow, dictionary mode: from the word at the cursor to its translation and back, and the
+// scans that come meanwhile.
 
 #include "app/mainwindow.h"
 
+#include "app/widgetchange.h"
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
+#include "engines/cttsthread.h"
+#include "engines/flags.h"
 #include "engines/translater.h"
 #include "engines/ttsplayer.h"
+#include "platform/zembra_iap.h"
+#include "store/configreader.h"
+#include "store/newwordmanager.h"
+#include "store/statisticmanager.h"
+#include "widgets/hintline.h"
+#include "widgets/messagedialog.h"
+#include "widgets/painting.h"
 
-// The engine's order is stable, and settings refer to places in it: it is kept.
-void MainWindow::sortDictLoad()
-{
-    m_dictionaries.clear();
-    Translater::Instance()->GetDict(m_dictionaries);
-}
+#include <QDateTime>
+#include <QScopedValueRollback>
 
-void MainWindow::finishTtsSet()
-{
-    endBusy();
-}
+namespace {
+
+constexpr int CountingOn = 0; // value of the statistics setting
+
+} // namespace
 
 QString MainWindow::getWordFromCursor() const
 {
     return m_editor ? m_editor->getWordFromMyEdit() : QString();
 }
 
+// The word is the editor's: the editor is the screen to come back to, not the menu over it.
 void MainWindow::transWordFun()
 {
+    {
+        const QScopedValueRollback silently(m_editorHintHeld, true);
+        returnToEditor();
+    }
     TTSPlayer::Instance()->stop();
     hushMenu();
-    showMessage(getWordFromCursor().isEmpty() ? tr("word is null") : tr("Not available yet."));
+    m_utterancePending = false;
+    if (m_editor)
+        m_editor->StopTTS();
+    const bool ready = beginTranslation();
+    const QString word = getWordFromCursor();
+    if (word.isEmpty()) {
+        tellNoWord();
+    } else if (ready) {
+        translate(word);
+    } else {
+        g_InDict = false;
+        awaitDictionary(word);
+    }
 }
 
-void MainWindow::selectDicFun()
+// False when the dictionary is not open (yet): the screen would open it itself, and block.
+bool MainWindow::beginTranslation()
 {
-    showMessage(tr("Not available yet."));
+    g_InDict = true;
+    ensureTransEdit();
+    if (!dictionaryIsReady())
+        return false;
+    const ConfigReader* config = ConfigReader::Instance();
+    m_transEdit->setTransLan(config->getLanDict(), config->getLanDictInfo());
+    return true;
+}
+
+void MainWindow::ensureTransEdit()
+{
+    if (m_transEdit)
+        return;
+    m_transEdit = new DictScanEdit(this, true);
+    m_transEdit->setGeometry(rect());
+    m_transEdit->hide();
+    m_transEdit->installEventFilter(this);
+    m_transEdit->setSpeechWorker(m_menuSpeech.get());
+    m_transHint = new HintLine(m_transEdit);
+    connect(m_transEdit, &DictScanEdit::escPressed, this, &MainWindow::backFromTransEdit);
+    connect(m_transEdit, &DictScanEdit::signalOKInTrans, this, &MainWindow::TTSPlayInTransSlot);
+    connect(m_transEdit, &DictScanEdit::signalTTSendInTrans, this,
+            &MainWindow::TTSPlayEndInTransSlot);
+    connect(m_transEdit, &DictScanEdit::signalQuickset, this, &MainWindow::quickSetSlotForDict);
+    connect(m_transEdit, &DictScanEdit::signalKeyPress, this, &MainWindow::keyPressSlot);
+    connect(m_transEdit, &DictScanEdit::signalHint, this, &MainWindow::hintSlot);
+    connect(m_transEdit, &DictScanEdit::lookedUp, this, &MainWindow::rememberWord);
+}
+
+void MainWindow::tellNoWord()
+{
+    MessageDialog(nullptr, tr("word is null"), MessageDialog::UsualMilliseconds).exec();
+    if (m_transEdit)
+        m_transEdit->resumeeditformat();
+    leaveTranslation();
+    focusCurrent();
+}
+
+void MainWindow::translate(const QString& word)
+{
+    WidgetChange* const screens = WidgetChange::Instance();
+    m_transEdit->setScanText(word, true);
+    const int found = m_transEdit->transWordForEdit(word);
+    m_transEdit->setPrevWidget(screens->getCurWidget());
+    m_dictChanged = false;
+    m_storedIsShown = false;
+    screens->Go2NewWidget(m_transEdit);
+    if (found > 0)
+        countTranslation(word);
+}
+
+// The last column is for the language of the definitions: it is looked up, and left out.
+void MainWindow::countTranslation(const QString& word) const
+{
+    if (ConfigReader::Instance()->getStatisInfo() != CountingOn)
+        return;
+    const int pair = ConfigReader::Instance()->getLanDict();
+    const int target = Translater::Instance()->getEndLanID(pair);
+    const int source = Translater::Instance()->getLanID(pair);
+    const QString from = StatisticManager::IsoMapFun(source);
+    StatisticManager::IsoMapFun(target);
+    StatisticManager::Instance()->flush({QString::number(QDateTime::currentMSecsSinceEpoch()), 1,
+                                         word, from + QStringLiteral("\tnull")});
+}
+
+void MainWindow::backFromTransEdit()
+{
+    leaveTranslation();
+}
+
+// What was begun on the translate screen and is still to come goes elsewhere from now on.
+void MainWindow::leaveTranslation()
+{
+    g_InDict = false;
+    m_waitingScans.clear();
+    setFont(painting::screenFont());
+    if (m_editor)
+        m_editor->setFont(painting::screenFont());
+}
+
+void MainWindow::TTSPlayInTransSlot()
+{
+    m_lastVoice = Voice::Translation;
+    if (m_editor)
+        m_editor->setTTSFlagInTrans(true);
+}
+
+void MainWindow::TTSPlayEndInTransSlot()
+{
+    if (m_editor)
+        m_editor->setTTSFlagInTrans(false);
+}
+
+// The same word twice in a row is remembered once, even if the pen was off in between.
+void MainWindow::rememberWord(const QString& word, const QString& translation)
+{
+    NewWordManager* const book = NewWordManager::Instance();
+    WordItem last;
+    if (!book->get(book->getSize() - 1, last) || last.word != word)
+        book->put(word, translation);
+}
+
+void MainWindow::beginTransScan()
+{
+    m_transHint->hide();
+    m_transEdit->beginScan();
+}
+
+void MainWindow::takeTransScan(const QString& text)
+{
+    if (text.trimmed().isEmpty()) {
+        const QString hint = tr("Nothing recognised.");
+        m_transHint->tell(hint);
+        hintSlot(hint);
+    } else if (m_dictJob) {
+        m_waitingScans.append(text); // looking it up would wait for the dictionary
+    } else {
+        m_transEdit->takeScan(text);
+    }
+}
+
+// The translate screen is shown (again): the pen may scan unless what it shows is remembered only,
+// and a dictionary that was changed meanwhile has its say.
+void MainWindow::resumeTranslation()
+{
+    ZEMBRA_IAP_SetStopSignal(m_storedIsShown || m_dictJob ? 1 : 0);
+    if (m_dictJob)
+        showDictBusy();
+    else if (std::exchange(m_dictChanged, false) && !m_storedIsShown && beginTranslation())
+        m_transEdit->researchWords();
 }

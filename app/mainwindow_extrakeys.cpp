@@ -3,7 +3,10 @@
 #include "app/mainwindow.h"
 
 #include "app/widgetchange.h"
+#include "dict/dictscanedit.h"
+#include "dict/dictswitch.h"
 #include "editor/myedit.h"
+#include "platform/zembra_iap.h"
 #include "store/filemanager.h"
 #include "widgets/mysubmenu.h"
 #include "widgets/sandglass.h"
@@ -94,18 +97,26 @@ void MainWindow::keyPressEvent(QKeyEvent* event)
 void MainWindow::moreSettings()
 {
     const QWidget* current = WidgetChange::Instance()->getCurWidget();
-    if (!current || current == m_renameEdit || m_flowScreens.contains(m_moreMenu) || m_sandGlass) {
+    if (!current || current == m_renameEdit || current == m_dictSwitch
+        || m_flowScreens.contains(m_moreMenu) || m_sandGlass) {
         sayPlace();
         return;
     }
     if (current == m_editor) {
         m_editor->StopTTS();
         m_editor->setStopFlag(true);
+    } else if (current == m_transEdit) {
+        m_transEdit->stopReading();
+        ZEMBRA_IAP_SetStopSignal(1);
     }
     const ItemSlot direction = editorIsBelow() ? &MainWindow::newDicQuick : &MainWindow::newDic;
-    m_moreMenu = newMenu(tr("More settings"), {{tr("Read delay"), &MainWindow::delaySet},
-                                               {tr("TTS Setting"), &MainWindow::newTTSSet},
-                                               {tr("Scan Direction"), direction}});
+    m_moreMenu =
+        newMenu(tr("More settings"), {{tr("Read delay"), &MainWindow::delaySet},
+                                      {tr("TTS Setting"), &MainWindow::newTTSSet},
+                                      {tr("Scan Direction"), direction},
+                                      {tr("Read translation"), &MainWindow::newReadTrans},
+                                      {tr("New words"), &MainWindow::newWords},
+                                      {tr("Dictionaries"), &MainWindow::aboutDictionaries}});
     openMenu(m_moreMenu);
 }
 
@@ -131,10 +142,14 @@ void MainWindow::sayPlace()
     QString place;
     if (const auto* menu = qobject_cast<const TalkingMenu*>(current))
         place = placeOf(*menu);
+    else if (m_dictSwitch && current == m_dictSwitch)
+        place = m_dictSwitch->windowTitle() + Between + m_dictSwitch->spokenText();
     else if (const auto* page = qobject_cast<const TTSConfig*>(current))
         place = placeOf(*page);
     else if (m_editor && current == m_editor)
         place = placeInEditor();
+    else if (m_transEdit && current == m_transEdit)
+        place = m_transEdit->placeText() + Between + dictionaryName();
     if (findChild<SandGlass*>())
         place = tr("Please wait.") + QChar(u' ') + place;
     if (!place.isEmpty())
@@ -143,8 +158,10 @@ void MainWindow::sayPlace()
 
 void MainWindow::sayAgain()
 {
-    if (m_editorSpokeLast && m_editor && m_editor->isVisible())
+    if (m_lastVoice == Voice::Editor && m_editor && m_editor->isVisible())
         m_editor->soundAgain();
+    else if (m_lastVoice == Voice::Translation && m_transEdit && m_transEdit->isVisible())
+        m_transEdit->soundOnlySrcForTrans();
     else if (!m_saidText.isEmpty() || !m_saidInstruction.isEmpty())
         talkingMenuTTS(0, m_saidText, m_saidInstruction);
 }

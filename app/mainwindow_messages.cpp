@@ -3,6 +3,7 @@
 #include "app/mainwindow.h"
 
 #include "app/widgetchange.h"
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
 #include "engines/ttsplayer.h"
 #include "platform/oled.h"
@@ -57,6 +58,11 @@ void MainWindow::silence()
     }
     if (m_renameEdit)
         m_renameEdit->StopTTS();
+    if (m_transEdit) {
+        m_transEdit->clearTransContent();
+        m_transEdit->stopReading();
+        m_transEdit->setOKSoundFlagForTalk(false);
+    }
     TTSPlayer::Instance()->stop();
     m_utterancePending = false;
     m_messageIsSpoken = false;
@@ -115,6 +121,7 @@ void MainWindow::stopAndFreeze()
         m_editorWasOpen = fileWasOpen && !m_editor->isBound();
     }
     pauseNameScanning();
+    closeDictionary();
     if (QWidget* current = WidgetChange::Instance()->getCurWidget())
         current->setEnabled(false);
 }
@@ -146,6 +153,7 @@ void MainWindow::resumeAfterUsb()
     resumeNameScanning();
     if (m_renameEdit && m_renameEdit->renameFlag())
         m_renameEdit->setScanInit();
+    openDictionary();
 }
 
 void MainWindow::StopOnly()

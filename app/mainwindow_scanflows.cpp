@@ -140,8 +140,10 @@ void MainWindow::ensureEditor()
         connect(m_editor, &MyEdit::signalShow, this, &MainWindow::editShowSlot);
         connect(m_editor, &MyEdit::signalQuickSet, this, &MainWindow::quickSet);
         connect(m_editor->soundThread(), &QThread::started, this,
-                [this] { m_editorSpokeLast = true; });
+                [this] { m_lastVoice = Voice::Editor; });
         connect(m_editor, &MyEdit::signalHint, this, &MainWindow::hintSlot);
+        connect(m_editor, &MyEdit::signalTransScan, this, &MainWindow::beginTransScan);
+        connect(m_editor, &MyEdit::signalTransText, this, &MainWindow::takeTransScan);
     }
     TTSPlayer::Instance()->setEdit(m_editor);
     m_editor->Getscanner()->setEdit(m_editor);

@@ -6,6 +6,7 @@
 #include "app/scanlanguagemenu.h"
 #include "app/settingsvalues.h"
 #include "app/widgetchange.h"
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthreadforset.h"
@@ -15,8 +16,10 @@
 #include "store/configreader.h"
 #include "store/languagemanager.h"
 #include "widgets/mysubmenu.h"
+#include "widgets/sandglass.h"
 
 #include <QAction>
+#include <QApplication>
 
 namespace {
 
@@ -51,8 +54,8 @@ MySubMenu* MainWindow::newMenu(const QString& title,
 void MainWindow::openMenu(MySubMenu* menu)
 {
     menu->setPrevWidget(WidgetChange::Instance()->getCurWidget());
-    menu->setPrevQuickWidget(m_editor);
-    menu->setQuickFlag(editorIsBelow());
+    menu->setPrevQuickWidget(workScreen());
+    menu->setQuickFlag(workScreen() != nullptr);
     connectMenu(menu);
     connect(menu, &MySubMenu::escPressed, this, [this, menu] { endFlowScreen(menu); });
     openFlowScreen(menu);
@@ -63,6 +66,8 @@ void MainWindow::openFlowScreen(QWidget* screen)
     screen->setGeometry(rect());
     m_flowScreens.append(screen);
     WidgetChange::Instance()->Go2NewWidget(screen);
+    if (m_sandGlass)
+        m_sandGlass->raise(); // what it tells of goes on
 }
 
 // Deleted later, as the key event that leaves the screen is the screen's own.
@@ -83,11 +88,23 @@ bool MainWindow::editorIsBelow() const
     return m_editor && m_editor->isBound();
 }
 
+// Where Enter on a value leads: the translate screen, or the editor with a file open.
+QWidget* MainWindow::workScreen() const
+{
+    if (g_InDict)
+        return m_transEdit;
+    return editorIsBelow() ? m_editor : nullptr;
+}
+
 void MainWindow::returnToEditor()
 {
     WidgetChange* screens = WidgetChange::Instance();
     if (!editorIsBelow() || screens->getCurWidget() == m_editor)
         return;
+    if (g_InDict) {
+        m_transEdit->stopReading();
+        leaveTranslation();
+    }
     screens->Go2PrevWidget(screens->getCurWidget(), m_editor);
     endFlowScreens();
 }
@@ -167,15 +184,32 @@ void MainWindow::finishTtsSetForSet()
         applyScanLanguage();
         return;
     }
-    endBusy();
     const int row = std::exchange(m_wantedLanguage, -1);
     m_languageInSetUp = -1;
+    endSetUpSign();
     if (row < 0)
         return;
     scanstart::applyLanguage();
-    if (m_editor && m_editor->soundThread()->isRunning())
+    tellSetUp(LanguageManager::Instance()->getChnByID(row));
+}
+
+// The sign is one for all who work in the background.
+void MainWindow::endSetUpSign()
+{
+    if (m_wantedLanguage < 0 && !m_dictIsAwaited)
+        endBusy();
+}
+
+// What has been set up is told in front of what was said last; a message is not said twice.
+void MainWindow::tellSetUp(const QString& what)
+{
+    if (isReadingAloud())
         return; // what the user listens to goes on
-    confirm(LanguageManager::Instance()->getChnByID(row));
+    if (QApplication::activeModalWidget()) {
+        talkingMenuTTS(0, what, QString());
+        return;
+    }
+    confirm(what);
     talkingMenuTTS(0, m_saidText, m_saidInstruction);
 }
 

@@ -17,11 +17,6 @@ namespace {
 
 constexpr int PausesSideBySide = 5;
 
-QStringList switchTexts()
-{
-    return {MainWindow::tr("On"), MainWindow::tr("Off")};
-}
-
 // A row shows the offered value next to the stored one, and stores nothing by that.
 SpinItems* fill(SpinItems* row, const QString& label, const QStringList& texts, Values values,
                 int stored)
@@ -36,7 +31,7 @@ SpinItems* fill(SpinItems* row, const QString& label, const QStringList& texts, 
 
 SpinItems* switchRow(const QString& label, int stored)
 {
-    return fill(new SpinItems, label, switchTexts(), settingsvalues::reading(), stored);
+    return fill(new SpinItems, label, MainWindow::switchTexts(), settingsvalues::reading(), stored);
 }
 
 // The bars that are full at the highest speed and volume offered.
@@ -70,6 +65,11 @@ void storeValue(Values values, int index, int stored, void (ConfigReader::*store
 }
 
 } // namespace
+
+QStringList MainWindow::switchTexts()
+{
+    return {tr("On"), tr("Off")};
+}
 
 void MainWindow::addRow(TTSConfig* page, SpinItems* row, ChangeSlot change)
 {
@@ -107,8 +107,8 @@ void MainWindow::newOtherReadingSet()
 void MainWindow::openPage(TTSConfig* page)
 {
     page->setPrevWidget(WidgetChange::Instance()->getCurWidget());
-    page->setPrevQuickWidget(m_editor);
-    page->setQuickFlag(editorIsBelow());
+    page->setPrevQuickWidget(workScreen());
+    page->setQuickFlag(workScreen() != nullptr);
     const auto speakRow = [this](int index, const QString& text) {
         talkingMenuTTS(index, text.trimmed(), QString());
     };

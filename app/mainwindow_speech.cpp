@@ -2,6 +2,7 @@
 
 #include "app/mainwindow.h"
 
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
@@ -97,7 +98,7 @@ void MainWindow::announceMessage(const QString& text)
 // another message may come with it.
 void MainWindow::speakSoon()
 {
-    m_editorSpokeLast = false;
+    m_lastVoice = Voice::Menu;
     if (m_editor)
         m_editor->setStopSoundFlag(false);
     const bool speaks = m_menuSpeech && m_menuSpeech->isRunning();
@@ -144,6 +145,13 @@ void MainWindow::startSlot()
     speak(std::exchange(m_pendingText, QString()), std::exchange(m_pendingInstruction, QString()));
 }
 
+// Whether a screen has the voice, or is about to have it.
+bool MainWindow::isReadingAloud() const
+{
+    const auto reads = [](const MyEdit* edit) { return edit && edit->soundThread()->isRunning(); };
+    return reads(m_editor) || reads(m_renameEdit) || (m_transEdit && m_transEdit->isReading());
+}
+
 void MainWindow::finishTalkingMenu()
 {
     // The end is heard late: a newer utterance, or the editor, may have the voice by now. It must
@@ -151,8 +159,7 @@ void MainWindow::finishTalkingMenu()
     if (m_menuSpeech->isRunning())
         return;
     launcher::tellSoundEnds(launcher::Speaker::Menu);
-    const auto reads = [](const MyEdit* edit) { return edit && edit->soundThread()->isRunning(); };
-    if (!reads(m_editor) && !reads(m_renameEdit))
+    if (!isReadingAloud())
         TTSPlayer::Instance()->stop();
     if (m_editor)
         m_editor->setStopSoundFlag(true);
@@ -168,7 +175,7 @@ void MainWindow::finishTalkingMenu()
 void MainWindow::editShowSlot(int index, const QString& text)
 {
     Q_UNUSED(text)
-    if (m_readAgainPending || m_gotoBeginPending)
+    if (m_readAgainPending || m_gotoBeginPending || m_editorHintHeld)
         return;
     talkingMenuTTS(index, QString(), tr("Scan or press Menu for options."));
 }

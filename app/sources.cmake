@@ -3,6 +3,8 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/app/mainwindow_deleteflow.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_dialogs.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_dictflows.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_dictionaries.cpp
+    ${CMAKE_SOURCE_DIR}/app/mainwindow_dictmenus.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_extrakeys.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_filelists.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_messages.cpp

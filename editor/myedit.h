@@ -236,8 +236,9 @@ signals:
     void signalQuickSet();
     /* Something to be told, in words that are on the screen. Comes when the editor is silent. */
     void signalHint(const QString& text);
-    /* Dictionary mode: a scan that was begun there has its text, empty when nothing was
+    /* Dictionary mode: a scan is being recognised; it has its text, empty when nothing was
      * recognised. It is not appended. */
+    void signalTransScan();
     void signalTransText(const QString& text);
 
     /* Internal: a reading is about to be heard. Reaches the interface thread before the first of

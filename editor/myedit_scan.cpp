@@ -57,6 +57,8 @@ int MyEdit::Recognize(_stImg* image)
     }
     m_restorePosition = m_keepPosition;
     m_scanIsForTrans = g_InDict && !m_rename;
+    if (m_scanIsForTrans)
+        emit signalTransScan();
     showBusy();
     m_recThread->setImg(image);
     m_recognitionFailed = false;

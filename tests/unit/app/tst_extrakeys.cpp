@@ -58,9 +58,10 @@ void TestExtraKeys::moreSettingsFromAMenu()
     QWidget* mainMenu = f.current();
     f.press(Qt::Key_F9);
     QCOMPARE(f.menu()->title(), QStringLiteral("More settings"));
-    QCOMPARE(f.entries(), (QStringList{"Read delay", "TTS Setting", "Scan Direction"}));
+    QCOMPARE(f.entries(), (QStringList{"Read delay", "TTS Setting", "Scan Direction",
+                                       "Read translation", "New words", "Dictionaries"}));
     QWidget* more = f.current();
-    for (const char* title : {"Read delay", "TTS Setting", "Scan Direction"}) {
+    for (const char* title : {"Read delay", "TTS Setting", "Scan Direction", "Read translation"}) {
         f.press(Qt::Key_Return);
         QCOMPARE(f.menu()->title(), QString::fromLatin1(title));
         f.press(Qt::Key_Return);
