@@ -236,22 +236,45 @@ void DictScanEdit::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
 }
 
-// Marks in the column at the right: there is more of the text above, below.
 void DictScanEdit::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
+    paintTransMarks(painter);
+    if (m_curRowOnly == 0)
+        paintScanMarks(painter);
+}
+
+// In the column at the right: there is more of the entries above, below.
+void DictScanEdit::paintTransMarks(QPainter& painter) const
+{
     const QScrollBar* bar = m_transPane->verticalScrollBar();
     const QRect place = m_transPane->geometry();
-    const auto mark = [&painter, &place](bool up) {
-        const int top = up ? place.top() + MarkGap : place.bottom() - MarkGap - MarkHalf;
+    const auto mark = [&painter](int top, bool up) {
         for (int row = 0; row <= MarkHalf; ++row) {
             const int half = up ? row : MarkHalf - row;
             painter.fillRect(MarkMiddle - half, top + row, 2 * half + 1, 1, Qt::white);
         }
     };
     if (bar->value() > 0)
-        mark(true);
+        mark(place.top() + MarkGap, true);
     if (bar->value() < bar->maximum())
-        mark(false);
+        mark(place.bottom() - MarkGap - MarkHalf, false);
+}
+
+// There is more of the line to the left, to the right.
+void DictScanEdit::paintScanMarks(QPainter& painter) const
+{
+    const QScrollBar* bar = m_scanPane->horizontalScrollBar();
+    const QRect place = m_scanPane->geometry();
+    const auto mark = [&painter](int middle, bool left) {
+        for (int column = 0; column <= MarkHalf; ++column) {
+            const int half = left ? column : MarkHalf - column;
+            painter.fillRect(MarkMiddle - 1 + column, middle - half, 1, 2 * half + 1, Qt::white);
+        }
+    };
+    if (bar->value() > 0)
+        mark(place.top() + MarkGap + MarkHalf, true);
+    if (bar->value() < bar->maximum())
+        mark(place.bottom() - MarkGap - MarkHalf, false);
 }

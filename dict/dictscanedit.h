@@ -22,6 +22,7 @@ class CSoundTransThread;
 class CTTSThread;
 class HintLine;
 class QFrame;
+class QPainter;
 class QTextEdit;
 
 /*
@@ -168,7 +169,8 @@ public:
     /* Ends what is read and what waits to be read. */
     void stopReading();
 
-    /* From the moment something is to be read until its end has been heard. */
+    /* From the beginning of a reading until its end has been heard. What waits for the menus' voice
+     * or for the screen to be shown has not begun. */
     bool isReading() const;
 
     /* Forgets the translation that is queued to be read, for those who stop the player themselves.
@@ -251,6 +253,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void paintTransMarks(QPainter& painter) const;
+    void paintScanMarks(QPainter& painter) const;
     void setupUi();
     void layPanes();
     void setLanguage();
@@ -303,6 +307,7 @@ private:
     void readIfWanted();
     bool menuSpeaks() const;
     QString sourceToRead() const;
+    void tellMessage();
     void startSource();
     void soundTrans(const SpokenText& spoken);
     void endReading();

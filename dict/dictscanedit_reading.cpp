@@ -54,7 +54,14 @@ void DictScanEdit::readIfWanted()
     m_readWanted = false;
     if (ConfigReader::Instance()->getReadControlDict() == SettingIsOn)
         soundOnlySrcForTrans();
-    else if (m_contents.isEmpty() && !m_message.isEmpty())
+    else
+        tellMessage();
+}
+
+// What stands in the place of entries is heard, too.
+void DictScanEdit::tellMessage()
+{
+    if (m_contents.isEmpty() && !m_message.isEmpty())
         announcer::announce(m_message);
 }
 
@@ -74,8 +81,10 @@ void DictScanEdit::soundOnlySrcForTrans()
     m_readWanted = false;
     m_interrupted = false;
     const QString word = sourceToRead();
-    if (word.isEmpty())
+    if (word.isEmpty()) {
+        tellMessage();
         return;
+    }
     {
         const QMutexLocker lock(&m_jobMutex);
         m_sourceJob = {word, dictionaryVoice(m_language, false)};
@@ -122,8 +131,8 @@ void DictScanEdit::finishTransSrc()
     if (!m_srcReading)
         return;
     const bool goesOn = m_okSound && !m_stoppedByKey;
-    if (goesOn && m_contents.isEmpty() && !m_message.isEmpty())
-        announcer::announce(m_message);
+    if (goesOn && m_contents.isEmpty())
+        tellMessage();
     else if (goesOn && ConfigReader::Instance()->getReadTransDict() == SettingIsOn)
         soundWordByTypeTrans();
     m_srcReading = false;

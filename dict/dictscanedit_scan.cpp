@@ -35,7 +35,7 @@ void DictScanEdit::appendText(const QString& text)
     end.movePosition(QTextCursor::End);
     if (!m_scanPane->document()->isEmpty())
         end.insertBlock();
-    end.insertText(text);
+    end.insertText(asPlainText(text));
     select(selected); // a selection at the end would have grown
 }
 
@@ -76,8 +76,7 @@ void DictScanEdit::takeScan(const QString& text)
     stopReading();
     leaveWholeView();
     m_scan = true;
-    m_whole = {};
-    m_scanPane->setPlainText(text);
+    showScanText(text);
     researchScanText();
 }
 

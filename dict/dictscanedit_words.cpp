@@ -23,7 +23,7 @@ void DictScanEdit::showScanText(const QString& text)
     m_whole = {};
     m_joinedRest.clear();
     m_scanPane->clear();
-    m_scanPane->textCursor().insertText(text);
+    m_scanPane->textCursor().insertText(asPlainText(text));
     putCursor(0);
 }
 
@@ -85,6 +85,7 @@ void DictScanEdit::scrollToSelection()
     if (end - left > width)
         left = start;
     bar->setValue(qBound(0, left, bar->maximum()));
+    update(); // the marks
     m_scanPane->verticalScrollBar()->setValue(m_scanPane->cursorRect().top()
                                               + m_scanPane->verticalScrollBar()->value());
 }

@@ -12,17 +12,6 @@ bool isControl(QChar c)
            || c == FrameBegin || c == FrameEnd;
 }
 
-// As many code units as before: offsets hold.
-QString plain(const QString& text)
-{
-    QString result = text;
-    for (QChar& c : result) {
-        if (c != u'\n' && isControl(c))
-            c = u' ';
-    }
-    return result;
-}
-
 // Tells what is to be heard from what is to be seen only.
 class Listener
 {
@@ -95,9 +84,9 @@ void append(TransText& layout, const _stScanContent& content, bool withHeadword)
         layout.shown += u'\n';
     TransText::Entry entry;
     entry.start = layout.shown.size();
-    const QString text = plain(content.translation).trimmed();
+    const QString text = asPlainText(content.translation).trimmed();
     if (withHeadword && !content.word.isEmpty())
-        layout.shown += plain(content.word).replace(u'\n', u' ') + QStringLiteral(": ");
+        layout.shown += asPlainText(content.word).replace(u'\n', u' ') + QStringLiteral(": ");
     const qsizetype gistStart = layout.shown.size();
     const qsizetype lineEnd = text.indexOf(u'\n');
     const QString gist = text.left(lineEnd);
@@ -108,6 +97,16 @@ void append(TransText& layout, const _stScanContent& content, bool withHeadword)
 }
 
 } // namespace
+
+QString asPlainText(const QString& text)
+{
+    QString result = text;
+    for (QChar& c : result) {
+        if (c != u'\n' && isControl(c))
+            c = u' ';
+    }
+    return result;
+}
 
 bool SpokenText::shownRange(int offset, int length, int& shownOffset, int& shownLength) const
 {

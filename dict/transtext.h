@@ -36,6 +36,10 @@ struct TransText
     QVector<Entry> entries;
 };
 
+/* `text` with a blank for every character that a text document takes for something else, but for
+ * line ends. As many code units as before. */
+QString asPlainText(const QString& text);
+
 /*
  * Lays out entries. The first line of each is its gist; a headword that is not the word looked up
  * goes before it ("run: laufen"). The gist is heard, what stands in square brackets left out,

@@ -18,6 +18,7 @@ private slots:
     void firstWordOfATextIsSelectedAndLookedUp();
     void furtherTextBecomesALine();
     void appendedTextIsNotLookedUp();
+    void strangeTextsArePlain();
     void walkGoesOverTheWordsAndStopsAtTheEnds();
     void walkOverAnEmptyText();
     void walkByLines();
@@ -125,6 +126,22 @@ void TestDictScanEdit::furtherTextBecomesALine()
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("green"));
     m_edit->setScanText(QStringLiteral("house"), true);
     QCOMPARE(scanText(), QStringLiteral("house"));
+}
+
+// Whatever the print looks like to the recognition.
+void TestDictScanEdit::strangeTextsArePlain()
+{
+    openEnglish();
+    const QString text = QStringLiteral("\ufffc<b>\u2028green\t\ufdd0house\r");
+    const QString plain = QStringLiteral(" <b> green  house ");
+    m_edit->setScanText(text, true);
+    QCOMPARE(scanText(), plain);
+    m_edit->appendText(text);
+    QCOMPARE(scanText(), plain + u'\n' + plain);
+    m_edit->takeScan(text);
+    QCOMPARE(scanText(), plain.chopped(1));
+    QCOMPARE(m_edit->selectedWord(), QStringLiteral("green"));
+    m_edit->grab();
 }
 
 void TestDictScanEdit::appendedTextIsNotLookedUp()

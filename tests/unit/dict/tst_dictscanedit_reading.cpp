@@ -20,6 +20,7 @@ private slots:
     void enterReads();
     void wordWithoutResult_data();
     void wordWithoutResult();
+    void textWithoutAWordIsTold();
     void voices_data();
     void voices();
     void languageWithoutAVoiceStaysSilent();
@@ -112,6 +113,17 @@ void TestDictScanEditReading::wordWithoutResult()
     press(Qt::Key_Return);
     waitUntilSilent();
     QCOMPARE(lastSpoken(), QStringLiteral("xyzzy"));
+    QCOMPARE(m_announced.size(), 2);
+}
+
+void TestDictScanEditReading::textWithoutAWordIsTold()
+{
+    openEnglish();
+    m_edit->setScanText(QStringLiteral("..."), true);
+    waitUntilSilent();
+    QCOMPARE(spoken(), QStringList());
+    QCOMPARE(m_announced, QStringList("No translation result."));
+    press(Qt::Key_Return);
     QCOMPARE(m_announced.size(), 2);
 }
 
