@@ -84,6 +84,9 @@ void MainWindow::showNewWord(const WordItem& item)
 {
     WidgetChange* const screens = WidgetChange::Instance();
     ensureTransEdit();
+    const ConfigReader* config = ConfigReader::Instance();
+    if (dictionaryIsReady()) // the book does not keep the languages
+        m_transEdit->setTransLan(config->getLanDict(), config->getLanDictInfo());
     if (!m_transEdit->showStored(item.word, item.translation)) {
         showMessage(tr("There is no translation."));
         return;
@@ -96,6 +99,8 @@ void MainWindow::showNewWord(const WordItem& item)
     screens->Go2NewWidget(m_transEdit);
     if (replaces)
         endFlowScreens();
+    if (!hasDictionaries()) // nothing tells the languages, and the screen is silent
+        talkingMenuTTS(0, item.word, item.translation);
 }
 
 // The name of the current dictionary, where it comes from, and the way to another one.
