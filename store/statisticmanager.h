@@ -9,7 +9,7 @@ struct statisticInfo
     QString time;      // when: milliseconds since 1970-01-01 UTC, decimal
     qint32 count = 0;  // how often
     QString word;      // what
-    QString languages; // of the dictionary, as IsoMapFun() names them
+    QString languages; // of the dictionary, as IsoMapFun() names them; columns end with tabs
 };
 
 /*
