@@ -32,8 +32,8 @@ Utterance::Outcome Utterance::speak(const std::vector<Piece>& pieces)
         if (!keepPace(MostAhead))
             break;
     }
-    if (!m_stopped && !failed)
-        keepPace(0);
+    if (!m_stopped && !failed && keepPace(0))
+        reportRest();
     if (m_stopped)
         return Outcome::Stopped;
     return failed ? Outcome::Failed : Outcome::Spoken;
@@ -44,9 +44,10 @@ bool Utterance::speakPiece(const Piece& piece)
     const std::int64_t start = m_queue.pushed();
     WordClock clock(piece, start);
     m_clock = &clock;
+    m_left = 0;
     const int rate = wordsPerMinute(*m_manner.voice, m_manner.speed);
     const bool spoken = Synthesizer::speak(piece, m_manner.voice->file(piece.script), rate, *this);
-    clock.finish(m_queue.pushed() - start);
+    clock.finish(m_queue.pushed() - start + m_left);
     takeWords();
     m_clock = nullptr;
     return spoken || m_stopped;
@@ -59,15 +60,31 @@ void Utterance::wordEvent(std::size_t character, std::int64_t sample)
 
 bool Utterance::samples(std::span<const std::int16_t> samples)
 {
-    m_queue.push(samples);
+    const std::span<const std::int16_t> rest = withoutLead(samples);
     takeWords();
+    m_words.findOnsets(m_queue.pushed(), rest);
+    m_queue.push(rest);
     return keepPace(MostAhead);
+}
+
+/* A text begins with its first sound: the silence before it would only make the listener wait. */
+std::span<const std::int16_t> Utterance::withoutLead(std::span<const std::int16_t> samples)
+{
+    constexpr std::int64_t MostLeft = SampleRate / 5;
+    if (m_queue.pushed() > 0 || m_left >= MostLeft)
+        return samples;
+    const std::size_t silence = silenceBefore(samples);
+    m_left += static_cast<std::int64_t>(silence);
+    return samples.subspan(silence);
 }
 
 void Utterance::takeWords()
 {
-    const std::vector<TimedWord> words = m_clock->take();
-    m_words.insert(m_words.end(), words.begin(), words.end());
+    const std::int64_t pushed = m_queue.pushed();
+    std::vector<TimedWord> words = m_clock->take();
+    for (TimedWord& word : words)
+        word.sample = std::max<std::int64_t>(word.sample - m_left, 0);
+    m_words.add(words, pushed);
 }
 
 /* Reports what is heard; waits until no more than `ahead` samples are still to be heard. False
@@ -79,16 +96,23 @@ bool Utterance::keepPace(std::int64_t ahead)
     return !m_stopped;
 }
 
-/* Waits until the sample is heard and reports the words up to it, each in its time. */
+/* Waits until the sample is heard and reports the words that begin before it, each in its time. */
 bool Utterance::reportUntil(std::int64_t sample)
 {
-    while (!m_words.empty() && m_words.front().sample <= sample) {
-        if (!m_queue.waitUntilHeard(m_words.front().sample))
+    while (!m_words.isEmpty() && m_words.front().sample < sample) {
+        if (!m_queue.waitUntilHeard(m_words.front().sample + 1))
             return false;
         report(m_words.front());
-        m_words.pop_front();
+        m_words.pop();
     }
     return m_queue.waitUntilHeard(sample);
+}
+
+/* Words that turned out to have no sound, at the end of the text. */
+void Utterance::reportRest()
+{
+    for (; !m_words.isEmpty(); m_words.pop())
+        report(m_words.front());
 }
 
 void Utterance::report(const TimedWord& word)

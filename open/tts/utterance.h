@@ -5,11 +5,11 @@
 #include "open/tts/speechreports.h"
 #include "open/tts/synthesizer.h"
 #include "open/tts/wordclock.h"
+#include "open/tts/wordqueue.h"
 #include "platform/zembra_tts.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <span>
 #include <vector>
 
@@ -40,14 +40,17 @@ private:
     bool speakPiece(const Piece& piece);
     bool keepPace(std::int64_t ahead);
     void takeWords();
+    std::span<const std::int16_t> withoutLead(std::span<const std::int16_t> samples);
     bool reportUntil(std::int64_t sample);
+    void reportRest();
     void report(const TimedWord& word);
 
     SampleQueue& m_queue;
     SpeechReports& m_reports;
     const Manner m_manner;
-    WordClock* m_clock = nullptr;  // of the piece that is being synthesized
-    std::deque<TimedWord> m_words; // not yet reported
+    WordClock* m_clock = nullptr; // of the piece that is being synthesized
+    WordQueue m_words;            // not yet reported
+    std::int64_t m_left = 0;      // samples left out at the beginning of the piece
     bool m_stopped = false;
 };
 

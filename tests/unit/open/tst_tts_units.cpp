@@ -3,6 +3,7 @@
 #include "open/tts/samplequeue.h"
 #include "open/tts/voices.h"
 #include "open/tts/wordclock.h"
+#include "open/tts/wordqueue.h"
 
 #include <QList>
 #include <QTest>
@@ -53,6 +54,10 @@ private slots:
     void slippedEventFindsItsWord();
     void eventsBackwardsAreIgnored();
     void wordsWithoutEventsGetTimes();
+    void closedWordMovesToItsSound();
+    void onsetIsFoundAcrossBlocks();
+    void silentWordStays();
+    void wordInSoundThatIsGoneStays();
     void volumeScales();
     void volumeChangeHasNoStep();
     void boostIsLouderAndNeverClips();
@@ -203,6 +208,49 @@ void TstTtsUnits::wordsWithoutEventsGetTimes()
     WordClock clock(piece, 0);
     clock.finish(200);
     QCOMPARE(samplesOf(clock), QList<int>({0, 50, 100, 150}));
+}
+
+void TstTtsUnits::closedWordMovesToItsSound()
+{
+    WordQueue queue;
+    queue.add({{0, 4, 100}, {5, 4, 400}}, 100);
+    std::vector<std::int16_t> samples(1000, 0);
+    std::fill(samples.begin() + 50, samples.end(), std::int16_t(500));
+    queue.findOnsets(100, samples);
+    QCOMPARE(queue.front().sample, std::int64_t(150));
+    queue.pop();
+    QCOMPARE(queue.front().sample, std::int64_t(400));
+}
+
+void TstTtsUnits::onsetIsFoundAcrossBlocks()
+{
+    WordQueue queue;
+    queue.add({{0, 4, 20}}, 0);
+    const std::vector<std::int16_t> silence(100, 3);
+    queue.findOnsets(0, silence);
+    queue.findOnsets(100, silence);
+    QCOMPARE(queue.front().sample, std::int64_t(20));
+    queue.findOnsets(200, std::vector<std::int16_t>(100, -500));
+    QCOMPARE(queue.front().sample, std::int64_t(200));
+    queue.findOnsets(300, std::vector<std::int16_t>(100, 900));
+    QCOMPARE(queue.front().sample, std::int64_t(200));
+}
+
+void TstTtsUnits::silentWordStays()
+{
+    WordQueue queue;
+    queue.add({{0, 4, 20}}, 0);
+    queue.findOnsets(0, std::vector<std::int16_t>(SampleRate, 0));
+    queue.findOnsets(SampleRate, std::vector<std::int16_t>(100, 900));
+    QCOMPARE(queue.front().sample, std::int64_t(20));
+}
+
+void TstTtsUnits::wordInSoundThatIsGoneStays()
+{
+    WordQueue queue;
+    queue.add({{0, 4, 20}}, 50);
+    queue.findOnsets(50, std::vector<std::int16_t>(100, 900));
+    QCOMPARE(queue.front().sample, std::int64_t(20));
 }
 
 void TstTtsUnits::volumeScales()
