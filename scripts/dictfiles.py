@@ -1,6 +1,16 @@
-"""Writes dictionaries of the format DICT, with what docs/dictionaries.md says of .about files."""
+"""Reads and writes dictionaries, with what docs/dictionaries.md says of .about files."""
+import gzip
+import subprocess
+from pathlib import Path
 
 DIGITS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/"
+
+
+def version_of(package):
+    """The version of an installed Debian package; "?" for one that is not."""
+    answer = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package], text=True,
+                            capture_output=True, check=False)
+    return answer.stdout.strip() or "?"
 
 
 def base64(number):
@@ -10,6 +20,46 @@ def base64(number):
         number //= 64
         digits = DIGITS[number % 64] + digits
     return digits
+
+
+def number(digits):
+    """What base64() wrote."""
+    value = 0
+    for digit in digits:
+        value = value * 64 + DIGITS.index(digit)
+    return value
+
+
+def grouped(rows, body):
+    """(heads, text) of each entry, from (head, offset, size) of each head."""
+    entries = {}
+    for head, offset, size in rows:
+        entries.setdefault((offset, size), []).append(head)
+    for (offset, size), heads in sorted(entries.items()):
+        yield heads, body[offset:offset + size].decode("utf-8", "replace")
+
+
+def read_dict(stem):
+    """(heads, text) of each entry of STEM.index and STEM.dict.dz."""
+    rows = []
+    for line in Path(f"{stem}.index").read_text(encoding="utf-8").splitlines():
+        columns = line.split("\t")
+        if not columns[0].startswith(("00database", "00-database")):
+            rows.append((columns[0], number(columns[1]), number(columns[2])))
+    return grouped(rows, gzip.open(f"{stem}.dict.dz").read())
+
+
+def read_stardict(stem):
+    """(heads, text) of each entry of STEM.idx and STEM.dict.dz."""
+    index = Path(f"{stem}.idx").read_bytes()
+    rows = []
+    at = 0
+    while at < len(index):
+        end = index.index(b"\0", at)
+        rows.append((index[at:end].decode("utf-8"), int.from_bytes(index[end + 1:end + 5], "big"),
+                     int.from_bytes(index[end + 5:end + 9], "big")))
+        at = end + 9
+    return grouped(rows, gzip.open(f"{stem}.dict.dz").read())
 
 
 def about(languages, name, source, licence):

@@ -1,17 +1,23 @@
 #!/usr/bin/env python3
 """Dictionaries are gathered in their order, each with what it says about itself; what is missing is
 named and does not stop the rest; nothing is made twice."""
+import gzip
 import os
 import shutil
 import subprocess
+import sys
 import tempfile
 import unittest
 from pathlib import Path
 
 SCRIPTS = Path(__file__).resolve().parent.parent.parent / "scripts"
+sys.dont_write_bytecode = True
+sys.path.insert(0, str(SCRIPTS))
+import dictfiles  # noqa: E402
 CEDICT = """# CC-CEDICT
 #! date=2020-01-02T03:04:05Z
 #! license=https://creativecommons.org/licenses/by-sa/4.0/
+房 房 [fang3] /variant of 房[fang2]/
 房 房 [fang2] /house/room/CL:間|间[jian1]/
 綠 绿 [lu:4] /green/see 房[fang2]/
 二 二 [er4] /two/
@@ -19,6 +25,19 @@ CEDICT = """# CC-CEDICT
 damaged line
 餃子 饺子 [jiao3 zi5] /dumpling/also pr. [jiao3zi4]/
 """
+RUSSIAN = """house
+   1. _n. [haʊs], _pl. [↗haʊzɪz]
+      1) дом; жилище; to keep house вести
+      хозяйство
+      2) _ам. (тж. the H.) палата; house-dog {см.}
+         а) ещё
+   2. _v. [haʊz] поселить
+"""
+FRENCH = ("<i><small>(pe-ti, ti-t') s. m.</small></i>\n\n<b>1°</b> Qui a peu d'étendue. Un petit champ. \n"
+          '<span foreground="#0000CD">Petit &amp; grand</span>, <span foreground="#B22222">LA FONT.</span>, '
+          '<span foreground="#556B2F">V, 3</span>.\n'
+          "<b>2°</b> Terme de chasse. Le jeune animal.\n<b>1°</b> Encore.\n"
+          "<b><big>HISTORIQUE</big></b>\n XIe s. <b>3°</b> Rien")
 MAKER = """#!/bin/sh
 echo called >>"$(dirname "$0")/calls"
 printf 'house\\tA\\tE\\n' >"$1/self-made.index"
@@ -111,6 +130,23 @@ class Gather(Scripts):
         self.assertEqual((self.root / "scripts/calls").read_text(), "called\n")
         self.assertTrue(index.exists())
 
+    def test_what_a_script_uses_counts_as_the_script(self):
+        self.write("scripts/make-one", "#!/usr/bin/env python3\nimport helper\nimport sys\n"
+                                       "helper.call(sys.argv[1])\n", 0o755)
+        helper = ("import subprocess\nfrom pathlib import Path\nHERE = Path(__file__).parent\n"
+                  "def call(folder):\n    subprocess.run(['sh', HERE / 'words/maker', folder])\n")
+        self.write("scripts/helper.py", helper)
+        self.write("scripts/words/maker", MAKER.replace("$0", "$1/../../../scripts/x"))
+        self.write("scripts/other.py", "")
+        self.table("eng-spa | make-one")
+        calls = self.root / "scripts/calls"
+        for name, text, times in (("other.py", "# not used\n", 1), ("helper.py", helper + "\n", 2),
+                                  ("words/maker", MAKER.replace("$0", "$1/../../../scripts/y"), 3)):
+            self.assertIn("dictionaries: 1,", self.gather().stdout)
+            self.write(f"scripts/{name}", text)
+            self.gather()
+            self.assertEqual(calls.read_text(), "called\n" * times, name)
+
     def test_changes_are_seen(self):
         self.table("eng-spa | make-one", self.book_row())
         self.gather()
@@ -136,16 +172,15 @@ class Chinese(Scripts):
         done = self.make(CEDICT)
         self.assertEqual(done.returncode, 0, done.stdout)
         body = (self.root / "out/cc-cedict.dict").read_bytes()
+        # Names behind words, references behind both.
         self.assertEqual(body.decode().splitlines(),
                          ["房 房 [fáng] /house/room/CL:間|间[jiān]/", "綠 绿 [lǜ] /green/see 房[fáng]/",
-                          "二 二 [èr] /two/", "歐 欧 [Ōu] /Europe/",
-                          "餃子 饺子 [jiǎo zi] /dumpling/also pr. [jiǎozì]/"])
+                          "二 二 [èr] /two/", "餃子 饺子 [jiǎo zi] /dumpling/also pr. [jiǎozì]/",
+                          "歐 欧 [Ōu] /Europe/", "房 房 [fǎng] /variant of 房[fáng]/"])
         rows = [line.split("\t") for line in (self.root / "out/cc-cedict.index").read_text().splitlines()]
-        self.assertEqual([row[0] for row in rows], sorted("房 绿 綠 二 欧 歐 饺子 餃子".split()))
-        digits = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/"
+        self.assertEqual([row[0] for row in rows], sorted("房 房 绿 綠 二 欧 歐 饺子 餃子".split()))
         for head, *place in rows:
-            offset, size = (sum(digits.index(digit) * 64 ** i for i, digit in enumerate(number[::-1]))
-                            for number in place)
+            offset, size = map(dictfiles.number, place)
             self.assertIn(head, body[offset:offset + size].decode().split()[:2])
 
     def test_descriptor(self):
@@ -161,6 +196,48 @@ class Chinese(Scripts):
 
     def test_nothing_is_refused(self):
         self.assertNotEqual(self.make("#! license=https://creativecommons.org/licenses/by-sa/4.0/\n").returncode, 0)
+
+
+class LaidOut(Scripts):
+    def make(self, script, stem):
+        (self.root / "out").mkdir()
+        done = self.run_script(SCRIPTS / script, self.root / "out", stem)
+        self.assertEqual(done.returncode, 0, done.stdout)
+        about = next((self.root / "out").glob("*.about"))
+        return [(heads, text.splitlines()) for heads, text in self.entries(str(about)[:-len(".about")])]
+
+    def entries(self, stem):
+        Path(stem + ".dict.dz").write_bytes(gzip.compress(Path(stem + ".dict").read_bytes()))
+        return dictfiles.read_dict(stem)
+
+    def test_russian(self):
+        text = RUSSIAN.encode()
+        only_words = b"ooh\n   only English\n"
+        stem = self.root / "mueller7"
+        Path(f"{stem}.dict.dz").write_bytes(gzip.compress(text + only_words))
+        self.write("mueller7.index", f"00-database-short\tA\tB\nhouse\tA\t{dictfiles.base64(len(text))}\n"
+                                     f"ooh\t{dictfiles.base64(len(text))}\t{dictfiles.base64(len(only_words))}\n")
+        self.assertEqual(self.make("make-russian-dictionary", stem),
+                         [(["house"], ["house /haʊs/", "1. [n] дом; жилище", "2. [ам.] (тж. the H.) палата",
+                                       "3. ещё", "4. [v] поселить", '"to keep house" - вести хозяйство']),
+                          (["ooh"], only_words.decode().splitlines() + [""])])
+
+    def test_french(self):
+        text = FRENCH.encode()
+        rows = b"".join(head.encode() + b"\0" + bytes(4) + len(text).to_bytes(4, "big")
+                        for head in ("PÉTIT, ITE.2", "PETIT, ITE.2", "SOUS (SE)"))
+        (self.root / "XMLittre.idx").write_bytes(rows)
+        (self.root / "XMLittre.dict.dz").write_bytes(gzip.compress(text))
+        self.assertEqual(self.make("make-french-dictionary", self.root / "XMLittre"),
+                         [(["pétit", "sous"], ["pétit, ite /pe-ti/ <masc>", "1. Qui a peu d'étendue",
+                                               "2. [Terme de chasse] Le jeune animal",
+                                               '"Petit & grand" (LA FONT.)'])])
+
+    def test_without_their_packages(self):
+        for script in ("make-russian-dictionary", "make-french-dictionary"):
+            done = self.run_script(SCRIPTS / script, self.root, self.root / "nothing")
+            self.assertEqual(done.returncode, 1)
+            self.assertIn("is not installed", done.stdout)
 
 
 if __name__ == "__main__":
