@@ -2,11 +2,15 @@
  * What the dictionary engine finds of a page: looks up every word of texts in the languages of the
  * installed dictionaries, as somebody who steps through them would, and counts what is found. With
  * --missed it names the words that are not; with --sample it shows what is found for words drawn
- * by chance, for a reader to judge.
+ * by chance, for a reader to judge. With --entries it shows entries drawn by chance, as two lines
+ * of the pen begin with them.
  *
- * dictionary_coverage [--texts FOLDER] [--forms FOLDER] [--missed] [--sample COUNT] FOLDER...
+ * dictionary_coverage [--texts FOLDER] [--forms FOLDER] [--missed] [--sample COUNT]
+ *                     [--entries COUNT] FOLDER...
  */
+#include "open/dic/dictindex.h"
 #include "open/dic/folderscan.h"
+#include "open/dic/folding.h"
 #include "open/dic/lookup.h"
 #include "open/dic/utf.h"
 #include "open/dic/wordcutter.h"
@@ -39,6 +43,7 @@ struct Options
     std::vector<std::string> folders;
     bool missed = false;
     std::size_t sample = 0;
+    std::size_t entries = 0;
 };
 
 /* A word of the text and what was found for it. */
@@ -140,6 +145,43 @@ void showMissed(const std::vector<Word>& words)
     std::printf("\n");
 }
 
+// Headwords all over the index of a dictionary of the format DICT.
+std::vector<std::string> someHeadwords(const dic::Source& source, std::size_t count)
+{
+    std::vector<std::string> words;
+    if (source.format != dic::Source::Format::Dict)
+        return words;
+    dic::DictFacts facts;
+    dic::IndexReport report;
+    dic::readDictIndex(
+        dic::PlainFile::open(dic::mainFile(source)),
+        [&words](const dic::Row& row) { words.emplace_back(row.head); }, facts, report);
+    std::mt19937 chance(1);
+    std::shuffle(words.begin(), words.end(), chance);
+    words.resize(std::min(words.size(), count));
+    return words;
+}
+
+void showEntries(const dic::Source& source, dic::IndexShelf& shelf, std::size_t count)
+{
+    constexpr std::size_t LineUnits = 31;
+    const auto dictionary = dic::Dictionary::open(source, shelf);
+    if (!dictionary)
+        return;
+    std::printf("%s\n", source.place.c_str());
+    for (const std::string& word : someHeadwords(source, count)) {
+        const auto hits = dictionary->find(dic::foldedKey(word), word);
+        if (hits.empty()) {
+            std::printf("  %s: NOTHING\n", word.c_str());
+            continue;
+        }
+        std::u16string text = hits.front().entry.text();
+        text.resize(std::min(text.size(), 2 * LineUnits));
+        std::replace(text.begin(), text.end(), u'\n', u'|');
+        std::printf("  %-24s %s\n", hits.front().entry.word.c_str(), dic::toUtf8(text).c_str());
+    }
+}
+
 void measure(const dic::Source& source, dic::IndexShelf& shelf,
              const std::vector<std::u16string>& lines, const Options& options)
 {
@@ -188,6 +230,8 @@ Options optionsOf(int argc, char** argv)
             options.forms = argv[++i];
         else if (name == "--sample" && i + 1 < argc)
             options.sample = std::strtoul(argv[++i], nullptr, 10);
+        else if (name == "--entries" && i + 1 < argc)
+            options.entries = std::strtoul(argv[++i], nullptr, 10);
         else
             options.folders.push_back(name);
     }
@@ -209,6 +253,10 @@ int main(int argc, char** argv)
         const auto texts = readTexts(options.texts);
         const std::vector<dic::Source> sources = dic::scanFolders(options.folders);
         for (const dic::Source& source : sources) {
+            if (options.entries > 0) {
+                showEntries(source, shelf, options.entries);
+                continue;
+            }
             const auto lines = texts.find(source.pair.from);
             if (lines != texts.end())
                 measure(source, shelf, lines->second, options);

@@ -56,10 +56,13 @@ std::size_t groupEnd(std::string_view text, std::size_t at)
     if (text[at] == '/') {
         if (at > 0 && !isBlankAt(text, at - 1))
             return at;
-        const std::size_t end = text.find('/', at + 1);
-        return end == std::string_view::npos || end == at + 1 || !isBlankAt(text, end + 1)
+        // Some set two.
+        const std::string_view sign = text.substr(at).starts_with("//") ? "//" : "/";
+        const std::size_t end = text.find(sign, at + sign.size());
+        return end == std::string_view::npos || end == at + sign.size()
+                       || !isBlankAt(text, end + sign.size())
                    ? at
-                   : end + 1;
+                   : end + sign.size();
     }
     int depth = 0;
     for (std::size_t i = at; i < text.size(); ++i) {
@@ -112,6 +115,15 @@ std::string grammarOf(std::string_view line)
     return inOrder ? shownGrammar(line.substr(start + 1, end - start - 1)) : std::string();
 }
 
+std::string withoutSlashes(std::string_view text)
+{
+    while (text.starts_with('/'))
+        text.remove_prefix(1);
+    while (text.ends_with('/'))
+        text.remove_suffix(1);
+    return std::string(text);
+}
+
 /* The line without groups of the kinds; the first phonetics that it had. */
 std::string withoutGroups(std::string_view line, std::string_view kinds, std::string& phonetics)
 {
@@ -124,7 +136,7 @@ std::string withoutGroups(std::string_view line, std::string_view kinds, std::st
             continue;
         }
         if (phonetics.empty() && (line[at] == '/' || line[at] == '['))
-            phonetics = line.substr(at + 1, end - at - 2);
+            phonetics = withoutSlashes(line.substr(at + 1, end - at - 2));
         at = end;
     }
     return std::string(trimmed(out));

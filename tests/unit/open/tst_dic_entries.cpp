@@ -24,6 +24,9 @@ private slots:
     void aFormLeadsToTheWordInTheHeadLine();
     void gendersAreShownOtherGrammarIsNot();
     void examplesAndRemarksComeLast();
+    void labelsComeBehindTheTranslation();
+    void theMainEntryOfAWordIsTheProminentOne();
+    void wordClassesAreTold();
     void sensesAreNumberedInOneParagraph();
     void explanationsInTheSourceLanguageComeLast();
     void danglingNumbersAreDropped();
@@ -50,6 +53,7 @@ void TestDicEntries::theHeadLineIsDropped()
     QCOMPARE(cleaned("house /haus/\nmaison\n", "house"), QStringLiteral("maison\n[haus]"));
     QCOMPARE(cleaned("house\nmaison", "house"), QStringLiteral("maison"));
     QCOMPARE(cleaned("house [haus]\nmaison", "house"), QStringLiteral("maison\n[haus]"));
+    QCOMPARE(cleaned("house //haus// <n>\nmaison", "house"), QStringLiteral("maison\n[haus]"));
     QCOMPARE(cleaned("maison", "house"), QStringLiteral("maison"));
     QCOMPARE(cleaned("building\nmaison", "house"), QStringLiteral("building\nmaison"));
 }
@@ -97,6 +101,43 @@ void TestDicEntries::examplesAndRemarksComeLast()
              QStringLiteral("gehen\n[gou]\nNote: mit etw.\n\"Let's go!\" - Gehen wir!\n"
                             "Synonyms: walk, leave\nNote: by sth."));
     QVERIFY(entry.prominence > 0);
+}
+
+void TestDicEntries::labelsComeBehindTheTranslation()
+{
+    QCOMPARE(cleaned("Bank /bank/\n [fin.] [Br.] bank <n>, house", "bank"),
+             QStringLiteral("bank, house [fin.] [Br.]\n[bank]"));
+    QCOMPARE(cleaned("a\n1. [med.] b\n2. c [d]", "a"), QStringLiteral("1. b [med.] 2. c [d]"));
+    QCOMPARE(cleaned("a\n[b]", "a"), QStringLiteral("[b]"));
+    QCOMPARE(cleaned("a\n[b c", "a"), QStringLiteral("[b c"));
+}
+
+void TestDicEntries::theMainEntryOfAWordIsTheProminentOne()
+{
+    const auto prominence = [](const char* raw) {
+        return dic::cleanEntry(raw, "gross", false).prominence;
+    };
+    const int plain = prominence("gross\nlarge");
+    QVERIFY(prominence("gross\nbig\n \"so gross wie\" - as big as") > plain);
+    QVERIFY(prominence("gross\nbig\n see: {groesser}, {am groessten}") > plain);
+    QCOMPARE(prominence("gross\nbig\n see: {ein Satz mit vielen Worten}"), plain);
+    QVERIFY(prominence("gross\n[comp.] capital") < plain);
+    QVERIFY(prominence("gross\nwhopping [coll.], large") < plain);
+    QCOMPARE(prominence("gross\nlarge, whopping [coll.]"), plain);
+}
+
+void TestDicEntries::wordClassesAreTold()
+{
+    const auto wordClass = [](const char* raw) {
+        return dic::cleanEntry(raw, "a", false).wordClass;
+    };
+    QCOMPARE(wordClass("a <v, trans>\nb"), 'v');
+    QCOMPARE(wordClass("a <neut, n, sg>\nb"), 'n');
+    QCOMPARE(wordClass("a <n, fem>\nb"), 'n');
+    QCOMPARE(wordClass("a <adv>\nb <v>"), 'a');
+    QCOMPARE(wordClass("a\nb <v>"), 'v');
+    QCOMPARE(wordClass("a <conj>\nb"), '\0');
+    QCOMPARE(wordClass("a\nb"), '\0');
 }
 
 void TestDicEntries::sensesAreNumberedInOneParagraph()
