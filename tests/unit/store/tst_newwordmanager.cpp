@@ -1,6 +1,7 @@
 #include "store/newwordmanager.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/testroot.h"
+#include "tests/unit/store/crashmodel.h"
 #include "tests/unit/store/faultyoperations.h"
 
 #include <QDir>
@@ -32,6 +33,8 @@ private slots:
     void aFileThatCannotBeReadIsNotWrittenOver_data();
     void aFileThatCannotBeReadIsNotWrittenOver();
     void aFailureLeavesFileAndEntries();
+    void aCutOfPowerLeavesTheOldBookOrTheNewOne_data();
+    void aCutOfPowerLeavesTheOldBookOrTheNewOne();
     void theStorageIsSynced();
     void quittingForgets();
 
@@ -247,6 +250,39 @@ void TestNewWordManager::aFailureLeavesFileAndEntries()
     }
     QVERIFY(failures >= 4);
     QVERIFY(!m_root->exists(bookPlace() + QStringLiteral(".new")));
+}
+
+// As the internal flash behaves.
+void TestNewWordManager::aCutOfPowerLeavesTheOldBookOrTheNewOne_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("killed") << int(CrashModel::Kind::Killed);
+    QTest::newRow("ext4") << int(CrashModel::Kind::Ext4);
+}
+
+void TestNewWordManager::aCutOfPowerLeavesTheOldBookOrTheNewOne()
+{
+    QFETCH(int, kind);
+    // Several sectors each.
+    book().put(QStringLiteral("old"), QStringLiteral("translation ").repeated(100));
+    const QByteArray before = file();
+    CrashModel model(m_root->path(QString()));
+    QCOMPARE(book().put(QStringLiteral("new"), QStringLiteral("another ").repeated(100)), 0);
+    FileOperations::setCurrent(nullptr);
+    const QByteArray after = file();
+    QVERIFY(before != after);
+    int oldOnes = 0;
+    int newOnes = 0;
+    for (int events = 0; events <= model.events(); ++events) {
+        for (const CrashModel::State& state : model.statesAfter(events, CrashModel::Kind(kind))) {
+            const QByteArray found = state.value(bookPlace().toLatin1());
+            QVERIFY2(found == after || (found == before && events < model.events()),
+                     qPrintable(QString::number(events)));
+            ++(found == after ? newOnes : oldOnes);
+        }
+    }
+    QVERIFY(oldOnes > 2);
+    QVERIFY(newOnes > 0);
 }
 
 void TestNewWordManager::theStorageIsSynced()

@@ -1,6 +1,7 @@
 #include "store/statisticmanager.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/testroot.h"
+#include "tests/unit/store/crashmodel.h"
 #include "tests/unit/store/faultyoperations.h"
 
 #include <QDir>
@@ -24,6 +25,7 @@ private slots:
     void separatorsInTheWordBecomeBlanks();
     void withoutACardItIsMinusOne();
     void aFailureLeavesTheFile();
+    void aCutOfPowerLeavesTheOldRecords();
     void theStorageIsSynced();
     void quittingForgets();
 
@@ -134,6 +136,26 @@ void TestStatisticManager::aFailureLeavesTheFile()
         ++failures;
     }
     QCOMPARE(failures, 4);
+}
+
+// As a card behaves.
+void TestStatisticManager::aCutOfPowerLeavesTheOldRecords()
+{
+    for (int i = 0; i < 20; ++i)
+        QCOMPARE(statistics().flush(m_info), 0);
+    const QByteArray before = file();
+    CrashModel model(m_root->path(QString()));
+    QCOMPARE(statistics().flush(m_info), 0);
+    FileOperations::setCurrent(nullptr);
+    const QByteArray after = file();
+    for (int events = 0; events <= model.events(); ++events) {
+        for (const CrashModel::State& state : model.statesAfter(events, CrashModel::Kind::Fat)) {
+            const QByteArray found = state.value(place().toLatin1());
+            QVERIFY2(found.startsWith(before), qPrintable(QString::number(events)));
+            QVERIFY(found == after || events < model.events());
+        }
+    }
+    QVERIFY(model.events() > 1);
 }
 
 void TestStatisticManager::theStorageIsSynced()
