@@ -16,6 +16,41 @@ bool contains(std::u32string_view set, char32_t c)
     return set.find(c) != std::u32string_view::npos;
 }
 
+struct ScriptRange
+{
+    char32_t first;
+    char32_t last;
+    Script script;
+};
+
+constexpr ScriptRange ScriptRanges[] = {
+    {U'A', U'Z', Script::Latin},        {U'a', U'z', Script::Latin},
+    {0xaa, 0xaa, Script::Latin},        {0xb5, 0xb5, Script::Latin},
+    {0xba, 0xba, Script::Latin},        {0xc0, 0xd6, Script::Latin},
+    {0xd8, 0xf6, Script::Latin},        {0xf8, 0x2af, Script::Latin},
+    {0x1e00, 0x1eff, Script::Latin},    {0xfb00, 0xfb06, Script::Latin},
+    {0x370, 0x3ff, Script::Greek},      {0x1f00, 0x1fff, Script::Greek},
+    {0x400, 0x52f, Script::Cyrillic},   {0x590, 0x5ff, Script::Hebrew},
+    {0xfb1d, 0xfb4f, Script::Hebrew},   {0x600, 0x60b, Script::Arabic},
+    {0x60d, 0x61a, Script::Arabic},     {0x61c, 0x61e, Script::Arabic},
+    {0x620, 0x6d3, Script::Arabic},     {0x6d5, 0x6ff, Script::Arabic},
+    {0x750, 0x77f, Script::Arabic},     {0xfb50, 0xfdcf, Script::Arabic},
+    {0xfdf0, 0xfdff, Script::Arabic},   {0xfe70, 0xfefc, Script::Arabic},
+    {0x900, 0x97f, Script::Devanagari}, {0x3040, 0x30ff, Script::Kana},
+    {0xff66, 0xff9f, Script::Kana},     {0xac00, 0xd7a3, Script::Hangul},
+    {0x3130, 0x318f, Script::Hangul},
+};
+
+/* Marks and signs that every script uses. */
+bool isShared(char32_t c)
+{
+    return c < 0xc0 || c == 0xd7 || c == 0xf7 || between(c, 0x2b0, 0x36f) || c == 0x60c
+           || c == 0x61b || c == 0x61f || c == 0x6d4 || between(c, 0x2000, 0x2bff)
+           || between(c, 0x3000, 0x303f) || between(c, 0xfe00, 0xfe0f) || between(c, 0xfe30, 0xfe4f)
+           || between(c, 0xfeff, 0xff65) || between(c, 0xffe0, 0xffee)
+           || between(c, 0x1f000, 0x1faff);
+}
+
 } // namespace
 
 bool isDigit(char32_t c)
@@ -45,13 +80,25 @@ bool isPunctuation(char32_t c)
 
 bool isLetter(char32_t c)
 {
-    if (c < 0x80)
-        return between(c | 0x20, U'a', U'z');
-    return c == 0xaa || c == 0xb5 || c == 0xba
-           || (c >= 0xc0 && c < 0x2000 && c != 0xd7 && c != 0xf7 && !isPunctuation(c)
-               && !isSilentMark(c))
-           || between(c, 0x2c00, 0x2dff) || between(c, 0xa640, 0xd7ff) || between(c, 0xfb00, 0xfdff)
-           || between(c, 0xfe70, 0xfefc);
+    return scriptOf(c).has_value();
+}
+
+std::optional<Script> scriptOf(char32_t c)
+{
+    if (isHan(c))
+        return Script::Chinese;
+    for (const ScriptRange& range : ScriptRanges)
+        if (between(c, range.first, range.last))
+            return range.script;
+    return isShared(c) ? std::nullopt : std::optional(Script::Unknown);
+}
+
+char32_t narrowForm(char32_t c)
+{
+    constexpr char32_t Distance = 0xff01 - U'!';
+    const bool wide =
+        between(c, 0xff10, 0xff19) || between(c, 0xff21, 0xff3a) || between(c, 0xff41, 0xff5a);
+    return wide ? c - Distance : c;
 }
 
 bool isClauseEnd(char32_t c)

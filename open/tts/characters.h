@@ -1,7 +1,23 @@
 #ifndef OPEN_TTS_CHARACTERS_H
 #define OPEN_TTS_CHARACTERS_H
 
+#include <optional>
+
 namespace tts {
+
+/* Whose letters a character belongs to. `Unknown`: letters that no voice can be asked to speak. */
+enum class Script {
+    Latin,
+    Cyrillic,
+    Greek,
+    Arabic,
+    Hebrew,
+    Devanagari,
+    Kana,
+    Hangul,
+    Chinese,
+    Unknown
+};
 
 /* Kinds of character, as far as speech needs them. */
 
@@ -9,7 +25,14 @@ bool isDigit(char32_t c);       // 0 to 9 of ASCII
 bool isHan(char32_t c);         // Chinese characters
 bool isBlank(char32_t c);       // blanks of any width, line separators
 bool isPunctuation(char32_t c); // marks that are not spoken: stops, quotes, brackets, dashes
-bool isLetter(char32_t c);      // neither of these, no sign, no symbol
+
+/* The script of a letter or of a digit of its own; nothing for what all scripts share: digits,
+ * marks, signs, symbols, emoji. */
+std::optional<Script> scriptOf(char32_t c);
+bool isLetter(char32_t c);
+
+/* The ASCII form of a full-width letter or digit, every other character as it is. */
+char32_t narrowForm(char32_t c);
 
 /* Ends a clause and makes a pause: . , ; : ! ? and their full-width and Arabic forms. */
 bool isClauseEnd(char32_t c);

@@ -11,10 +11,11 @@ namespace {
 float softened(float value)
 {
     constexpr float Knee = 0.6f;
+    constexpr float Top = 0.98f;
     const float size = std::abs(value);
     if (size <= Knee)
         return value;
-    const float bent = Knee + (1 - Knee) * std::tanh((size - Knee) / (1 - Knee));
+    const float bent = Knee + (Top - Knee) * std::tanh((size - Knee) / (Top - Knee));
     return std::copysign(bent, value);
 }
 

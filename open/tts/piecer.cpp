@@ -4,18 +4,21 @@
 #include "open/tts/textreader.h"
 
 #include <algorithm>
+#include <optional>
 #include <span>
 
 namespace tts {
 
 namespace {
 
-/* Characters [begin, end) of a stretch that are one word. */
+/* Characters [begin, end) of a stretch that are one word, or the part of one in one script. */
 struct Token
 {
     std::size_t begin;
     std::size_t end;
     Script script;
+    std::size_t wordEnd;
+    bool beginsWord;
 };
 
 using Characters = std::span<const Character>;
@@ -39,6 +42,27 @@ bool endsRun(Characters text, std::size_t at)
     return isBlank(text[at].code) || isHan(text[at].code) || dividesWords(text, at);
 }
 
+/* Where letters of another script follow than those from `begin` on. */
+std::size_t endOfScript(Characters text, std::size_t begin, std::size_t end)
+{
+    std::optional<Script> script;
+    for (std::size_t at = begin; at < end; ++at) {
+        const auto here = scriptOf(text[at].code);
+        if (script && here && *here != *script)
+            return at;
+        script = script ? script : here;
+    }
+    return end;
+}
+
+Script scriptOfPart(Characters text, std::size_t begin, std::size_t end, Script neutral)
+{
+    for (std::size_t at = begin; at < end; ++at)
+        if (const auto script = scriptOf(text[at].code))
+            return *script;
+    return neutral;
+}
+
 /* The word of a run without blanks: less the punctuation around it. */
 void addToken(std::vector<Token>& tokens, Characters text, std::size_t begin, std::size_t end,
               Script neutral)
@@ -52,10 +76,11 @@ void addToken(std::vector<Token>& tokens, Characters text, std::size_t begin, st
         --end;
     if (begin == end)
         return;
-    const auto word = text.subspan(begin, end - begin);
-    const bool letters =
-        std::any_of(word.begin(), word.end(), [](const Character& c) { return isLetter(c.code); });
-    tokens.push_back({begin, end, letters ? Script::Alphabetic : neutral});
+    for (std::size_t at = begin; at < end;) {
+        const std::size_t partEnd = endOfScript(text, at, end);
+        tokens.push_back({at, partEnd, scriptOfPart(text, at, partEnd, neutral), end, at == begin});
+        at = partEnd;
+    }
 }
 
 std::vector<Token> tokensOf(Characters text, Script neutral)
@@ -68,7 +93,7 @@ std::vector<Token> tokensOf(Characters text, Script neutral)
         addToken(tokens, text, begin, at, neutral);
         begin = at + 1;
         if (isHan(text[at].code))
-            tokens.push_back({at, at + 1, Script::Chinese});
+            tokens.push_back({at, at + 1, Script::Chinese, at + 1, true});
     }
     addToken(tokens, text, begin, text.size(), neutral);
     return tokens;
@@ -94,6 +119,9 @@ bool isFollowedByBlank(Characters text, std::size_t at)
     return at + 1 >= text.size() || isBlank(text[at + 1].code);
 }
 
+/* Of a run without blanks the synthesizer reads 160 bytes of UTF-8 and drops the rest. */
+constexpr int LongestRun = 50;
+
 /* How good a place the end of a character is to cut at; 0 is none. */
 int cutQuality(Characters text, std::size_t at)
 {
@@ -109,10 +137,15 @@ int cutQuality(Characters text, std::size_t at)
 std::size_t pieceEnd(Characters text, std::size_t begin, std::size_t end)
 {
     int cost = 0;
+    int run = 0;
     std::size_t best = begin;
     int bestQuality = 0;
     for (std::size_t at = begin; at < end; ++at) {
-        cost += costOf(text[at].code);
+        const char32_t c = text[at].code;
+        cost += costOf(c);
+        run = isBlank(c) || isHan(c) ? 0 : run + 1;
+        if (run > LongestRun)
+            return at;
         if (cost > ClauseBudget)
             return bestQuality > 0 ? best : std::max(at, begin + 1);
         // A cut in the first quarter would make a tiny piece for little.
@@ -204,16 +237,20 @@ private:
     {
         Piece piece;
         piece.script = m_script;
+        bool speaks = begin > 0 && isInsideToken(begin);
         for (std::size_t at = begin; at < end; ++at) {
-            const bool starts = m_next < m_tokens.size() && m_tokens[m_next].begin == at;
-            if (starts)
-                piece.words.push_back(wordOf(m_tokens[m_next++], piece.text.size(), end));
+            if (m_next < m_tokens.size() && m_tokens[m_next].begin == at) {
+                if (m_tokens[m_next].beginsWord)
+                    piece.words.push_back(wordOf(m_tokens[m_next], piece.text.size(), end));
+                ++m_next;
+                speaks = true;
+            }
             appendCharacter(piece.text, m_text[at].code);
         }
-        const bool continuesWord = piece.words.empty() && begin > 0 && isInsideToken(begin);
-        if (piece.words.empty() && !continuesWord)
+        if (!speaks)
             return;
         if (end < m_text.size() && !endsWithClauseEnd(piece.text)) {
+            piece.text.resize(piece.text.find_last_not_of(U' ') + 1);
             piece.text += U',';
             piece.endPause = end < runEnd;
         }
@@ -228,8 +265,8 @@ private:
     Word wordOf(const Token& token, std::size_t begin, std::size_t pieceLimit) const
     {
         const Character& first = m_text[token.begin];
-        const Character& last = m_text[token.end - 1];
-        const std::size_t inPiece = std::min(token.end, pieceLimit);
+        const Character& last = m_text[token.wordEnd - 1];
+        const std::size_t inPiece = std::min(token.wordEnd, pieceLimit);
         const auto text = m_text.subspan(token.begin, inPiece - token.begin);
         const auto silent = std::count_if(text.begin(), text.end(),
                                           [](const Character& c) { return isSilentMark(c.code); });
@@ -258,7 +295,7 @@ private:
     const Characters m_text;
     const std::vector<Token> m_tokens;
     const Script m_neutral;
-    Script m_script = Script::Alphabetic;
+    Script m_script = Script::Latin;
     std::size_t m_next = 0; // first token not yet in a piece
 };
 

@@ -22,7 +22,7 @@ struct Word
 /* What the synthesizer gets at a time. */
 struct Piece
 {
-    Script script = Script::Alphabetic;
+    Script script = Script::Latin;
     std::u32string text; // empty when nothing is to be spoken
     std::vector<Word> words;
     bool endPause = true; // the pause that the last punctuation makes by nature
@@ -31,8 +31,8 @@ struct Piece
 
 /*
  * Cuts a text into pieces: at pause tags and paragraph ends, where the script changes, and where a
- * clause grows so long that the synthesizer would lose its end. `script` speaks what belongs to
- * neither script.
+ * clause grows so long that the synthesizer would lose its end. No piece holds letters of two
+ * scripts. `script` speaks what belongs to none.
  *
  * The words of all the pieces, in order, are the words of the text, each once: what stands between
  * blanks, without the punctuation around it; Chinese characters one by one.

@@ -29,7 +29,7 @@ Character characterAt(std::u16string_view text, std::size_t at)
         code = 0x10000 + ((code & 0x3ff) << 10) + (text[at + 1] & 0x3ffu);
         units = 2;
     }
-    return {isUnspeakable(code) ? U' ' : code, static_cast<int>(at), units};
+    return {isUnspeakable(code) ? U' ' : narrowForm(code), static_cast<int>(at), units};
 }
 
 } // namespace

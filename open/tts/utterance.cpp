@@ -46,11 +46,20 @@ bool Utterance::speakPiece(const Piece& piece)
     m_clock = &clock;
     m_left = 0;
     const int rate = wordsPerMinute(*m_manner.voice, m_manner.speed);
-    const bool spoken = Synthesizer::speak(piece, m_manner.voice->file(piece.script), rate, *this);
+    // Without a voice its words are reported all the same.
+    const char* file = m_manner.voice->file(piece.script);
+    const bool spoken = !file || Synthesizer::speak(piece, file, rate, *this) || isForeign(piece);
     clock.finish(m_queue.pushed() - start + m_left);
     takeWords();
     m_clock = nullptr;
     return spoken || m_stopped;
+}
+
+/* Of a script that the voice need not know, and that data for a few languages lack. */
+bool Utterance::isForeign(const Piece& piece) const
+{
+    return piece.script != m_manner.voice->script && piece.script != Script::Latin
+           && piece.script != Script::Chinese;
 }
 
 void Utterance::wordEvent(std::size_t character, std::int64_t sample)
@@ -111,8 +120,10 @@ bool Utterance::reportUntil(std::int64_t sample)
 /* Words that turned out to have no sound, at the end of the text. */
 void Utterance::reportRest()
 {
-    for (; !m_words.isEmpty(); m_words.pop())
+    for (; !m_words.isEmpty() && !m_stopped; m_words.pop()) {
         report(m_words.front());
+        m_stopped = !m_queue.waitUntilHeard(0);
+    }
 }
 
 void Utterance::report(const TimedWord& word)

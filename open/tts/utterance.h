@@ -38,6 +38,7 @@ private:
     bool samples(std::span<const std::int16_t> samples) override;
 
     bool speakPiece(const Piece& piece);
+    bool isForeign(const Piece& piece) const;
     bool keepPace(std::int64_t ahead);
     void takeWords();
     std::span<const std::int16_t> withoutLead(std::span<const std::int16_t> samples);

@@ -17,25 +17,25 @@ constexpr int Normal = 48;
 constexpr Voice Voices[] = {
     {1, Script::Chinese, English, Chinese, Normal},
     {2, Script::Chinese, English, Chinese, Normal},
-    {101, Script::Alphabetic, English, Chinese, Normal},
-    {103, Script::Alphabetic, "roa/fr", Chinese, Normal},
-    {104, Script::Alphabetic, "gmw/de", Chinese, Normal},
-    {105, Script::Alphabetic, "roa/es", Chinese, Normal},
-    {106, Script::Alphabetic, "roa/it", Chinese, Normal},
-    {107, Script::Alphabetic, "gmq/sv", Chinese, Normal},
-    {108, Script::Alphabetic, "gmq/da", Chinese, Normal},
-    {109, Script::Alphabetic, "gmq/nb", Chinese, Normal},
-    {110, Script::Alphabetic, "gmw/nl", Chinese, Normal},
-    {111, Script::Alphabetic, "roa/pt", Chinese, Normal},
-    {151, Script::Alphabetic, "zle/ru", Chinese, Normal},
-    {152, Script::Alphabetic, "sem/ar", Chinese, Normal},
-    {200, Script::Alphabetic, English, Chinese, Normal},
-    {201, Script::Alphabetic, "gmw/en-US", Chinese, Normal},
-    {202, Script::Alphabetic, "roa/es-419", Chinese, 90},
-    {203, Script::Alphabetic, "gmw/en+f3", "sit/cmn-Latn-pinyin+f3", Normal},
-    {204, Script::Alphabetic, "gmw/en-GB-scotland", Chinese, Normal},
-    {205, Script::Alphabetic, "gmw/en-US+f3", "sit/cmn-Latn-pinyin+f3", Normal},
-    {206, Script::Alphabetic, "gmw/en-GB-x-rp", Chinese, Normal},
+    {101, Script::Latin, English, Chinese, Normal},
+    {103, Script::Latin, "roa/fr", Chinese, Normal},
+    {104, Script::Latin, "gmw/de", Chinese, Normal},
+    {105, Script::Latin, "roa/es", Chinese, Normal},
+    {106, Script::Latin, "roa/it", Chinese, Normal},
+    {107, Script::Latin, "gmq/sv", Chinese, Normal},
+    {108, Script::Latin, "gmq/da", Chinese, Normal},
+    {109, Script::Latin, "gmq/nb", Chinese, Normal},
+    {110, Script::Latin, "gmw/nl", Chinese, Normal},
+    {111, Script::Latin, "roa/pt", Chinese, Normal},
+    {151, Script::Cyrillic, English, Chinese, Normal},
+    {152, Script::Arabic, English, Chinese, Normal},
+    {200, Script::Latin, English, Chinese, Normal},
+    {201, Script::Latin, "gmw/en-US", Chinese, Normal},
+    {202, Script::Latin, "roa/es-419", Chinese, 90},
+    {203, Script::Latin, "gmw/en+f3", "sit/cmn-Latn-pinyin+f3", Normal},
+    {204, Script::Latin, "gmw/en-GB-scotland", Chinese, Normal},
+    {205, Script::Latin, "gmw/en-US+f3", "sit/cmn-Latn-pinyin+f3", Normal},
+    {206, Script::Latin, "gmw/en-GB-x-rp", Chinese, Normal},
     {211, Script::Chinese, "gmw/en+f3", "sit/cmn-Latn-pinyin+f3", Normal},
     {212, Script::Chinese, "gmw/en+m3", "sit/cmn-Latn-pinyin+m3", Normal},
 };
@@ -43,6 +43,35 @@ constexpr Voice Voices[] = {
 constexpr int DefaultCode = 101;
 
 } // namespace
+
+/* The synthesizer changes its language within a text by itself, but where that happens inside a
+ * word it goes on with a language that it has freed. So it never gets two scripts at a time. */
+const char* Voice::file(Script which) const
+{
+    switch (which) {
+    case Script::Latin:
+        return latin;
+    case Script::Chinese:
+        return chinese;
+    case Script::Cyrillic:
+        return "zle/ru";
+    case Script::Greek:
+        return "grk/el";
+    case Script::Arabic:
+        return "sem/ar";
+    case Script::Hebrew:
+        return "sem/he";
+    case Script::Devanagari:
+        return "inc/hi";
+    case Script::Kana:
+        return "jpx/ja";
+    case Script::Hangul:
+        return "ko";
+    case Script::Unknown:
+        break;
+    }
+    return nullptr;
+}
 
 const Voice* findVoice(int code)
 {

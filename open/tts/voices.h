@@ -1,20 +1,21 @@
 #ifndef OPEN_TTS_VOICES_H
 #define OPEN_TTS_VOICES_H
 
-namespace tts {
+#include "open/tts/characters.h"
 
-/* Which of a voice's two mouths speaks: Chinese characters need another than letters. */
-enum class Script { Alphabetic, Chinese };
+namespace tts {
 
 struct Voice
 {
-    int code;               // as in ZEMBRA_TTS_SetLang
-    Script script;          // of digits and signs, and of what else is spoken mostly
-    const char* alphabetic; // voice file for words in letters
-    const char* chinese;    // voice file for Chinese characters
-    int normalSpeed;        // the speed setting that is normal speech
+    int code;            // as in ZEMBRA_TTS_SetLang
+    Script script;       // of digits and signs, and of what else is spoken mostly
+    const char* latin;   // voice file for words in Latin letters
+    const char* chinese; // voice file for Chinese characters
+    int normalSpeed;     // the speed setting that is normal speech
 
-    const char* file(Script which) const { return which == Script::Chinese ? chinese : alphabetic; }
+    /* The voice file for words of a script: each is spoken by a voice of its own language. Null
+     * for a script without one. */
+    const char* file(Script which) const;
 };
 
 /* The voice with that code, null for a code without one. */

@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     if (size == 0)
         return 0;
-    const tts::Script script = data[0] % 2 == 0 ? tts::Script::Alphabetic : tts::Script::Chinese;
+    const tts::Script script = data[0] % 2 == 0 ? tts::Script::Latin : tts::Script::Chinese;
     std::u16string text((size - 1) / 2, u'\0');
     std::copy_n(data + 1, text.size() * 2, reinterpret_cast<std::uint8_t*>(text.data()));
 

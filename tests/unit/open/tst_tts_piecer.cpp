@@ -1,3 +1,4 @@
+#include "open/tts/characters.h"
 #include "open/tts/pausetag.h"
 #include "open/tts/piecer.h"
 #include "open/tts/textreader.h"
@@ -9,13 +10,13 @@ using namespace tts;
 
 namespace {
 
-std::vector<Piece> cut(const QString& text, Script script = Script::Alphabetic)
+std::vector<Piece> cut(const QString& text, Script script = Script::Latin)
 {
     return cutIntoPieces(text.toStdU16String(), script);
 }
 
 /* The words as they stand in the text. */
-QStringList wordsOf(const QString& text, Script script = Script::Alphabetic)
+QStringList wordsOf(const QString& text, Script script = Script::Latin)
 {
     QStringList words;
     for (const Piece& piece : cut(text, script))
@@ -24,7 +25,7 @@ QStringList wordsOf(const QString& text, Script script = Script::Alphabetic)
     return words;
 }
 
-QStringList piecesOf(const QString& text, Script script = Script::Alphabetic)
+QStringList piecesOf(const QString& text, Script script = Script::Latin)
 {
     QStringList pieces;
     for (const Piece& piece : cut(text, script))
@@ -73,6 +74,10 @@ private slots:
     void wordSpansSkipMarkUp();
     void wordSpansCountSurrogatePairs();
     void changesScript();
+    void everyScriptHasItsPieces_data();
+    void everyScriptHasItsPieces();
+    void wordOfTwoScriptsIsOneWord();
+    void fullWidthFormsAreNarrowed();
     void unspeakableBecomesBlank_data();
     void unspeakableBecomesBlank();
     void silentMarksStayInTheirWord();
@@ -227,7 +232,7 @@ void TstTtsPiecer::wordSpansSkipMarkUp()
 
 void TstTtsPiecer::wordSpansCountSurrogatePairs()
 {
-    const QString text = QStringLiteral("\U0001f600\U0001f44d a\U00010400b c");
+    const QString text = QStringLiteral("\U0001f600\U0001f44d a\U0001f44db c");
     const auto pieces = cut(text);
     QCOMPARE(pieces.size(), std::size_t(1));
     const auto& words = pieces[0].words;
@@ -257,6 +262,70 @@ void TstTtsPiecer::changesScript()
     QVERIFY(pieces[2].endPause);
     QVERIFY(!pieces[3].endPause);
     QVERIFY(pieces[4].endPause);
+}
+
+void TstTtsPiecer::everyScriptHasItsPieces_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<int>("script");
+    const auto add = [](const char* name, const char* word, Script script) {
+        QTest::newRow(name) << QString::fromUtf8(word) << static_cast<int>(script);
+    };
+    add("Latin", "fleuve", Script::Latin);
+    add("Latin with accents", "\u1ea5\u0142\u0153", Script::Latin);
+    add("Cyrillic", "река", Script::Cyrillic);
+    add("Greek", "ποταμός", Script::Greek);
+    add("Arabic", "نهر", Script::Arabic);
+    add("Arabic digits", "\u0661\u0662", Script::Arabic);
+    add("Hebrew", "נהר", Script::Hebrew);
+    add("Devanagari", "नदी", Script::Devanagari);
+    add("kana", "かわ", Script::Kana);
+    add("Hangul", "강", Script::Hangul);
+    add("Chinese", "江", Script::Chinese);
+    add("Chinese, rare", "\U00020000", Script::Chinese);
+    add("Thai", "แม่น้ำ", Script::Unknown);
+    add("Tibetan", "\u0f56\u0f7c", Script::Unknown);
+    add("Bengali digits", "\u09e7\u09e8", Script::Unknown);
+}
+
+void TstTtsPiecer::everyScriptHasItsPieces()
+{
+    QFETCH(QString, word);
+    QFETCH(int, script);
+    // Neither neighbour in the same piece: its own voice speaks each.
+    const Script around = script == int(Script::Latin) ? Script::Cyrillic : Script::Latin;
+    const QString other = around == Script::Latin ? QStringLiteral("one") : QStringLiteral("два");
+    const QString text = other + QLatin1Char(' ') + word + QLatin1Char(' ') + other;
+    const auto pieces = cut(text, around);
+    QCOMPARE(pieces.size(), std::size_t(3));
+    QCOMPARE(int(pieces[0].script), int(around));
+    QCOMPARE(int(pieces[1].script), script);
+    QCOMPARE(int(pieces[2].script), int(around));
+    QCOMPARE(wordsOf(text, around), QStringList({other, word, other}));
+}
+
+void TstTtsPiecer::wordOfTwoScriptsIsOneWord()
+{
+    const QString text = QStringLiteral("the \u03b2-carot\u0435ne, so");
+    QCOMPARE(wordsOf(text), QStringList({"the", QStringLiteral("\u03b2-carot\u0435ne"), "so"}));
+    QStringList texts;
+    for (const Piece& piece : cut(text)) {
+        for (const char32_t c : piece.text)
+            QVERIFY(!scriptOf(c) || scriptOf(c) == piece.script);
+        texts.append(QString::fromStdU32String(piece.text).simplified());
+    }
+    QCOMPARE(texts, QStringList({"the,", QStringLiteral("\u03b2-,"), "carot,",
+                                 QStringLiteral("\u0435,"), "ne, so"}));
+    QVERIFY(areOrdered(cut(text), text.size()));
+}
+
+void TstTtsPiecer::fullWidthFormsAreNarrowed()
+{
+    const QString text = QStringLiteral("共\uff11\uff12页\uff2d\uff30\uff13。");
+    QCOMPARE(piecesOf(text, Script::Chinese), QStringList({"共12页,", "MP3。"}));
+    QCOMPARE(wordsOf(text, Script::Chinese),
+             QStringList({"共", QStringLiteral("\uff11\uff12"), "页",
+                          QStringLiteral("\uff2d\uff30\uff13")}));
 }
 
 void TstTtsPiecer::unspeakableBecomesBlank_data()
