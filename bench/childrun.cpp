@@ -28,6 +28,7 @@ double milliseconds(const timeval& time)
     setenv("XDG_CACHE_HOME", folder.c_str(), 1);
     setenv("LC_ALL", "C.UTF-8", 1);
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& part : command)
         arguments.push_back(const_cast<char*>(part.c_str()));
     arguments.push_back(nullptr);

@@ -120,6 +120,15 @@ class Gather(Scripts):
         self.assertIn("dictionaries: 1, none of them part of this project:", lines)
         self.assertEqual(len(self.pen()), 3)
 
+    def test_a_script_that_fails_is_called_once(self):
+        self.write("scripts/make-none", MAKER + "exit 1\n", 0o755)
+        self.table("eng-spa | make-none", "spa-eng | make-none", self.book_row())
+        done = self.gather()
+        self.assertEqual((self.root / "scripts/calls").read_text(), "called\n")
+        self.assertIn("dictionaries: spa-eng: left out: scripts/make-none failed", done.stdout)
+        self.gather() # perhaps the network is there now
+        self.assertEqual((self.root / "scripts/calls").read_text(), "called\n" * 2)
+
     def test_nothing_is_made_twice(self):
         self.table("eng-spa | make-one", self.book_row())
         self.gather()
