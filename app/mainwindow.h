@@ -99,6 +99,9 @@ public:
     /* Whether a dictionary is being opened or closed in the background. */
     bool isOpeningDictionary() const { return m_dictJob.has_value(); }
 
+    /* Whether the user waits for that, with the busy sign. */
+    bool awaitsDictionary() const { return m_dictIsAwaited; }
+
     /* Whether a dictionary was changed since a word was looked up. */
     bool dictionaryChanged() const { return m_dictChanged; }
 

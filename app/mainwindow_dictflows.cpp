@@ -184,7 +184,11 @@ void MainWindow::takeTransScan(const QString& text)
 // and a dictionary that was changed meanwhile has its say.
 void MainWindow::resumeTranslation()
 {
+    if (WidgetChange::Instance()->getCurWidget() != m_transEdit)
+        return;
     ZEMBRA_IAP_SetStopSignal(m_storedIsShown || m_dictJob ? 1 : 0);
+    if (!m_confirmation.isEmpty())
+        talkingMenuTTS(0, QString(), QString()); // what was chosen in a menu over it
     if (m_dictJob)
         showDictBusy();
     else if (std::exchange(m_dictChanged, false) && !m_storedIsShown && beginTranslation())

@@ -189,7 +189,7 @@ void MainWindow::dictionaryIsThere(DictJob job)
     } else if (job == DictJob::Change) {
         tellSetUp(dictionaryName());
     }
-    if (WidgetChange::Instance()->getCurWidget() == m_transEdit && m_transEdit)
+    if (m_transEdit)
         resumeTranslation();
     for (const QString& scan : std::exchange(m_waitingScans, {}))
         m_transEdit->takeScan(scan);

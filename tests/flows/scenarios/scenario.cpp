@@ -93,7 +93,8 @@ std::optional<int> keyOf(const QString& name)
 
 void readGiven(Step& step, Words& words)
 {
-    const QString what = words.oneOf({"file", "files", "setting", "free-space", "no-card", "raw"});
+    const QString what = words.oneOf({"file", "files", "setting", "free-space", "no-card", "raw",
+                                      "dictionary", "damaged", "word"});
     if (what == QLatin1String("file")) {
         step.name = words.take("the name");
         step.verb = words.takeIf("units") ? Verb::GivenUnits : Verb::GivenFile;
@@ -111,6 +112,15 @@ void readGiven(Step& step, Words& words)
     } else if (what == QLatin1String("free-space")) {
         step.verb = Verb::GivenFreeSpace;
         step.number = words.number("the bytes");
+    } else if (what == QLatin1String("dictionary") || what == QLatin1String("damaged")) {
+        step.verb = what == QLatin1String("damaged") ? Verb::GivenDamaged : Verb::GivenDictionary;
+        step.name = words.take("the name");
+        step.text = words.take("the languages");
+    } else if (what == QLatin1String("word")) {
+        step.verb = Verb::GivenWord;
+        step.name = words.take("the dictionary");
+        step.text = words.take("the word");
+        step.texts = QStringList{words.take("the definition")};
     } else if (what == QLatin1String("raw")) {
         step.verb = Verb::GivenRaw;
         step.name = words.take("the path");
@@ -163,6 +173,12 @@ void readVoice(Step& step, Words& words)
     step.verb = verbs.value(words.oneOf(verbs.keys()));
 }
 
+void readDictionary(Step& step, Words& words)
+{
+    const bool hold = words.oneOf({"hold", "release"}) == QLatin1String("hold");
+    step.verb = hold ? Verb::HoldDictionary : Verb::ReleaseDictionary;
+}
+
 void readMessage(Step& step, Words& words)
 {
     step.name = words.take("the message");
@@ -185,7 +201,7 @@ void readScreen(Step& step, Words& words)
         return;
     }
     step.name = words.oneOf({"menu", "editor", "page", "message", "question", "input", "wordbook",
-                             "translate", "none"});
+                             "translate", "selection", "none"});
     while (!words.atEnd()) {
         const QString field = words.oneOf(Scenario::screenFields());
         QStringList& values = step.fields[field];
@@ -284,6 +300,7 @@ constexpr Command Commands[] = {
     {"swipe", Verb::Swipe, readSwipe},
     {"tip", Verb::TipDown, readTip},
     {"recognition", Verb::HoldRecognition, readRecognition},
+    {"dictionary", Verb::HoldDictionary, readDictionary},
     {"voice", Verb::HoldVoice, readVoice},
     {"send", Verb::Send, readMessage},
     {"time", Verb::Time, readName},
@@ -296,6 +313,8 @@ constexpr Command Commands[] = {
     {"sent", Verb::Sent, readSent},
     {"file", Verb::File, readFile},
     {"list", Verb::List, readList},
+    {"book", Verb::Book, readList},
+    {"counted", Verb::Counted, readList},
     {"setting", Verb::Setting, readSetting},
     {"engine", Verb::Engine, readText},
     {"ended", Verb::Ended, readEnded},
@@ -402,10 +421,10 @@ Scenario Scenario::parse(const QString& text, const QString& name, const Loader&
 
 const QStringList& Scenario::screenFields()
 {
-    static const QStringList fields = {QStringLiteral("title"),  QStringLiteral("current"),
-                                       QStringLiteral("place"),  QStringLiteral("choice"),
-                                       QStringLiteral("cursor"), QStringLiteral("word"),
-                                       QStringLiteral("rows"),   QStringLiteral("text"),
-                                       QStringLiteral("busy"),   QStringLiteral("frozen")};
+    static const QStringList fields = {
+        QStringLiteral("title"),  QStringLiteral("current"), QStringLiteral("place"),
+        QStringLiteral("choice"), QStringLiteral("cursor"),  QStringLiteral("word"),
+        QStringLiteral("rows"),   QStringLiteral("text"),    QStringLiteral("trans"),
+        QStringLiteral("busy"),   QStringLiteral("frozen")};
     return fields;
 }

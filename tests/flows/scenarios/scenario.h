@@ -19,7 +19,10 @@ struct ScenarioStep
         GivenSetting,   // name, number
         GivenFreeSpace, // number of bytes
         GivenNoCard,
-        GivenRaw, // name: path on the pen, text: written as UTF-8
+        GivenDictionary, // name, text: languages, "eng-deu"
+        GivenDamaged,    // as above; it cannot be opened
+        GivenWord,       // name: dictionary, text: word, texts: definition
+        GivenRaw,        // name: path on the pen, text: written as UTF-8
         // What is done.
         Start,
         Key, // key: pressed and released
@@ -33,6 +36,8 @@ struct ScenarioStep
         HoldRecognition,    // recognitions wait
         ReleaseRecognition, //
         ReleaseSoon,        // just after the next action has begun
+        HoldDictionary,     // dictionaries are not opened
+        ReleaseDictionary,  //
         HoldVoice,          // texts wait for the next two
         RunVoice,           // texts run by themselves again
         VoiceWord,          // the next word is heard
@@ -56,6 +61,8 @@ struct ScenarioStep
         Units,   // name, number of code units
         NoFile,  // name
         List,    // texts: names in the order of the menus
+        Book,    // texts: words of the new-word book, the newest first
+        Counted, // texts: words of the usage records
         Setting, // name, number
         Engine,  // text: a call as the engines' log has it
         Ended    // number: result of the process

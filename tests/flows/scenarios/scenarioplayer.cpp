@@ -60,6 +60,7 @@ void ScenarioPlayer::prepare()
 {
     while (!atEnd() && m_scenario.steps.at(m_next).isGiven())
         given(m_scenario.steps.at(m_next++));
+    dictionaryhost::install(m_dictionaries, m_stage.state().root);
     if (!atEnd() && m_scenario.steps.at(m_next).verb == Verb::Start)
         ++m_next;
 }
@@ -87,6 +88,16 @@ void ScenarioPlayer::given(const Step& step)
         break;
     case Verb::GivenNoCard:
         moveCard(Card, CardInAPc);
+        break;
+    case Verb::GivenDictionary:
+    case Verb::GivenDamaged:
+        m_dictionaries.append({step.name, step.text, step.verb == Verb::GivenDamaged, {}});
+        break;
+    case Verb::GivenWord:
+        for (GivenDictionary& dictionary : m_dictionaries) {
+            if (dictionary.name == step.name)
+                dictionary.entries.append({step.text, step.texts.first()});
+        }
         break;
     default:
         root.write(step.name, step.text.toUtf8());
@@ -248,6 +259,10 @@ void ScenarioPlayer::performOnPen(const Step& step)
         break;
     case Verb::VoiceFinish:
         m_stage.act([this] { FakeTts::finish() || fail(QStringLiteral("nothing is spoken")); });
+        break;
+    case Verb::HoldDictionary:
+    case Verb::ReleaseDictionary:
+        m_stage.act([this, on = step.verb == Verb::HoldDictionary] { m_stage.holdDictionary(on); });
         break;
     case Verb::FreeSpace:
         m_stage.act([bytes = step.number] { FakeSystem::setFreeBytes(bytes); });

@@ -1,6 +1,7 @@
 #ifndef SCENARIOPLAYER_H
 #define SCENARIOPLAYER_H
 
+#include "tests/flows/scenarios/dictionaryhost.h"
 #include "tests/flows/scenarios/scenario.h"
 #include "tests/flows/scenarios/screentext.h"
 #include "tests/flows/scenarios/stage.h"
@@ -52,6 +53,7 @@ private:
     bool expectSpoken(const Step& step);
     bool expectSent(const Step& step);
     bool expectList(const Step& step);
+    bool expectWords(const Step& step);
     bool expectFile(const Step& step);
     bool expectSetting(const Step& step);
     bool differs(const QString& what, const QString& expected, const QString& found);
@@ -60,6 +62,7 @@ private:
     bool fail(const QString& what);
 
     Scenario m_scenario;
+    QVector<GivenDictionary> m_dictionaries;
     Mode m_mode;
     Stage m_stage;
     qsizetype m_next = 0;

@@ -4,6 +4,7 @@
 
 #include "desk/scriptwords.h"
 #include "store/filemanager.h"
+#include "store/newwordmanager.h"
 
 #include <QSettings>
 
@@ -57,6 +58,9 @@ bool ScenarioPlayer::meets(const Step& step)
         return expectSent(step);
     case Verb::List:
         return expectList(step);
+    case Verb::Book:
+    case Verb::Counted:
+        return expectWords(step);
     case Verb::Setting:
         return expectSetting(step);
     case Verb::Engine:
@@ -77,6 +81,24 @@ bool ScenarioPlayer::expectList(const Step& step)
     for (const FileInfo& file : files)
         names.append(file.name);
     return names == step.texts || differs("list", step.texts.join(u' '), names.join(u' '));
+}
+
+bool ScenarioPlayer::expectWords(const Step& step)
+{
+    QStringList words;
+    if (step.verb == Verb::Book) {
+        WordItem item;
+        for (int i = NewWordManager::Instance()->getSize() - 1; i >= 0; --i) {
+            NewWordManager::Instance()->get(i, item);
+            words.append(item.word);
+        }
+    } else {
+        const QString text =
+            textOf(m_stage.state().root.read(QStringLiteral("/mnt/mmc/Stastistic_File.txt")));
+        for (QString record : text.split(u'\n', Qt::SkipEmptyParts))
+            words.append(record.remove(QChar(QChar::ByteOrderMark)).section(u'\t', 0, 0));
+    }
+    return words == step.texts || differs("words", step.texts.join(u' '), words.join(u' '));
 }
 
 bool ScenarioPlayer::expectScreen(const Step& step)

@@ -2,6 +2,8 @@
 
 #include "app/widgetchange.h"
 #include "desk/scriptwords.h"
+#include "dict/dictscanedit.h"
+#include "dict/dictswitch.h"
 #include "editor/myedit.h"
 #include "tests/flows/scenarios/scenario.h"
 #include "widgets/messagedialog.h"
@@ -40,6 +42,19 @@ void describeEditor(const MyEdit& editor, ScreenText& screen)
     const QList<QTextEdit::ExtraSelection> marks = editor.extraSelections();
     if (!marks.isEmpty())
         screen.fields[QStringLiteral("word")] = {marks.first().cursor.selectedText()};
+}
+
+void describeTranslation(const DictScanEdit& shown, ScreenText& screen)
+{
+    screen.kind = QStringLiteral("translate");
+    const auto* const line = shown.findChild<QTextEdit*>(QStringLiteral("editScan"));
+    screen.fields[QStringLiteral("text")] = {line ? line->toPlainText() : QString()};
+    screen.fields[QStringLiteral("word")] = {shown.selectedWord()};
+    screen.fields[QStringLiteral("trans")] = {shown.shownTranslation()};
+    if (shown.resultCount() > 0) {
+        screen.fields[QStringLiteral("place")] = {
+            QStringLiteral("%1/%2").arg(shown.getCurIndex() + 1).arg(shown.resultCount())};
+    }
 }
 
 // Rows of a settings page as they are seen, "Speed 6", or the choices of a question.
@@ -97,6 +112,11 @@ void describeWidget(const QWidget& widget, ScreenText& screen)
         describeEditor(*editor, screen);
     } else if (const auto* const question = qobject_cast<const YesnoSelect*>(&widget)) {
         describeQuestion(*question, screen);
+    } else if (const auto* const shown = qobject_cast<const DictScanEdit*>(&widget)) {
+        describeTranslation(*shown, screen);
+    } else if (const auto* const selection = qobject_cast<const DictSwitch*>(&widget)) {
+        screen.kind = QStringLiteral("selection");
+        screen.fields[QStringLiteral("text")] = {selection->spokenText()};
     } else if (!describePage(widget, screen)) {
         screen.kind = QString::fromLatin1(widget.metaObject()->className());
     }

@@ -2,8 +2,11 @@
 
 #include "app/mainwindow.h"
 #include "app/startup.h"
+#include "dict/dictscanedit.h"
 #include "editor/myedit.h"
+#include "engines/csoundsrcthread.h"
 #include "engines/csoundthread.h"
+#include "engines/csoundtransthread.h"
 #include "engines/cttsthread.h"
 #include "platform/qcopchannel.h"
 #include "tests/fakes/fakedic.h"
@@ -59,8 +62,12 @@ bool readingHasEnded()
 {
     const QWidgetList all = QApplication::allWidgets();
     return std::all_of(all.begin(), all.end(), [](const QWidget* widget) {
-        const auto* const editor = qobject_cast<const MyEdit*>(widget);
-        return !editor || hasEnded(*editor->soundThread());
+        if (const auto* const editor = qobject_cast<const MyEdit*>(widget))
+            return hasEnded(*editor->soundThread());
+        const auto* const screen = qobject_cast<const DictScanEdit*>(widget);
+        return !screen
+               || (!screen->isReading() && hasEnded(*screen->srcThread())
+                   && hasEnded(*screen->transThread()));
     });
 }
 
@@ -198,8 +205,11 @@ QString Stage::unrest()
         return QStringLiteral("the menu speech does not end");
     if (!readingHasEnded() && !speaking)
         return QStringLiteral("the reading does not end");
+    const bool opening = main->isOpeningDictionary();
+    if (opening && !m_dictionaryHeld)
+        return QStringLiteral("the dictionary does not open");
     const bool recognising = m_recognitionHeld && FakeOcr::isRecognizing();
-    if (busySignShown() && !recognising)
+    if (busySignShown() && !recognising && !main->awaitsDictionary())
         return QStringLiteral("the busy sign stays");
     // A file name is recognised within the scan engine's callback, without the sign.
     const bool inCallback = recognising && !busySignShown();
@@ -373,6 +383,7 @@ void Stage::letGo()
 {
     holdVoice(false);
     holdRecognition(false);
+    holdDictionary(false);
     FakeIap::liftWithoutLine();
     m_tipIsDown = false;
 }
@@ -401,6 +412,12 @@ void Stage::holdRecognition(bool hold)
         FakeOcr::hold();
     else
         FakeOcr::release();
+}
+
+void Stage::holdDictionary(bool hold)
+{
+    m_dictionaryHeld = hold;
+    FakeDic::holdInitialize(hold);
 }
 
 void Stage::holdVoice(bool hold)

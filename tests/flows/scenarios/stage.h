@@ -78,6 +78,7 @@ public:
     /* Releases it in a moment from another thread, while the application may wait for it. */
     void releaseRecognitionSoon();
     void holdVoice(bool hold);
+    void holdDictionary(bool hold);
 
     /* Nothing is held any more, and the tip is up. */
     void letGo();
@@ -119,6 +120,7 @@ private:
     int m_swipes = 0;
     bool m_recognitionHeld = false;
     bool m_voiceHeld = false;
+    bool m_dictionaryHeld = false;
     bool m_tipIsDown = false;
     bool m_ending = false;
     bool m_windowSeen = false;

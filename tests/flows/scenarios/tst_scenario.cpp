@@ -33,6 +33,9 @@ void TestScenario::readsEachCommand_data()
     row("given setting SystemSet/Delay 2", Verb::GivenSetting);
     row("given free-space 1048575", Verb::GivenFreeSpace);
     row("given no-card", Verb::GivenNoCard);
+    row("given dictionary Small eng-deu", Verb::GivenDictionary);
+    row("given damaged Broken eng-deu", Verb::GivenDamaged);
+    row("given word Small house Haus", Verb::GivenWord);
     row("given raw /apps/config/filelist.cfg \"0\\n\"", Verb::GivenRaw);
     row("start", Verb::Start);
     row("key OK", Verb::Key);
@@ -46,6 +49,8 @@ void TestScenario::readsEachCommand_data()
     row("recognition hold", Verb::HoldRecognition);
     row("recognition release", Verb::ReleaseRecognition);
     row("recognition release soon", Verb::ReleaseSoon);
+    row("dictionary hold", Verb::HoldDictionary);
+    row("dictionary release", Verb::ReleaseDictionary);
     row("voice hold", Verb::HoldVoice);
     row("voice run", Verb::RunVoice);
     row("voice word", Verb::VoiceWord);
@@ -68,6 +73,8 @@ void TestScenario::readsEachCommand_data()
     row("file notes units 32768", Verb::Units);
     row("file notes missing", Verb::NoFile);
     row("list two one", Verb::List);
+    row("book house", Verb::Book);
+    row("counted house", Verb::Counted);
     row("setting SystemSet/Speed 7", Verb::Setting);
     row("engine \"ZEMBRA_IAP_SetStopSignal(1)\"", Verb::Engine);
     row("ended", Verb::Ended);
@@ -177,6 +184,8 @@ void TestScenario::refuses_data()
                             << "s:1: \"many\" is no number";
     QTest::newRow("voice") << "voice loud"
                            << "s:1: \"loud\" should be one of finish, hold, run, word";
+    QTest::newRow("definition") << "given word Small house"
+                                << "s:1: the definition is missing";
     QTest::newRow("channel") << "sent scanprocess a b"
                              << "s:1: \"scanprocess\" should be one of mainprocess";
     QTest::newRow("given too late") << "key OK\ngiven no-card"

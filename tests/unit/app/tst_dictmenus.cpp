@@ -126,6 +126,7 @@ void TestDictMenus::voiceLeadsBackToTheTranslation()
     QCOMPARE(f.current(), static_cast<QWidget*>(f.screen()));
     QCOMPARE(ConfigReader::Instance()->getTTSDict(), 1);
     QVERIFY(g_InDict);
+    QTRY_COMPARE(f.lastSpoken(), QStringLiteral("American English")); // nothing speaks before it
     QVERIFY(!FakeIap::stopSignal());
     f.press({Qt::Key_F12, Qt::Key_Return, Qt::Key_Escape});
     QCOMPARE(f.menu()->title(), QStringLiteral("Dictionary Read Settings"));
