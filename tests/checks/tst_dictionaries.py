@@ -171,6 +171,35 @@ class Gather(Scripts):
         self.assertEqual(len(self.pen()), 3)
 
 
+class Table(unittest.TestCase):
+    """The table of this tree: what it names is there."""
+
+    def setUp(self):
+        lines = (SCRIPTS / "dictionaries.txt").read_text(encoding="utf-8").splitlines()
+        self.rows = [[column.strip() for column in line.split("|")] for line in lines
+                     if line and not line.startswith("#")]
+
+    def test_packages_are_installed_by_set_up(self):
+        listed = {line.split()[0] for line in (SCRIPTS / "packages.txt").read_text().splitlines()
+                  if line and not line.startswith("#")}
+        for row in self.rows:
+            if row[1].startswith("/"):
+                self.assertEqual(len(row), 6, row)
+                self.assertIn(row[2], listed)
+                self.assertTrue(Path(row[1] + ".index").is_file() or Path(row[1] + ".ifo").is_file(), row)
+
+    def test_scripts_can_be_called(self):
+        for row in self.rows:
+            if not row[1].startswith("/"):
+                self.assertEqual(len(row), 2, row)
+                self.assertTrue(os.access(SCRIPTS / row[1], os.X_OK), row)
+
+    def test_a_new_pen_begins_with_english(self):
+        self.assertEqual(self.rows[0][0], "eng-deu")
+        for row in self.rows:
+            self.assertRegex(row[0], r"^([a-z]{3}-[a-z]{3}|forms)$")
+
+
 class Chinese(Scripts):
     def make(self, text):
         (self.root / "out").mkdir()
