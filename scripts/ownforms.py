@@ -8,7 +8,7 @@ SEPARABLE = """ab an auf aus bei da dabei daran davon dar durch ein einher empor
 fehl fern fest fort frei gegenüber gleich heim her herab heran herauf heraus herbei herein herüber
 herum herunter hervor hin hinab hinauf hinaus hinein hinüber hinunter hinweg hinzu hoch los mit
 nach nieder statt teil tot um umher unter voll voran voraus vorbei vor vorüber vorwärts weg weiter
-wieder zu zurück zusammen zurecht zuvor zwischen über""".split()
+wieder wiederher zu zurück zusammen zurecht zuvor zwischen über""".split()
 INSEPARABLE = "be ent er ge hinter miss miß über um unter ver voll wider wieder zer durch".split()
 ADJECTIVE_ENDINGS = ("", "e", "er", "es", "en", "em")
 
@@ -127,6 +127,16 @@ def plural_rows(words):
                     yield (word + "n", singular, *NOUN)
 
 
+def infinitive_rows(words):
+    """"anzupassen" of "anpassen"."""
+    for word in words:
+        if word[:1].islower() and word.endswith("n"):
+            for prefix in SEPARABLE:
+                verb = word[len(prefix):]
+                if word.startswith(prefix) and len(verb) > 3 and verb in words:
+                    yield (prefix + "zu" + verb, word, *VERB)
+
+
 def words_of_hunspell(path):
     """The words that a Hunspell dictionary lists; none when it is not there."""
     if not os.path.exists(path):
@@ -149,3 +159,4 @@ def rows(language, hunspell_words):
             if line and not line.startswith("#"):
                 yield from rows_of_line(line, words)
     yield from plural_rows(words)
+    yield from infinitive_rows(words)

@@ -127,7 +127,9 @@ std::vector<Hit> Lookup::searchWord(const std::string& word)
         moveAgreeing(found.forms, word, found.agreeing);
     }
     std::vector<Hit> hits = std::move(found).inOrder();
-    return hits.empty() ? findStem(word, false) : hits;
+    if (hits.empty())
+        hits = findStem(word, false);
+    return hits.empty() ? findParticiple(word) : hits;
 }
 
 // Entries of the word class that the form tells come first.
@@ -197,6 +199,21 @@ std::vector<Hit> Lookup::searchCompound(const std::string& word)
         }
     }
     return hits;
+}
+
+/* German participles that are used as adjectives: "entsprechende" is a form of "entsprechend",
+ * which Hunspell takes for a form of a verb. */
+std::vector<Hit> Lookup::findParticiple(const std::string& word)
+{
+    static constexpr std::array<std::string_view, 5> Endings = {"em", "en", "er", "es", "e"};
+    if (m_dictionary.pair().from != German || !m_forms.knows(word))
+        return {};
+    for (const std::string_view ending : Endings) {
+        const std::string base = word.substr(0, word.size() - std::min(ending.size(), word.size()));
+        if (word.ends_with(ending) && (base.ends_with("end") || base.ends_with("t")))
+            return findLemma({base, 'a', false});
+    }
+    return {};
 }
 
 // The key of what the last part of a compound is a form of; empty when there is none.

@@ -46,6 +46,7 @@ private:
     std::vector<Hit> searchWord(const std::string& word);
     std::vector<Hit> findLemma(const Lemma& lemma);
     std::vector<Hit> findStem(const std::string& word, bool agreeing);
+    std::vector<Hit> findParticiple(const std::string& word);
     std::string inflectedPart(const std::string& part);
     std::vector<Hit> searchParts(const std::string& word);
     std::vector<Hit> searchCompound(const std::string& word);

@@ -113,11 +113,11 @@ class Lists(Made):
         return self.lines("deu.forms")
 
     def test_german_verbs(self):
-        rows = self.german(["gehen", "aufgehen/DIX", "vergehen", "anhaben"])
+        rows = self.german(["gehen", "aufgehen/DIX", "vergehen", "anhaben", "passen", "anpassen/DI"])
         for row in ("ging\tgehen\tv", "gingst\tgehen\tv", "gegangene\tgehen\tv", "ginge\tgehen\tv",
                     "aufging\taufgehen\tv", "aufgegangen\taufgehen\tv", "aufzugehen\taufgehen\tv",
                     "verging\tvergehen\tv", "vergangen\tvergehen\tv", "gibst\tgeben\tv", "gib\tgeben\tv",
-                    "ist\tsein", "anhatte\tanhaben\tv", "besser\tgut\ta", "den\tder", "den\tden"):
+                    "anzupassen\tanpassen\tv", "ist\tsein", "anhatte\tanhaben\tv", "besser\tgut\ta", "den\tder", "den\tden"):
             self.assertIn(row, rows)
         for absent in ("untergehen", "einging", "vergegangen"):
             self.assertFalse([row for row in rows if row.startswith(absent + "\t")], absent)

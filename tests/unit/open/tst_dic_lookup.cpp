@@ -27,6 +27,7 @@ private slots:
     void theWordClassOfAFormChoosesTheEntry();
     void smallLettersAreNoNoun();
     void capitalsAreANounInGerman();
+    void participlesAreAdjectivesInGerman();
     void capitalsBeginASentenceElsewhere();
     void abbreviationsSpelledLikeTheWordComeLast();
     void theLongestStemWins();
@@ -214,6 +215,19 @@ void TestDicLookup::capitalsAreANounInGerman()
     QCOMPARE(found(u"Tagen"), QStringList({"Tag: day form", "tagen: to meet folded"}));
     QCOMPARE(found(u"tagen"), QStringList("tagen: to meet"));
     QCOMPARE(found(u"Nach"), QStringList("nach: after folded"));
+}
+
+void TestDicLookup::participlesAreAdjectivesInGerman()
+{
+    const std::vector<dicfiles::Entry> entries = {{"entsprechend", "entsprechend <adj>\nsuitable"},
+                                                  {"rast", "Rast\nrest"}};
+    const dic::WordFormFiles files =
+        forms("", "SET UTF-8\nSFX X Y 1\nSFX X n nde n\n", "2\nentsprechen/X\nRasten\n");
+    open("deu-eng", entries, files);
+    QCOMPARE(found(u"entsprechende"), QStringList("entsprechend: suitable form"));
+    QVERIFY(found(u"entsprechenden").isEmpty()); // not known as a word here
+    open("eng-deu", entries, files);
+    QVERIFY(found(u"entsprechende").isEmpty());
 }
 
 void TestDicLookup::capitalsBeginASentenceElsewhere()
