@@ -384,6 +384,7 @@ private:
 
     void ensureTransEdit();
     bool beginTranslation();
+    QString textToTranslate(const QString& word) const;
     void translate(const QString& word);
     void tellNoWord();
     void countTranslation(const QString& word) const;

@@ -5,7 +5,9 @@
 
 #include "app/widgetchange.h"
 #include "dict/dictscanedit.h"
+#include "dict/transwords.h"
 #include "editor/myedit.h"
+#include "editor/wordwalk.h"
 #include "engines/cttsthread.h"
 #include "engines/flags.h"
 #include "engines/translater.h"
@@ -97,11 +99,27 @@ void MainWindow::tellNoWord()
     focusCurrent();
 }
 
+// Chinese is written without blanks, and the editor has a word for each character: where the one at
+// the cursor ends the dictionary tells, from what follows.
+QString MainWindow::textToTranslate(const QString& word) const
+{
+    const int language = Translater::Instance()->getLanID(ConfigReader::Instance()->getLanDict());
+    if (!m_editor || !transwords::isChinese(language))
+        return word;
+    const QString text = m_editor->documentText();
+    const WordSpan span = wordAt(text, m_editor->textCursor().position());
+    const bool isHan = span.isValid() && transwords::isHan(text, span.start);
+    return isHan && text.mid(span.start, span.length()) == word
+               ? transwords::hanRun(text, span.start)
+               : word;
+}
+
 void MainWindow::translate(const QString& word)
 {
     WidgetChange* const screens = WidgetChange::Instance();
-    m_transEdit->setScanText(word, true);
-    const int found = m_transEdit->transWordForEdit(word);
+    const QString text = textToTranslate(word);
+    m_transEdit->setScanText(text, true);
+    const int found = m_transEdit->transWordForEdit(text);
     m_transEdit->setPrevWidget(screens->getCurWidget());
     m_dictChanged = false;
     m_storedIsShown = false;

@@ -33,6 +33,7 @@ class TestDictFlows : public QObject
 
 private slots:
     void wordAtTheCursorIsTranslated();
+    void chineseWordAtTheCursorIsTheLongest();
     void quickMenuGivesWayToTheTranslation();
     void noWordLeavesTheEditor();
     void noWordIsNoTranslationAgain();
@@ -77,6 +78,21 @@ void TestDictFlows::wordAtTheCursorIsTranslated()
     QVERIFY(!FakeIap::stopSignal());
     QVERIFY(f.spoken().contains(QStringLiteral("house")));
     QCOMPARE(f.lastSpoken(), QStringLiteral("Haus"));
+}
+
+void TestDictFlows::chineseWordAtTheCursorIsTheLongest()
+{
+    DictFixture f(QStringLiteral("\u6211\u7231\u4e2d\u56fd\u4eba\u6c11\u3002\u4eba"), [] {
+        FakeDic::addPair(1, 101, u"Chinese - English",
+                         {DictFixture::dictionary(
+                             u"Han", {{u"\u4e2d\u56fd\u4eba\u6c11", u"the Chinese people"}})});
+    });
+    f.putCursorOn(QStringLiteral("\u4e2d"));
+    f.translate();
+    QCOMPARE(f.current(), static_cast<QWidget*>(f.screen()));
+    QCOMPARE(f.screen()->selectedWord(), QStringLiteral("\u4e2d"));
+    QVERIFY(f.screen()->shownTranslation().endsWith(QStringLiteral("the Chinese people")));
+    QCOMPARE(f.screen()->currentHeadword(), QStringLiteral("\u4e2d\u56fd\u4eba\u6c11"));
 }
 
 void TestDictFlows::quickMenuGivesWayToTheTranslation()
