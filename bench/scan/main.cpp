@@ -181,7 +181,8 @@ int main(int argc, char** argv)
     measurement.byFault(parser.value("fault"), parser.value("hard").toInt());
     if (!parser.isSet("fault")) {
         measurement.unreadable(parser.value("unreadable").toInt());
-        measurement.peers(parser.value("peers").toInt());
+        if (const int count = parser.value("peers").toInt(); count > 0)
+            measurement.peers(count);
     }
     return 0;
 }

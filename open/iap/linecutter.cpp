@@ -1,6 +1,7 @@
 #include "open/iap/linecutter.h"
 
 #include "open/iap/characterrow.h"
+#include "open/iap/legibility.h"
 #include "open/iap/lineband.h"
 #include "open/iap/straightener.h"
 
@@ -20,7 +21,9 @@ constexpr int LeastPixels = 5;  // of a mark that is kept
 constexpr int SmallestLetter = 18;
 constexpr int LargestLetter = 36;
 constexpr double WantedLetter = 26.0;
-constexpr int Rim = 12; // white pixels around the line
+constexpr double TallestCoreMm = 7.5;
+constexpr double FullestCore = 0.58; // of the core's pixels: half black or more
+constexpr int Rim = 12;              // white pixels around the line
 
 double meanRow(const std::vector<cv::Point2d>& path)
 {
@@ -169,6 +172,16 @@ cv::Mat cleanedInk(const cv::Mat& ink, const LineMarks& marks)
     return cleaned(marks.bounds()).clone();
 }
 
+/* Whether the rows full of ink are too many for letters, or too full. */
+bool isBlot(const cv::Mat& ink, int coreHeight, double dotsPerMm)
+{
+    if (coreHeight > TallestCoreMm * dotsPerMm)
+        return true;
+    if (ink.cols < 3 * coreHeight) // one letter may be as full as it likes
+        return false;
+    return cv::countNonZero(ink >= 128) > FullestCore * coreHeight * ink.cols;
+}
+
 cv::Mat scaledToRead(const cv::Mat& ink, int letterHeight)
 {
     if (letterHeight >= SmallestLetter && letterHeight <= LargestLetter)
@@ -198,9 +211,12 @@ cv::Mat cutLine(const LineStrip& strip, const LineCutSettings& settings)
     if (marks.bounds().empty())
         return {};
     cv::Mat ink = cleanedInk(straight.ink, marks);
+    const int letterHeight = square ? band->coreHeight() / 2 : band->coreHeight();
+    if (!isLegible(ink, letterHeight) || isBlot(ink, band->coreHeight(), dotsPerMm))
+        return {};
     if (settings.vertical)
         ink = characterRow(ink);
-    ink = scaledToRead(ink, square ? band->coreHeight() / 2 : band->coreHeight());
+    ink = scaledToRead(ink, letterHeight);
     cv::copyMakeBorder(ink, ink, Rim, Rim, Rim, Rim, cv::BORDER_CONSTANT, cv::Scalar(0));
     return 255 - ink;
 }

@@ -28,7 +28,7 @@ struct LineCutSettings
  * pixels high: print of 9 to 17 points at 300 dpi keeps its size, other print is scaled so that
  * they are 26. Vertical print comes out as a row of upright characters from left to right.
  *
- * Empty when there is no line of print at the pen's path.
+ * Empty when there is no line of print at the pen's path: nothing, or a picture, rules, a blot.
  */
 cv::Mat cutLine(const LineStrip& strip, const LineCutSettings& settings);
 

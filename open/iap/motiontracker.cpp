@@ -5,10 +5,18 @@
 
 namespace {
 
-constexpr double GoodScore = 0.6;
+// Of frames of the same place 19 in 20 score more than 0.8, of frames of other print less than
+// 0.76.
+constexpr double GoodScore = 0.6;    // near the expected place
+constexpr double SureScore = 0.77;   // anywhere
+constexpr double BestScore = 0.9;    // even if the hand can hardly be there
+constexpr double NearExpected = 0.1; // of the frame's width
 constexpr double KeyPart = 0.45;   // of the frame's width: farther from its key a frame becomes one
 constexpr double ReachPart = 0.75; // farther than this no overlap can be trusted
-constexpr double SpeedShare = 0.6; // of the newest measurement in the speed
+constexpr double BlankPart = 0.9;  // of the frame's width: a blank that leaves nothing in view
+constexpr double CrossedPart = 0.4;
+constexpr double MostJerk = 2.2e-9; // frame widths a square microsecond: 30 m/s^2
+constexpr double SpeedShare = 0.6;  // of the newest measurement in the speed
 
 /* The place `place` as seen from `base`, which is how composed() is undone. */
 Shift relativeTo(const Shift& base, const Shift& place)
@@ -29,13 +37,28 @@ Shift MotionTracker::predicted(std::int64_t timeUs) const
 }
 
 std::optional<Shift> MotionTracker::placeAgainst(const Placed& known, const FramePyramid& frame,
-                                                 const Shift& expected) const
+                                                 const Shift& expected, std::int64_t timeUs) const
 {
-    const Registration found =
-        registerFrame(*known.frame, frame, relativeTo(known.place, expected));
-    if (found.score < GoodScore)
+    const Shift wanted = relativeTo(known.place, expected);
+    const Registration found = registerFrame(*known.frame, frame, wanted);
+    const bool isNear = std::hypot(found.shift.x - wanted.x, found.shift.y - wanted.y)
+                        < NearExpected * frame.size().width;
+    const Shift place = composed(known.place, found.shift);
+    const double least = isNear ? GoodScore : isWithinReach(place, timeUs) ? SureScore : BestScore;
+    if (found.score < least)
         return std::nullopt;
-    return composed(known.place, found.shift);
+    return place;
+}
+
+/* Whether a hand can be there by now: it does not jerk without limit. */
+bool MotionTracker::isWithinReach(const Shift& place, std::int64_t timeUs) const
+{
+    const auto elapsed = static_cast<double>(timeUs - m_trackedUs);
+    if (m_counts.tracked < 3 || elapsed <= 0.0)
+        return true;
+    const double changeX = (place.x - m_tracked.x) / elapsed - m_speedX;
+    const double changeY = (place.y - m_tracked.y) / elapsed - m_speedY;
+    return std::hypot(changeX, changeY) < MostJerk * m_key->frame->size().width * elapsed;
 }
 
 void MotionTracker::accept(const Shift& place, std::int64_t timeUs)
@@ -50,7 +73,8 @@ void MotionTracker::accept(const Shift& place, std::int64_t timeUs)
     m_trackedUs = timeUs;
     m_place = place;
     m_timeUs = timeUs;
-    m_lostSince = false;
+    m_lostSince = 0;
+    m_blankSince = 0;
     ++m_counts.tracked;
 }
 
@@ -60,6 +84,24 @@ bool MotionTracker::isOutOfView(const Shift& place) const
     const cv::Size size = m_key->frame->size();
     return std::abs(fromKey.x) > size.width * ReachPart
            || std::abs(fromKey.y) > size.height * ReachPart;
+}
+
+/* Whether the pen may have come over a blank wider than a frame: it saw no print for a while, and
+ * moved on. Its speed may have changed meanwhile. */
+bool MotionTracker::hasCrossedBlank(const Shift& expected) const
+{
+    return m_blankSince > 0
+           && std::abs(expected.x - m_tracked.x) > m_key->frame->size().width * CrossedPart;
+}
+
+/* The place moved on along the pen's way until nothing that is known is in view. */
+Shift MotionTracker::beyondView(Shift place) const
+{
+    const double way = place.x - m_tracked.x;
+    const double least = m_key->frame->size().width * BlankPart;
+    if (std::abs(way) < least)
+        place.x = m_tracked.x + std::copysign(least, m_speedX);
+    return place;
 }
 
 std::optional<Shift> MotionTracker::track(const cv::Mat& ink, std::int64_t timeUs)
@@ -78,25 +120,27 @@ std::optional<Shift> MotionTracker::track(const cv::Mat& ink, std::int64_t timeU
     const Shift expected = predicted(timeUs);
     if (!frame->hasPrint()) {
         ++m_counts.blank;
+        ++m_blankSince;
         m_place = expected;
         m_timeUs = timeUs;
         return std::nullopt;
     }
-    std::optional<Shift> place = placeAgainst(*m_key, *frame, expected);
+    std::optional<Shift> place = placeAgainst(*m_key, *frame, expected, timeUs);
     if (!place && m_latest->frame != m_key->frame)
-        place = placeAgainst(*m_latest, *frame, expected);
+        place = placeAgainst(*m_latest, *frame, expected, timeUs);
     if (place) {
         accept(*place, timeUs);
-    } else if (isOutOfView(expected)) {
-        // Nothing that is known can be in view any more: go on from where the pen should be.
-        m_counts.jumps += m_lostSince ? 1 : 0;
-        place = expected;
-        m_place = m_tracked = expected;
+    } else if (hasCrossedBlank(expected) || isOutOfView(expected)) {
+        // Nothing that is known is in view any more: go on from where the pen should be.
+        m_counts.jumps += m_lostSince > m_blankSince || m_blankSince == 0 ? 1 : 0;
+        place = m_blankSince > 0 ? beyondView(expected) : expected;
+        m_place = m_tracked = *place;
         m_timeUs = m_trackedUs = timeUs;
-        m_lostSince = false;
+        m_lostSince = 0;
+        m_blankSince = 0;
     } else {
         ++m_counts.lost;
-        m_lostSince = true;
+        ++m_lostSince;
         m_place = expected;
         m_timeUs = timeUs;
         return std::nullopt;

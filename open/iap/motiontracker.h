@@ -20,7 +20,7 @@ public:
         int tracked = 0; // frames with a place
         int blank = 0;   // frames without print
         int lost = 0;    // frames with print that fit nowhere
-        int jumps = 0;   // places that are guessed from the speed after frames were lost
+        int jumps = 0;   // places guessed from the speed, with print between that was not seen
     };
 
     /* The place of the frame whose ink map this is; nothing when it has no print or fits nowhere.
@@ -38,9 +38,12 @@ private:
 
     Shift predicted(std::int64_t timeUs) const;
     std::optional<Shift> placeAgainst(const Placed& known, const FramePyramid& frame,
-                                      const Shift& expected) const;
+                                      const Shift& expected, std::int64_t timeUs) const;
+    bool isWithinReach(const Shift& place, std::int64_t timeUs) const;
     void accept(const Shift& place, std::int64_t timeUs);
     bool isOutOfView(const Shift& place) const;
+    bool hasCrossedBlank(const Shift& expected) const;
+    Shift beyondView(Shift place) const;
 
     std::optional<Placed> m_key;
     std::optional<Placed> m_latest;
@@ -50,7 +53,8 @@ private:
     double m_speedY = 0.0;
     std::int64_t m_trackedUs = 0; // when m_tracked was seen
     Shift m_tracked;
-    bool m_lostSince = false;
+    int m_lostSince = 0;  // since the last tracked frame: frames with print that fit nowhere
+    int m_blankSince = 0; // and frames without print
     Counts m_counts;
 };
 

@@ -8,8 +8,7 @@
 namespace {
 
 constexpr double PathStep = 4.0; // pixels
-constexpr double MostLost = 0.4; // part of the frames with print
-constexpr int MostJumps = 2;
+constexpr double MostLost = 0.2; // part of the frames with print
 
 SwipePicture failed(SwipePicture::Failure failure, std::string reason)
 {
@@ -109,7 +108,7 @@ SwipePicture Stitcher::finish()
         picture =
             failed(SwipePicture::Failure::NoPrint, "no print under the pen (" + told(counts) + ")");
     } else if (counts.lost > MostLost * (counts.tracked + counts.lost)
-               || counts.jumps > MostJumps) {
+               || counts.jumps > 0) { // something of the line is missing
         picture = failed(SwipePicture::Failure::BadMotion,
                          "the frames do not join (" + told(counts) + ")");
     } else {
