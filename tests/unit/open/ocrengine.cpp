@@ -1,6 +1,9 @@
 #include "ocrengine.h"
 
 #include <QFile>
+#include <QList>
+
+#include <algorithm>
 
 OcrEngine::OcrEngine(const QString& folder)
 {
@@ -46,4 +49,19 @@ std::vector<unsigned char> pixelsOf(const QImage& image)
     for (int y = 0; y < image.height(); ++y)
         pixels.insert(pixels.end(), image.constScanLine(y), image.constScanLine(y) + image.width());
     return pixels;
+}
+
+int editDistance(const QString& a, const QString& b)
+{
+    QList<int> previous(b.size() + 1);
+    for (int j = 0; j <= b.size(); ++j)
+        previous[j] = j;
+    for (int i = 0; i < a.size(); ++i) {
+        QList<int> current = {i + 1};
+        for (int j = 0; j < b.size(); ++j)
+            current.append(std::min(
+                {previous[j] + (a[i] == b[j] ? 0 : 1), previous[j + 1] + 1, current[j] + 1}));
+        previous = current;
+    }
+    return previous.last();
 }

@@ -35,4 +35,7 @@ private:
 /* The bytes of a grey picture, row after row without padding. */
 std::vector<unsigned char> pixelsOf(const QImage& image);
 
+/* Smallest number of characters to insert, delete or change to make one text the other. */
+int editDistance(const QString& a, const QString& b);
+
 #endif

@@ -2,7 +2,6 @@
 
 #include <QFontDatabase>
 #include <QFontMetrics>
-#include <QList>
 #include <QPainter>
 
 #include <algorithm>
@@ -64,19 +63,4 @@ QImage printedColumn(const QString& text, int pixelSize)
         painter.drawText(0, metrics.ascent() * pixelSize / metrics.height(), text.mid(i, 1));
     }
     return image;
-}
-
-int editDistance(const QString& a, const QString& b)
-{
-    QList<int> previous(b.size() + 1);
-    for (int j = 0; j <= b.size(); ++j)
-        previous[j] = j;
-    for (int i = 0; i < a.size(); ++i) {
-        QList<int> current = {i + 1};
-        for (int j = 0; j < b.size(); ++j)
-            current.append(std::min(
-                {previous[j] + (a[i] == b[j] ? 0 : 1), previous[j + 1] + 1, current[j] + 1}));
-        previous = current;
-    }
-    return previous.last();
 }

@@ -19,7 +19,4 @@ QImage printedLine(const QString& text, const char* fontFile, int pixelSize);
  * commas and full stops at the upper right of their squares, brackets lying. */
 QImage printedColumn(const QString& text, int pixelSize);
 
-/* Smallest number of characters to insert, delete or change to make one text the other. */
-int editDistance(const QString& a, const QString& b);
-
 #endif
