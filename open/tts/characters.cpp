@@ -23,28 +23,29 @@ struct ScriptRange
     Script script;
 };
 
+/* Only what the voice of the script has in its dictionary: for any other letter of a script the
+ * synthesizer changes its language in the middle of a word, and goes on with one it has freed. */
 constexpr ScriptRange ScriptRanges[] = {
-    {U'A', U'Z', Script::Latin},        {U'a', U'z', Script::Latin},
-    {0xaa, 0xaa, Script::Latin},        {0xb5, 0xb5, Script::Latin},
-    {0xba, 0xba, Script::Latin},        {0xc0, 0xd6, Script::Latin},
-    {0xd8, 0xf6, Script::Latin},        {0xf8, 0x2af, Script::Latin},
-    {0x1e00, 0x1eff, Script::Latin},    {0xfb00, 0xfb06, Script::Latin},
-    {0x370, 0x3ff, Script::Greek},      {0x1f00, 0x1fff, Script::Greek},
-    {0x400, 0x52f, Script::Cyrillic},   {0x590, 0x5ff, Script::Hebrew},
-    {0xfb1d, 0xfb4f, Script::Hebrew},   {0x600, 0x60b, Script::Arabic},
-    {0x60d, 0x61a, Script::Arabic},     {0x61c, 0x61e, Script::Arabic},
-    {0x620, 0x6d3, Script::Arabic},     {0x6d5, 0x6ff, Script::Arabic},
-    {0x750, 0x77f, Script::Arabic},     {0xfb50, 0xfdcf, Script::Arabic},
-    {0xfdf0, 0xfdff, Script::Arabic},   {0xfe70, 0xfefc, Script::Arabic},
-    {0x900, 0x97f, Script::Devanagari}, {0x3040, 0x30ff, Script::Kana},
-    {0xff66, 0xff9f, Script::Kana},     {0xac00, 0xd7a3, Script::Hangul},
-    {0x3130, 0x318f, Script::Hangul},
+    {U'A', U'Z', Script::Latin},       {U'a', U'z', Script::Latin},
+    {0xaa, 0xaa, Script::Latin},       {0xb5, 0xb5, Script::Latin},
+    {0xba, 0xba, Script::Latin},       {0xc0, 0xd6, Script::Latin},
+    {0xd8, 0xf6, Script::Latin},       {0xf8, 0x24f, Script::Latin},
+    {0x1e00, 0x1eff, Script::Latin},   {0x386, 0x386, Script::Greek},
+    {0x388, 0x38a, Script::Greek},     {0x38c, 0x38c, Script::Greek},
+    {0x38e, 0x3a1, Script::Greek},     {0x3a3, 0x3ce, Script::Greek},
+    {0x400, 0x45f, Script::Cyrillic},  {0x490, 0x491, Script::Cyrillic},
+    {0x621, 0x63a, Script::Arabic},    {0x640, 0x655, Script::Arabic},
+    {0x660, 0x66c, Script::Arabic},    {0x670, 0x671, Script::Arabic},
+    {0x67e, 0x67e, Script::Arabic},    {0x686, 0x686, Script::Arabic},
+    {0x698, 0x698, Script::Arabic},    {0x6a9, 0x6a9, Script::Arabic},
+    {0x6af, 0x6af, Script::Arabic},    {0x6cc, 0x6cc, Script::Arabic},
+    {0x3007, 0x3007, Script::Chinese}, {0x4e00, 0x9fa5, Script::Chinese},
 };
 
 /* Marks and signs that every script uses. */
 bool isShared(char32_t c)
 {
-    return c < 0xc0 || c == 0xd7 || c == 0xf7 || between(c, 0x2b0, 0x36f) || c == 0x60c
+    return c < 0xc0 || c == 0xd7 || c == 0xf7 || between(c, 0x300, 0x36f) || c == 0x60c
            || c == 0x61b || c == 0x61f || c == 0x6d4 || between(c, 0x2000, 0x2bff)
            || between(c, 0x3000, 0x303f) || between(c, 0xfe00, 0xfe0f) || between(c, 0xfe30, 0xfe4f)
            || between(c, 0xfeff, 0xff65) || between(c, 0xffe0, 0xffee)
@@ -85,12 +86,16 @@ bool isLetter(char32_t c)
 
 std::optional<Script> scriptOf(char32_t c)
 {
-    if (isHan(c))
-        return Script::Chinese;
     for (const ScriptRange& range : ScriptRanges)
         if (between(c, range.first, range.last))
             return range.script;
     return isShared(c) ? std::nullopt : std::optional(Script::Unknown);
+}
+
+bool isSymbol(char32_t c)
+{
+    return (between(c, 0xa0, 0xbf) && !isBlank(c) && !isPunctuation(c) && !isLetter(c)) || c == 0xd7
+           || c == 0xf7 || between(c, 0x2070, 0x2bff) || between(c, 0x1f000, 0x1faff);
 }
 
 char32_t narrowForm(char32_t c)

@@ -6,18 +6,7 @@
 namespace tts {
 
 /* Whose letters a character belongs to. `Unknown`: letters that no voice can be asked to speak. */
-enum class Script {
-    Latin,
-    Cyrillic,
-    Greek,
-    Arabic,
-    Hebrew,
-    Devanagari,
-    Kana,
-    Hangul,
-    Chinese,
-    Unknown
-};
+enum class Script { Latin, Cyrillic, Greek, Arabic, Chinese, Unknown };
 
 /* Kinds of character, as far as speech needs them. */
 
@@ -30,6 +19,9 @@ bool isPunctuation(char32_t c); // marks that are not spoken: stops, quotes, bra
  * marks, signs, symbols, emoji. */
 std::optional<Script> scriptOf(char32_t c);
 bool isLetter(char32_t c);
+
+/* A sign that is spoken by its name: arrows, units, emoji, but none of ASCII. */
+bool isSymbol(char32_t c);
 
 /* The ASCII form of a full-width letter or digit, every other character as it is. */
 char32_t narrowForm(char32_t c);

@@ -93,7 +93,7 @@ std::vector<Token> tokensOf(Characters text, Script neutral)
         addToken(tokens, text, begin, at, neutral);
         begin = at + 1;
         if (isHan(text[at].code))
-            tokens.push_back({at, at + 1, Script::Chinese, at + 1, true});
+            addToken(tokens, text, at, at + 1, neutral);
     }
     addToken(tokens, text, begin, text.size(), neutral);
     return tokens;
@@ -172,11 +172,14 @@ bool endsWithClauseEnd(const std::u32string& text)
 }
 
 /* Appends a character in the form that the synthesizer takes best: of a run like "..." or "?!"
- * only the first, as it loses its place in the text there. */
+ * only the first, as it loses its place in the text there; symbols apart from letters, as it may
+ * change to another language for them, and letters of this one would end that untimely. */
 void appendCharacter(std::u32string& text, char32_t c)
 {
     if (isSilentMark(c))
         return;
+    if (!text.empty() && text.back() != U' ' && isSymbol(c) != isSymbol(text.back()))
+        text += U' ';
     const std::size_t lastMark = text.find_last_not_of(U' ');
     const bool repeats = isClauseEnd(c) && !text.empty() && lastMark != std::u32string::npos
                          && isClauseEnd(text[lastMark]);
@@ -238,14 +241,17 @@ private:
         Piece piece;
         piece.script = m_script;
         bool speaks = begin > 0 && isInsideToken(begin);
+        std::size_t wordEnd = 0;
         for (std::size_t at = begin; at < end; ++at) {
             if (m_next < m_tokens.size() && m_tokens[m_next].begin == at) {
                 if (m_tokens[m_next].beginsWord)
-                    piece.words.push_back(wordOf(m_tokens[m_next], piece.text.size(), end));
-                ++m_next;
+                    piece.words.push_back(wordOf(m_tokens[m_next], piece.text.size()));
+                wordEnd = m_tokens[m_next++].wordEnd;
                 speaks = true;
             }
             appendCharacter(piece.text, m_text[at].code);
+            if (at < wordEnd && !piece.words.empty())
+                piece.words.back().end = piece.text.size();
         }
         if (!speaks)
             return;
@@ -262,16 +268,11 @@ private:
         return m_next > 0 && m_tokens[m_next - 1].begin < at && at < m_tokens[m_next - 1].end;
     }
 
-    Word wordOf(const Token& token, std::size_t begin, std::size_t pieceLimit) const
+    Word wordOf(const Token& token, std::size_t begin) const
     {
         const Character& first = m_text[token.begin];
         const Character& last = m_text[token.wordEnd - 1];
-        const std::size_t inPiece = std::min(token.wordEnd, pieceLimit);
-        const auto text = m_text.subspan(token.begin, inPiece - token.begin);
-        const auto silent = std::count_if(text.begin(), text.end(),
-                                          [](const Character& c) { return isSilentMark(c.code); });
-        return {first.offset, last.offset + last.units - first.offset, begin,
-                begin + text.size() - static_cast<std::size_t>(silent)};
+        return {first.offset, last.offset + last.units - first.offset, begin, begin + 1};
     }
 
     /* The last piece takes the pause of the stretch; without words there is only the pause. */

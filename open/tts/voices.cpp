@@ -59,14 +59,6 @@ const char* Voice::file(Script which) const
         return "grk/el";
     case Script::Arabic:
         return "sem/ar";
-    case Script::Hebrew:
-        return "sem/he";
-    case Script::Devanagari:
-        return "inc/hi";
-    case Script::Kana:
-        return "jpx/ja";
-    case Script::Hangul:
-        return "ko";
     case Script::Unknown:
         break;
     }
