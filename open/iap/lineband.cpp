@@ -8,10 +8,16 @@
 
 namespace {
 
-constexpr float LeastInk = 3.0F;      // of 255, mean of a row: less is no line
-constexpr float CorePart = 0.4F;      // of the fullest row
-constexpr double AimMm = 3.2;         // how far off its middle a line may be passed
-constexpr double LeastCoreMm = 0.5;   // lower runs are rules and dirt
+constexpr float LeastInk = 3.0F;     // of 255, mean of a row: less is no line
+constexpr float CorePart = 0.4F;     // of the fullest row
+constexpr float HighestPart = 0.75F; // the same for lines that nearly touch
+constexpr float PartStep = 0.07F;
+constexpr double TightBridgeMm = 0.1;
+constexpr double AimMm = 3.2;       // how far off its middle a line may be passed
+constexpr double LeastCoreMm = 0.5; // lower runs are rules and dirt
+// Higher cores are several lines; of type up to 16 points.
+constexpr double MostCoreMm = 4.0;
+constexpr double MostHanCoreMm = 5.6;
 constexpr double NeighbourPart = 0.2; // of the line's height: it may be half in view only
 
 struct Run
@@ -41,6 +47,19 @@ std::vector<Run> fullRuns(const std::vector<float>& profile, float threshold, in
             runs.push_back({y, y});
     }
     return runs;
+}
+
+/* The run nearest to a row that is high enough for a line and not out of the pen's aim. */
+std::optional<Run> nearestCore(const std::vector<Run>& runs, double middle, double dotsPerMm)
+{
+    std::optional<Run> core;
+    for (const Run& run : runs) {
+        if (run.height() < LeastCoreMm * dotsPerMm || distance(run, middle) > AimMm * dotsPerMm)
+            continue;
+        if (!core || distance(run, middle) < distance(*core, middle))
+            core = run;
+    }
+    return core;
 }
 
 /* The emptiest row strictly between two; the middle one of several. */
@@ -90,14 +109,20 @@ std::optional<LineBand> findLine(const std::vector<float>& profile, double middl
     if (fullest - ground < LeastInk)
         return std::nullopt;
 
-    const int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
-    const std::vector<Run> runs = fullRuns(profile, ground + CorePart * (fullest - ground), bridge);
-    const Run* core = nullptr;
-    for (const Run& run : runs) {
-        if (run.height() < LeastCoreMm * dotsPerMm || distance(run, middle) > AimMm * dotsPerMm)
-            continue;
-        if (!core || distance(run, middle) < distance(*core, middle))
-            core = &run;
+    int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
+    const double most = (han ? MostHanCoreMm : MostCoreMm) * dotsPerMm;
+    std::vector<Run> runs;
+    std::optional<Run> core;
+    for (float part = CorePart; part < HighestPart; part += PartStep) {
+        std::vector<Run> found = fullRuns(profile, ground + part * (fullest - ground), bridge);
+        const std::optional<Run> nearest = nearestCore(found, middle, dotsPerMm);
+        if (!core || (nearest && nearest->height() <= most)) {
+            core = nearest;
+            runs = std::move(found);
+        }
+        if (!core || core->height() <= most)
+            break;
+        bridge = static_cast<int>(std::lround(TightBridgeMm * dotsPerMm));
     }
     if (!core)
         return std::nullopt;

@@ -50,6 +50,8 @@ class TestLineCutter : public QObject
 private slots:
     void neighboursAreCutOff_data();
     void neighboursAreCutOff();
+    void linesThatNearlyTouch_data();
+    void linesThatNearlyTouch();
     void tiltedLinesComeOutLevel_data();
     void tiltedLinesComeOutLevel();
     void bentLineComesOutStraight();
@@ -85,6 +87,39 @@ void TestLineCutter::neighboursAreCutOff()
     QVERIFY2(std::abs(found.rows - clean.rows) <= 2, qPrintable(QString::number(found.rows)));
     QVERIFY2(std::abs(found.cols - clean.cols) <= 2, qPrintable(QString::number(found.cols)));
     QVERIFY(likeness(clean, line) > 0.97);
+}
+
+void TestLineCutter::linesThatNearlyTouch_data()
+{
+    QTest::addColumn<double>("points");
+    QTest::newRow("7 points") << 7.0;
+    QTest::newRow("9 points") << 9.0;
+    QTest::newRow("12 points") << 12.0;
+}
+
+void TestLineCutter::linesThatNearlyTouch()
+{
+    QFETCH(double, points);
+    PrintSettings print;
+    print.family = QStringLiteral("AR PL SungtiL GB");
+    print.points = points;
+    print.leading = 1.0;
+    const QString text = QStringLiteral("村里没有人知道那装满了门前的水桶");
+    const PrintSheet page({text, text, text}, print);
+    LineStrip strip;
+    cv::resize(inkMap(matOf(page.picture())), strip.ink, cv::Size(), 0.5, 0.5, cv::INTER_AREA);
+    const QPointF middle = page.lines()[1].inkMm.center() * DotsPerMm;
+    const cv::Range rows(int(middle.y()) - 52, int(middle.y()) + 52);
+    strip.ink = strip.ink.rowRange(rows).clone();
+    strip.seen = cv::Mat(strip.ink.size(), CV_8U, cv::Scalar(255));
+    strip.path = {{180.0, 52.0}, {double(strip.ink.cols) - 180.0, 52.0}};
+    const cv::Mat line = cutLine(strip, {300, true, false});
+    QVERIFY(!line.empty());
+    const double side = points / 72.0 * 300.0;
+    const cv::Mat ink = inkedPart(line);
+    const double proportion = double(ink.cols) / ink.rows; // of one line, not of three
+    QVERIFY2(std::abs(proportion - double(text.size())) < 0.2 * double(text.size()),
+             qPrintable(QString("%1 by %2, type of %3").arg(ink.cols).arg(ink.rows).arg(side)));
 }
 
 void TestLineCutter::tiltedLinesComeOutLevel_data()
