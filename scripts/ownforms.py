@@ -13,7 +13,7 @@ INSEPARABLE = "be ent er ge hinter miss miß über um unter ver voll wider wiede
 ADJECTIVE_ENDINGS = ("", "e", "er", "es", "en", "em")
 
 # Classes and ranks, as make-word-forms has them.
-LEADING, CLOSED = ("", 0), ("", 2)
+LEADING, CLOSED = 0, 2
 VERB, NOUN, ADJECTIVE = ("v", 3), ("n", 4), ("a", 5)
 UMLAUTS = {"ä": "a", "ö": "o", "ü": "u"}
 
@@ -88,10 +88,11 @@ def rows_of_line(line, words):
     elif ">" in line:
         yield from adjective_rows(line)
     else:
-        word, _, forms = line.lstrip("! ").partition(":")
-        kind = LEADING if line.startswith("!") else CLOSED
+        name, _, forms = line.lstrip("! ").partition(":")
+        word, _, kind = name.partition("/")
+        rank = LEADING if line.startswith("!") else CLOSED
         for form in forms.split():
-            yield (form, word, *kind)
+            yield form, word, kind or "f", rank
             # "anhaben", "teilhaben": as the verb itself.
             for prefix in SEPARABLE:
                 if word.endswith("n") and prefix + word in words:

@@ -48,16 +48,23 @@ std::string withLabelsLast(const std::string& sense)
     return sense.substr(start) + " " + std::string(trimmed(sense.substr(0, start)));
 }
 
-// Whether the first translation is marked as one that few would use.
+// Whether the first translation is marked as one that few would use, or the word as used so.
 bool isMarked(std::string_view sense)
 {
-    static constexpr std::array Marks = {"[coll.]", "[slang]", "[obs.]",     "[dated]",
-                                         "[poet.]", "[ugs.]",  "[veraltet]", "[veraltend]",
-                                         "[vulg.]", "[rare]",  "[archaic]",  "[selten]"};
+    static constexpr std::array Marks = {"[obs.]",      "[dated]",   "[veraltet]",
+                                         "[veraltend]", "[archaic]", "[rare]",
+                                         "[selten]",    "[poet.]",   "[vulg.]"};
+    static constexpr std::array MarksOfTranslations = {"[coll.]", "[slang]", "[ugs.]"};
     const std::string_view first = sense.substr(0, sense.find(','));
-    return std::any_of(Marks.begin(), Marks.end(), [first](std::string_view mark) {
+    const auto has = [first](std::string_view mark) {
         return first.find(mark) != std::string_view::npos;
-    });
+    };
+    const auto hasBehind = [first](std::string_view mark) {
+        const std::size_t at = first.find(mark);
+        return at != std::string_view::npos && at > 0;
+    };
+    return std::any_of(Marks.begin(), Marks.end(), has)
+           || std::any_of(MarksOfTranslations.begin(), MarksOfTranslations.end(), hasBehind);
 }
 
 // How many of the words that a line refers to are of one or two parts: forms and relatives.
@@ -131,7 +138,7 @@ private:
         constexpr int MostReferences = 8;
         const std::string first = m_entry.senses.empty() ? "" : m_entry.senses.front();
         return 4 * std::min(m_examples, MostExamples) + std::min(m_references, MostReferences)
-               - (first.starts_with('[') ? 4 : 0) - (isMarked(first) ? 8 : 0);
+               - (first.starts_with('[') ? 2 : 0) - (isMarked(first) ? 8 : 0);
     }
 
     void addSense(std::string_view text)

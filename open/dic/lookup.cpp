@@ -15,6 +15,7 @@ namespace {
 
 constexpr int Chinese = 1;
 constexpr int German = 104;
+constexpr char FunctionWord = 'f';
 constexpr std::size_t LongestWord = 200;      // code units
 constexpr std::size_t LongestChineseWord = 9; // the character and eight that follow
 constexpr std::size_t MostProbes = 100;       // words of a line that are looked up
@@ -138,9 +139,10 @@ std::vector<Hit> Lookup::findLemma(const Lemma& lemma)
     std::vector<Hit> hits = m_dictionary.find(foldedKey(lemma.word), lemma.word);
     std::erase_if(hits, [](const Hit& hit) { return hit.ofOtherWord; });
     const auto distance = [&lemma](const Hit& hit) {
-        return !lemma.wordClass || hit.entry.wordClass == lemma.wordClass ? 0
-               : !hit.entry.wordClass                                     ? 1
-                                                                          : 2;
+        const char entryClass = lemma.wordClass == FunctionWord && !hit.entry.wordClass
+                                    ? FunctionWord
+                                    : hit.entry.wordClass;
+        return !lemma.wordClass || entryClass == lemma.wordClass ? 0 : !entryClass ? 1 : 2;
     };
     std::stable_sort(hits.begin(), hits.end(),
                      [&distance](const Hit& a, const Hit& b) { return distance(a) < distance(b); });

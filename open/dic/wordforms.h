@@ -26,7 +26,7 @@ WordFormFiles wordFormFiles(const std::string& folder, int language);
 struct Lemma
 {
     std::string word;
-    char wordClass = 0; // 'v' verb, 'n' noun, 'a' adjective or adverb, 0 untold
+    char wordClass = 0; // 'v' verb, 'n' noun, 'a' adjective or adverb, 'f' other, 0 untold
     bool leads = false; // is meant more often than the word that is spelled like the form
 };
 

@@ -117,7 +117,7 @@ class Lists(Made):
         for row in ("ging\tgehen\tv", "gingst\tgehen\tv", "gegangene\tgehen\tv", "ginge\tgehen\tv",
                     "aufging\taufgehen\tv", "aufgegangen\taufgehen\tv", "aufzugehen\taufgehen\tv",
                     "verging\tvergehen\tv", "vergangen\tvergehen\tv", "gibst\tgeben\tv", "gib\tgeben\tv",
-                    "anzupassen\tanpassen\tv", "ist\tsein", "anhatte\tanhaben\tv", "besser\tgut\ta", "den\tder", "den\tden"):
+                    "anzupassen\tanpassen\tv", "ist\tsein\tv", "dem\tder\tf", "anhatte\tanhaben\tv", "besser\tgut\ta", "den\tder\tf", "den\tden"):
             self.assertIn(row, rows)
         for absent in ("untergehen", "einging", "vergegangen"):
             self.assertFalse([row for row in rows if row.startswith(absent + "\t")], absent)

@@ -123,6 +123,7 @@ void TestDicEntries::theMainEntryOfAWordIsTheProminentOne()
     QCOMPARE(prominence("gross\nbig\n see: {ein Satz mit vielen Worten}"), plain);
     QVERIFY(prominence("gross\n[comp.] capital") < plain);
     QVERIFY(prominence("gross\nwhopping [coll.], large") < plain);
+    QVERIFY(prominence("gross\n[veraltet] large") < prominence("gross\n[ugs.] large"));
     QCOMPARE(prominence("gross\nlarge, whopping [coll.]"), plain);
 }
 

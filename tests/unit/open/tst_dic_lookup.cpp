@@ -183,11 +183,13 @@ void TestDicLookup::theWordClassOfAFormChoosesTheEntry()
     const std::vector<dicfiles::Entry> entries = {{"vilja", "vilja <n, ut>\nWille"},
                                                   {"vilja", "vilja\nwer weiss"},
                                                   {"vilja", "vilja <v>\nwollen"}};
-    open("swe-deu", entries, forms("vill\tvilja\tv\nviljor\tvilja\tn\nviljas\tvilja\n"));
+    open("swe-deu", entries,
+         forms("vill\tvilja\tv\nviljor\tvilja\tn\nviljas\tvilja\nviljan\tvilja\tf\n"));
     QCOMPARE(found(u"vill").first(), QString("vilja: wollen form"));
     QCOMPARE(found(u"vill").last(), QString("vilja: Wille form"));
     QCOMPARE(found(u"viljor").first(), QString("vilja: Wille form"));
     QCOMPARE(found(u"viljas").first(), QString("vilja: Wille form"));
+    QCOMPARE(found(u"viljan").first(), QString("vilja: wer weiss form"));
     QCOMPARE(found(u"vilja").size(), 3);
 }
 
