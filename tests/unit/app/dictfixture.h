@@ -29,6 +29,16 @@ public:
         openEditor(text);
     }
 
+    DictFixture(const DictFixture&) = delete;
+    DictFixture& operator=(const DictFixture&) = delete;
+
+    /* What a failed test left held is let go: the window's end waits for its workers. */
+    ~DictFixture()
+    {
+        FakeDic::holdInitialize(false);
+        FakeOcr::release();
+    }
+
     static FakeDic::Dictionary
     dictionary(const std::u16string& name,
                const std::vector<std::pair<std::u16string, std::u16string>>& entries)

@@ -145,8 +145,6 @@ public:
         window->transWordFun();
         QVERIFY(window->findChild<SandGlass*>());
     }
-
-    ~WaitingFixture() { FakeDic::holdInitialize(false); }
 };
 
 void TestDictionaries::wordIsTheOneThatWasAskedFor()
