@@ -4,7 +4,7 @@
  * cmake --preset release && cmake --build --preset release --target speech_bench
  * build/release/bench/speech/speech_bench [SUBJECT[=ROUNDS]...]
  *
- * Subjects: timing stops highlights words pauses strings restarts. Without any: all, in
+ * Subjects: timing stops highlights words pauses strings restarts peers. Without any: all, in
  * about half an hour. Ends with 1 when a goal was missed.
  */
 #include "bench/speech/figures.h"
@@ -33,7 +33,7 @@ struct Subject
 constexpr Subject Subjects[] = {
     {"timing", measureTiming},     {"stops", measureStops},   {"highlights", measureHighlights},
     {"words", measureWords},       {"pauses", measurePauses}, {"strings", measureStrings},
-    {"restarts", measureRestarts},
+    {"restarts", measureRestarts}, {"peers", measurePeers},
 };
 
 std::string load()

@@ -10,5 +10,6 @@ void measureWords(int rounds);      // every word once, in thirteen languages
 void measurePauses(int rounds);     // lengths of pauses
 void measureStrings(int rounds);    // random texts, all voices
 void measureRestarts(int rounds);   // closing and starting again
+void measurePeers(int rounds);      // other programs and this engine on one sound server
 
 #endif
