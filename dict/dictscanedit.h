@@ -315,6 +315,7 @@ private:
                             const std::shared_ptr<const SpeechText>& prepared);
     void highlight(int start, int length);
     void unmark();
+    void endMarking();
     void dropReports();
 
     // Keys.

@@ -95,7 +95,7 @@ bool DictScanEdit::silenceByKey(int key)
     m_transThread->clearContent();
     TTSPlayer::Instance()->stop();
     m_interrupted = key == Qt::Key_Return;
-    dropReports();
+    endMarking();
     return true;
 }
 

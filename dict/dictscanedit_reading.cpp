@@ -188,7 +188,7 @@ void DictScanEdit::finishTransSound()
 {
     if (m_transThread->isRunning())
         return;
-    dropReports();
+    endMarking();
     if (!std::exchange(m_transReading, false))
         return;
     launcher::tellSoundEnds(launcher::Speaker::Translation);
@@ -218,7 +218,7 @@ void DictScanEdit::stopReading()
     emit recfinished();
     m_transThread->clearContent();
     TTSPlayer::Instance()->stop();
-    dropReports();
+    endMarking();
 }
 
 void DictScanEdit::clearTransContent()
@@ -268,6 +268,15 @@ void DictScanEdit::highlight(int start, int length)
 void DictScanEdit::unmark()
 {
     m_transPane->setExtraSelections({});
+}
+
+// The pane went along with the voice: it goes back to where the entry begins.
+void DictScanEdit::endMarking()
+{
+    const bool marked = !m_transPane->extraSelections().isEmpty();
+    dropReports();
+    if (marked)
+        scrollToResult();
 }
 
 // What is still on its way from the voice marks nothing.

@@ -5,8 +5,10 @@
 #include "tests/fakes/faketts.h"
 #include "tests/unit/dict/dictfixture.h"
 
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextEdit>
 
 /* The translate screen reading aloud. */
 class TestDictScanEditReading : public DictFixture
@@ -28,6 +30,8 @@ private slots:
     void theSpokenWordIsMarked();
     void theWordItselfReportsNothing();
     void marksOfTheSecondEntry();
+    void thePaneGoesAlongAndBack_data();
+    void thePaneGoesAlongAndBack();
     void lateReportsMarkNothing();
     void reportsOfWhatIsNoWordMarkNothing();
     void theLauncherIsToldOnce();
@@ -244,6 +248,35 @@ void TestDictScanEditReading::marksOfTheSecondEntry()
     QVERIFY(FakeTts::speakWord());
     QTRY_COMPARE(marked(), QStringLiteral("Lauf"));
     QVERIFY(FakeTts::finish());
+    waitUntilSilent();
+}
+
+void TestDictScanEditReading::thePaneGoesAlongAndBack_data()
+{
+    QTest::addColumn<bool>("stopped");
+    QTest::newRow("read to its end") << false;
+    QTest::newRow("stopped") << true;
+}
+
+void TestDictScanEditReading::thePaneGoesAlongAndBack()
+{
+    QFETCH(bool, stopped);
+    open(101, 104, {{"a", QStringLiteral("word after word ").repeated(12)}});
+    const QScrollBar* bar =
+        m_edit->findChild<QTextEdit*>(QStringLiteral("editTrans"))->verticalScrollBar();
+    FakeTts::setPace(FakeTts::Pace::Held);
+    m_edit->setScanText(QStringLiteral("a"), true);
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
+    for (int i = 0; i < 30; ++i)
+        QVERIFY(FakeTts::speakWord());
+    QTRY_VERIFY(bar->value() > 0);
+    if (stopped)
+        press(Qt::Key_Return);
+    else
+        QVERIFY(FakeTts::finish());
+    QTRY_COMPARE(bar->value(), 0);
     waitUntilSilent();
 }
 
