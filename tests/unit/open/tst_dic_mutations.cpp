@@ -151,7 +151,7 @@ void TestDicMutations::noDamageHarms_data()
     QTest::addColumn<quint64>("first");
     QTest::addColumn<quint64>("count");
     for (std::uint64_t done = 0; done < count; done += Batch)
-        QTest::addRow("from %llu", static_cast<unsigned long long>(first + done))
+        QTest::addRow("from %s", std::to_string(first + done).c_str())
             << quint64(first + done) << quint64(std::min(Batch, count - done));
 }
 
@@ -166,10 +166,9 @@ void TestDicMutations::noDamageHarms()
 // Damage that nobody notices, or that always ends at the door, would show little.
 void TestDicMutations::damageIsOfManyKinds()
 {
-    qInfo("%llu pens: %llu damaged dictionaries refused, %llu opened, %llu entries read",
-          static_cast<unsigned long long>(m_pens), static_cast<unsigned long long>(m_total.refused),
-          static_cast<unsigned long long>(m_total.opened),
-          static_cast<unsigned long long>(m_total.found));
+    qInfo("%s pens: %s damaged dictionaries refused, %s opened, %s entries read",
+          std::to_string(m_pens).c_str(), std::to_string(m_total.refused).c_str(),
+          std::to_string(m_total.opened).c_str(), std::to_string(m_total.found).c_str());
     QVERIFY(m_total.refused >= m_pens / 10);
     QVERIFY(m_total.opened >= m_pens / 10);
 }
