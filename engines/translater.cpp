@@ -268,13 +268,17 @@ QString Translater::dictSource(int lanIndex, int dictIndex)
     return dict ? described(dict, ZEMBRA_DIC_ORIGIN, MaxSourceUnits) : QString();
 }
 
+// A dictionary that cannot be searched any more is to be opened again.
+void Translater::countAsClosed()
+{
+    const std::lock_guard table(m_table);
+    m_open = nullptr;
+}
+
 // With m_engine held, as openCurrent().
 int Translater::closeCurrent()
 {
-    {
-        const std::lock_guard table(m_table);
-        m_open = nullptr;
-    }
+    countAsClosed();
     return ZEMBRA_DIC_Uninitialize(std::exchange(curDict, nullptr)) < 0 ? int(NotClosed) : 0;
 }
 
@@ -338,8 +342,10 @@ int Translater::transWord(const QString& shown, const QString& word, QVector<_st
         return NotFound;
     tagResultNodeInfo* result = nullptr;
     if (ZEMBRA_DIC_SearchWord(&result, unitsOf(searched), bytesOf(searched), SearchKind, SearchFlag)
-        < 0)
+        < 0) {
+        countAsClosed();
         return SearchFailed;
+    }
     if (!result)
         return NotFound;
     copyHeadword(*result, property);
@@ -359,8 +365,10 @@ int Translater::transWordFirst(const QString& text, QVector<QString>& candidates
     if (!initialized || text.isEmpty())
         return NotFound;
     tagResultNodeInfo* result = nullptr;
-    if (ZEMBRA_DIC_GetFirstComment(&result, &position, unitsOf(text), bytesOf(text)) < 0)
+    if (ZEMBRA_DIC_GetFirstComment(&result, &position, unitsOf(text), bytesOf(text)) < 0) {
+        countAsClosed();
         return SearchFailed;
+    }
     if (!result)
         return NotFound;
     for (const tagResultNodeInfo* node = result; node; node = node->next)

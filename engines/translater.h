@@ -85,7 +85,8 @@ public:
     int setDict(int dictNumber);
     int setDict(int lanIndex, int dictIndex);
 
-    /* Whether that dictionary is the one that is open; false while it is being opened. */
+    /* Whether that dictionary is the one that is open; false while it is being opened, and from a
+     * search that failed (-6) on: its card may have been pulled out. */
     bool isOpen(int lanIndex, int dictIndex);
 
     /* What to call a dictionary on screen: the name it has, else that of its pair and its number.
@@ -127,6 +128,7 @@ private:
     int readPairs();
     int closeCurrent();
     int openCurrent();
+    void countAsClosed();
     bool hasPair(int lanIndex) const;
     tagDictInfo* dictAt(int lanIndex, int dictIndex) const;
     QString adapted(const QString& word, int lanIndex);

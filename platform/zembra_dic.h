@@ -117,7 +117,8 @@ int32_t ZEMBRA_DIC_Uninitialize(struct tagDictInfo* dict);
 
 /* Looks a word up in the open dictionary. `kind` is 1, `flag` 0. Stores the entries, best first,
  * owned by the caller until ZEMBRA_DIC_FreeSearchResult. A word that is not there is success with
- * null stored. Fails when no dictionary is open or `bytes` is negative or odd. */
+ * null stored. Fails when no dictionary is open, when what would be found cannot be read (its card
+ * was pulled out: opening it again may help), or when `bytes` is negative or odd. */
 int32_t ZEMBRA_DIC_SearchWord(struct tagResultNodeInfo** result, const uint16_t* word,
                               int32_t bytes, int32_t kind, int32_t flag);
 

@@ -205,8 +205,9 @@ int32_t ZEMBRA_DIC_SearchWord(struct tagResultNodeInfo** result, const uint16_t*
         if (!open.dictionary)
             return Failed;
         dic::Lookup lookup(*open.dictionary, *open.forms);
+        open.dictionary->takeFailure();
         *result = engine().results.keep(lookup.search(textOf(word, bytes)));
-        return Ok;
+        return !*result && open.dictionary->takeFailure() ? Failed : Ok;
     });
 }
 
@@ -224,10 +225,11 @@ int32_t ZEMBRA_DIC_GetFirstComment(struct tagResultNodeInfo** result, int32_t* p
         if (!open.dictionary)
             return Failed;
         dic::Lookup lookup(*open.dictionary, *open.forms);
+        open.dictionary->takeFailure();
         const dic::FirstWord first = lookup.firstOf(textOf(text, bytes));
         *result = engine().results.keep(first.hits);
         *position = *result ? static_cast<int32_t>(first.position) : 0;
-        return Ok;
+        return !*result && open.dictionary->takeFailure() ? Failed : Ok;
     });
 }
 

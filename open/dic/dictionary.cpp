@@ -63,6 +63,11 @@ std::vector<Hit> Dictionary::findAccentFree(std::string_view key)
     return read(rows);
 }
 
+bool Dictionary::takeFailure()
+{
+    return std::exchange(m_failed, false);
+}
+
 std::vector<Hit> Dictionary::read(const std::vector<FoundRow>& rows)
 {
     std::vector<Hit> hits;
@@ -80,6 +85,7 @@ bool Dictionary::readEntry(const FoundRow& row, Hit& hit)
 {
     std::string raw;
     if (!m_body->read(row.offset, std::min(row.size, MostBytes), raw)) {
+        m_failed = true;
         if (!std::exchange(m_complained, true))
             note(m_source.stem, "a text cannot be read");
         return false;

@@ -48,6 +48,9 @@ public:
     /* Entries whose key without accents is this, too. */
     std::vector<Hit> findAccentFree(std::string_view key);
 
+    /* Whether an entry could not be read since this was asked last. */
+    bool takeFailure();
+
 private:
     Dictionary() = default;
     std::vector<Hit> read(const std::vector<FoundRow>& rows);
@@ -58,6 +61,7 @@ private:
     std::unique_ptr<Sidecar> m_sidecar;
     std::unique_ptr<Body> m_body;
     bool m_complained = false;
+    bool m_failed = false;
 };
 
 } // namespace dic

@@ -554,8 +554,9 @@ void TestTranslater::lookingUpReportsWhatFails_data()
     QTest::addColumn<QByteArray>("function");
     QTest::addColumn<int>("result");
     QTest::addColumn<int>("items");
-    QTest::newRow("search") << QByteArray("ZEMBRA_DIC_SearchWord") << -6 << 0;
-    QTest::newRow("free") << QByteArray("ZEMBRA_DIC_FreeSearchResult") << -7 << 1;
+    QTest::addColumn<bool>("isOpen");
+    QTest::newRow("search") << QByteArray("ZEMBRA_DIC_SearchWord") << -6 << 0 << false;
+    QTest::newRow("free") << QByteArray("ZEMBRA_DIC_FreeSearchResult") << -7 << 1 << true;
 }
 
 void TestTranslater::lookingUpReportsWhatFails()
@@ -563,11 +564,17 @@ void TestTranslater::lookingUpReportsWhatFails()
     QFETCH(QByteArray, function);
     QFETCH(int, result);
     QFETCH(int, items);
+    QFETCH(bool, isOpen);
     FakeDic::addPair(English, 104, u"one", {dictionary(u"word", {{u"word", u"Wort"}})});
     QCOMPARE(Translater::Instance()->setDict(0, 0), 0);
     FakeDic::fail(function.toStdString(), -5);
     QCOMPARE(lookUp(QStringLiteral("word")), result);
     QCOMPARE(m_items.size(), items);
+    QCOMPARE(Translater::Instance()->isOpen(0, 0), isOpen);
+    FakeDic::fail(function.toStdString(), 0);
+    QCOMPARE(Translater::Instance()->setDict(0, 0), 0); // and another attempt may succeed
+    QVERIFY(Translater::Instance()->isOpen(0, 0));
+    QCOMPARE(FakeDic::openDictionaries(), 1);
 }
 
 void TestTranslater::theLargeLigatureIsSmallInFrenchOnly_data()
@@ -634,8 +641,9 @@ void TestTranslater::firstWordReportsWhatFails_data()
 {
     QTest::addColumn<QByteArray>("function");
     QTest::addColumn<int>("result");
-    QTest::newRow("search") << QByteArray("ZEMBRA_DIC_GetFirstComment") << -6;
-    QTest::newRow("free") << QByteArray("ZEMBRA_DIC_FreeSearchResult") << -7;
+    QTest::addColumn<bool>("isOpen");
+    QTest::newRow("search") << QByteArray("ZEMBRA_DIC_GetFirstComment") << -6 << false;
+    QTest::newRow("free") << QByteArray("ZEMBRA_DIC_FreeSearchResult") << -7 << true;
 }
 
 void TestTranslater::firstWordReportsWhatFails()
@@ -651,6 +659,8 @@ void TestTranslater::firstWordReportsWhatFails()
     QCOMPARE(
         Translater::Instance()->transWordFirst(QStringLiteral("word"), candidates, position, found),
         result);
+    QFETCH(bool, isOpen);
+    QCOMPARE(Translater::Instance()->isOpen(0, 0), isOpen);
 }
 
 void TestTranslater::namesOfDictionaries()

@@ -164,7 +164,16 @@ void TestDicEngine::aDictionaryThatVanishesFailsGently()
     // As when a card is pulled out and another one put in.
     QVERIFY(QFile::resize(QString::fromStdString(path("one/eng-deu.dict")), 0));
     QVERIFY(engine.search(u"house").empty());
+    QVERIFY(engine.status < 0);
+    int position = 99;
+    QVERIFY(engine.first(u"a house", position).empty());
+    QVERIFY(engine.status < 0);
+    QCOMPARE(position, 0);
+    QVERIFY(engine.search(u"xyzzy").empty()); // of this one nothing had to be read
     QCOMPARE(engine.status, 0);
+    dicfiles::writeDict(path("one/eng-deu"), {{"house", "Haus"}});
+    QVERIFY(engine.open(0)); // the card is back
+    QCOMPARE(engine.search(u"house").size(), std::size_t(1));
     QVERIFY(QDir(QString::fromStdString(path("one"))).removeRecursively());
     QVERIFY(!engine.open(0));
 }
