@@ -252,6 +252,7 @@ void DictSwitch::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     m_confirmed = false;
+    m_changed = false; // a choice that was taken off the screen is none
     showPage();
     emit signalShow(0, QString(), 0);
 }

@@ -79,7 +79,7 @@ public:
     /* Whether keys count; on at first. Off while a choice is being applied. */
     void setLRFlag(bool on);
 
-    /* An arrow key was pressed since the screen was left last. */
+    /* An arrow key was pressed since the screen was shown or left last. */
     bool isChanged() const { return m_changed; }
 
     /* Enter was pressed since the screen was shown. */
