@@ -49,6 +49,7 @@ void MainWindow::transWordFun()
     const bool ready = beginTranslation();
     const QString word = getWordFromCursor();
     if (word.isEmpty()) {
+        g_InDict = false; // a scan that comes while the message is shown is the editor's
         tellNoWord();
     } else if (ready) {
         translate(word);
@@ -191,8 +192,12 @@ void MainWindow::takeTransScan(const QString& text)
         const QString hint = tr("Nothing recognised.");
         m_transHint->tell(hint);
         hintSlot(hint);
-    } else if (m_dictJob) {
-        m_waitingScans.append(text); // looking it up would wait for the dictionary
+    } else if (m_dictJob || (hasDictionaries() && !dictionaryIsReady())) {
+        // Looking it up would wait for the dictionary, or for a card that was pulled out.
+        m_waitingScans.append(text);
+        if (!m_dictJob)
+            openDictionary();
+        showDictBusy();
     } else {
         m_transEdit->takeScan(text);
     }

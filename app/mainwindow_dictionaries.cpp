@@ -181,7 +181,7 @@ void MainWindow::dictionaryIsThere(DictJob job)
 {
     const QString word = std::exchange(m_wordInWait, QString());
     const bool open = dictionaryIsReady();
-    if (!open && (job == DictJob::Change || !word.isEmpty())) {
+    if (!open && (job == DictJob::Change || !word.isEmpty() || !m_waitingScans.isEmpty())) {
         tellNoDictionary();
     } else if (!word.isEmpty()) {
         if (!isFrozen() && beginTranslation())

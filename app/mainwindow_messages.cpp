@@ -154,6 +154,8 @@ void MainWindow::resumeAfterUsb()
     if (m_renameEdit && m_renameEdit->renameFlag())
         m_renameEdit->setScanInit();
     openDictionary();
+    if (m_dictJob && m_transEdit && WidgetChange::Instance()->getCurWidget() == m_transEdit)
+        showDictBusy(); // its keys rest until then
 }
 
 void MainWindow::StopOnly()

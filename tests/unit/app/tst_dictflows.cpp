@@ -37,6 +37,8 @@ private slots:
     void quickMenuGivesWayToTheTranslation();
     void noWordLeavesTheEditor();
     void noWordIsNoTranslationAgain();
+    void withoutAnEditorThereIsNoWord();
+    void scanDuringThatMessageGoesIntoTheFile();
     void escapeComesBackToTheEditor();
     void screenIsReusedAndComesBackToWhereItWasLeft();
     void wordThatIsNotThereIsShownAllTheSame();
@@ -60,7 +62,9 @@ private slots:
     void powerKeySilences_data();
     void powerKeySilences();
     void usbSavesAndLeavesTheMode();
+    void usbOverARememberedWord();
     void stopSavesAndEnds();
+    void stopOnlyEndsOverATranslation();
     void quittingWhileReadingIsClean();
 };
 
@@ -135,6 +139,36 @@ void TestDictFlows::noWordIsNoTranslationAgain()
     QCOMPARE(f.messages.texts(), QStringList{"word is null"});
     QCOMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
     QCOMPARE(f.records().size(), 1);
+}
+
+void TestDictFlows::withoutAnEditorThereIsNoWord()
+{
+    WindowFixture f({}, DictFixture::install);
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
+    QWidget* const before = f.current();
+    QVERIFY(!f.window->editor());
+    f.window->transWordFun();
+    QCOMPARE(f.messages.texts(), QStringList{"word is null"});
+    QCOMPARE(f.messages.milliseconds(), QList<int>{2000});
+    QCOMPARE(f.current(), before);
+    QVERIFY(!g_InDict);
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+}
+
+void TestDictFlows::scanDuringThatMessageGoesIntoTheFile()
+{
+    DictFixture f(QStringLiteral("one  "));
+    f.window->editor()->moveCursor(QTextCursor::End);
+    FakeOcr::setResult(u"keeper");
+    f.messages.meanwhile([&f] {
+        QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+        QTRY_VERIFY(f.window->editor()->documentText().endsWith(QStringLiteral("keeper ")));
+    });
+    f.window->transWordFun();
+    QCOMPARE(f.messages.texts(), QStringList{"word is null"});
+    QVERIFY(f.window->editor()->documentText().endsWith(QStringLiteral("keeper ")));
+    QVERIFY(remembered().isEmpty());
+    f.settle();
 }
 
 void TestDictFlows::escapeComesBackToTheEditor()
@@ -442,6 +476,54 @@ void TestDictFlows::usbSavesAndLeavesTheMode()
     f.putCursorOn(QStringLiteral("house"));
     f.translate();
     QVERIFY(f.screen()->shownTranslation().contains(QStringLiteral("Haus")));
+}
+
+void TestDictFlows::usbOverARememberedWord()
+{
+    WindowFixture f({}, DictFixture::install);
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
+    NewWordManager::Instance()->put(QStringLiteral("house"), QStringLiteral("Haus"));
+    f.window->newWords();
+    QWidget* const list = f.current();
+    f.press(Qt::Key_Return);
+    DictScanEdit* const screen = f.window->translateScreen();
+    QCOMPARE(f.current(), static_cast<QWidget*>(screen));
+    QTRY_VERIFY(!screen->isReading() && !f.window->menuSpeech()->isRunning());
+    f.window->handleReceived(Usb, "plug");
+    QVERIFY(!screen->isEnabled());
+    QTRY_COMPARE(FakeDic::openDictionaries(), 0);
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
+    FakeDic::holdInitialize(true);
+    f.window->handleReceived(Usb, "delete");
+    QVERIFY(screen->isEnabled());
+    QVERIFY(f.window->findChild<SandGlass*>()); // the keys rest
+    f.press(Qt::Key_Escape);
+    QCOMPARE(f.current(), static_cast<QWidget*>(screen));
+    FakeDic::holdInitialize(false);
+    QTRY_VERIFY(!f.window->findChild<SandGlass*>());
+    QCOMPARE(screen->selectedWord(), QStringLiteral("house"));
+    QVERIFY(FakeIap::stopSignal());
+    QTRY_VERIFY(!screen->isReading() && !f.window->menuSpeech()->isRunning());
+    f.press(Qt::Key_Escape);
+    QCOMPARE(f.current(), list);
+    QVERIFY(!g_InDict);
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+}
+
+void TestDictFlows::stopOnlyEndsOverATranslation()
+{
+    DictFixture f;
+    FakeTts::setPace(FakeTts::Pace::Held);
+    f.window->transWordFun();
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    f.launcher.clear();
+    f.window->handleReceived(Execute, "stoponly");
+    QTRY_VERIFY(f.launcher.messages().contains(QStringLiteral("ESC(QString) escpressed")));
+    QVERIFY(!f.window->isVisible());
+    f.window.reset();
+    QVERIFY(!FakeTts::isStarted());
+    QCOMPARE(FakeDic::openDictionaries(), 0);
+    QCOMPARE(FakeDic::misuses(), 0);
 }
 
 void TestDictFlows::stopSavesAndEnds()

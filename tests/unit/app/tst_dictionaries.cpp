@@ -4,6 +4,7 @@
 #include "engines/speechtext.h"
 #include "tests/unit/app/dictfixture.h"
 
+#include <QSignalSpy>
 #include <thread>
 
 namespace {
@@ -54,6 +55,9 @@ private slots:
     void dictionaryThatIsGoneIsTold_data();
     void dictionaryThatIsGoneIsTold();
     void nextAttemptMaySucceed();
+    void cardThatWasPulledOutIsAskedAgain();
+    void scanAsksACardThatWasPulledOutAgain();
+    void cardThatStaysAwayIsTold();
 
     void selectionIsFilledAtStart();
     void selectionShowsWhatIsChosen();
@@ -66,6 +70,8 @@ private slots:
     void translationIsLookedUpAgain();
     void translationWaitsForTheChange();
     void scanWaitsForTheChange();
+    void choiceThatUsbTookAwayIsNone();
+    void choiceOfAPairWithoutDictionariesIsTold();
     void quittingWhileOpeningIsClean();
 };
 
@@ -277,6 +283,67 @@ void TestDictionaries::nextAttemptMaySucceed()
     QVERIFY(f.screen()->shownTranslation().contains(QStringLiteral("Haus")));
 }
 
+void TestDictionaries::cardThatWasPulledOutIsAskedAgain()
+{
+    DictFixture f;
+    FakeDic::fail("ZEMBRA_DIC_SearchWord", -1);
+    FakeDic::fail("ZEMBRA_DIC_GetFirstComment", -1);
+    f.translate();
+    QCOMPARE(f.screen()->shownTranslation(), QStringLiteral("No translation result."));
+    f.press(Qt::Key_Escape);
+    f.settle();
+    FakeDic::fail("ZEMBRA_DIC_SearchWord", 0);
+    FakeDic::fail("ZEMBRA_DIC_GetFirstComment", 0);
+    f.window->transWordFun();
+    QVERIFY(f.window->isOpeningDictionary()); // what was open is not to be trusted
+    QTRY_COMPARE(f.current(), static_cast<QWidget*>(f.screen()));
+    QVERIFY(f.screen()->shownTranslation().contains(QStringLiteral("Haus")));
+    QCOMPARE(FakeDic::openDictionaries(), 1);
+    f.settle();
+}
+
+void TestDictionaries::scanAsksACardThatWasPulledOutAgain()
+{
+    DictFixture f;
+    f.translate();
+    FakeDic::fail("ZEMBRA_DIC_SearchWord", -1);
+    FakeDic::fail("ZEMBRA_DIC_GetFirstComment", -1);
+    FakeOcr::setResult(u"a keeper");
+    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    QTRY_COMPARE(f.screen()->shownTranslation(), QStringLiteral("No translation result."));
+    f.settle();
+    FakeDic::fail("ZEMBRA_DIC_SearchWord", 0);
+    FakeDic::fail("ZEMBRA_DIC_GetFirstComment", 0);
+    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    QTRY_COMPARE(f.screen()->selectedWord(), QStringLiteral("keeper"));
+    QTRY_VERIFY(f.screen()->shownTranslation().contains(QStringLiteral("W\u00e4rter")));
+    f.settle();
+    QVERIFY(!f.window->findChild<SandGlass*>());
+    QVERIFY(f.messages.texts().isEmpty());
+}
+
+void TestDictionaries::cardThatStaysAwayIsTold()
+{
+    DictFixture f;
+    f.translate();
+    for (const char* function :
+         {"ZEMBRA_DIC_SearchWord", "ZEMBRA_DIC_GetFirstComment", "ZEMBRA_DIC_Initialize"})
+        FakeDic::fail(function, -1);
+    FakeOcr::setResult(u"a keeper");
+    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    QTRY_COMPARE(f.screen()->shownTranslation(), QStringLiteral("No translation result."));
+    f.settle();
+    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    QTRY_COMPARE(f.messages.texts(), QStringList{CannotBeOpened});
+    QTRY_VERIFY(f.spoken().contains(CannotBeOpened));
+    f.settle();
+    QVERIFY(!f.window->findChild<SandGlass*>());
+    QCOMPARE(f.current(), static_cast<QWidget*>(f.screen()));
+    f.press(Qt::Key_Escape);
+    QCOMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
+    f.settle();
+}
+
 void TestDictionaries::selectionIsFilledAtStart()
 {
     DictFixture f;
@@ -454,6 +521,52 @@ void TestDictionaries::scanWaitsForTheChange()
     QTRY_COMPARE(f.screen()->selectedWord(), QStringLiteral("house"));
     QTRY_VERIFY(f.screen()->shownTranslation().contains(QStringLiteral("Geb\u00e4ude")));
     f.settle();
+}
+
+void TestDictionaries::choiceThatUsbTookAwayIsNone()
+{
+    DictFixture f;
+    f.window->selectDicFun();
+    f.press(Qt::Key_Down);
+    f.window->handleReceived(Usb, "plug");
+    f.window->handleReceived(Usb, "delete");
+    QTRY_COMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
+    f.settle();
+    f.window->selectDicFun();
+    QSignalSpy chosen(f.window->dictionarySwitch(), &DictSwitch::selectChangedSignal);
+    QCOMPARE(f.window->dictionarySwitch()->getDictInfoIndex(), 0);
+    f.press(Qt::Key_Escape);
+    QVERIFY(chosen.isEmpty());
+    QVERIFY(isOpen(EnglishGerman, 0));
+    f.settle();
+}
+
+void TestDictionaries::choiceOfAPairWithoutDictionariesIsTold()
+{
+    DictFixture f(QStringLiteral("house"), [] {
+        DictFixture::install();
+        FakeDic::addPair(101, 105, u"English - Spanish", {});
+    });
+    f.window->selectDicFun();
+    f.settle();
+    f.press(Qt::Key_Left);
+    f.settle();
+    QCOMPARE(f.lastSpoken(), QStringLiteral("English - Spanish. No dictionary."));
+    f.press(Qt::Key_Escape);
+    QTRY_VERIFY(f.messages.texts().contains(CannotBeOpened));
+    QCOMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
+    f.settle();
+    f.window->transWordFun();
+    QTRY_COMPARE(f.messages.texts().count(CannotBeOpened), 2);
+    QVERIFY(!g_InDict);
+    f.window->selectDicFun();
+    QCOMPARE(f.window->dictionarySwitch()->getDictInfoIndex(), -1);
+    f.press(Qt::Key_Right); // to the first pair
+    f.press(Qt::Key_Escape);
+    f.settle();
+    QVERIFY(isOpen(EnglishGerman, 0));
+    f.translate();
+    QVERIFY(f.screen()->shownTranslation().contains(QStringLiteral("Haus")));
 }
 
 void TestDictionaries::quittingWhileOpeningIsClean()
