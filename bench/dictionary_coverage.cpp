@@ -225,6 +225,7 @@ void measure(const dic::Source& source, dic::IndexShelf& shelf,
         share(ways[dic::Match::Inflected]), share(ways[dic::Match::Part]),
         share(ways[dic::Match::Compound]), share(ways[dic::Match::AccentFree]));
     std::vector<double> times;
+    times.reserve(words.size());
     for (const Word& word : words)
         times.push_back(word.time);
     std::sort(times.begin(), times.end());

@@ -10,8 +10,6 @@
 #include <QTest>
 #include <set>
 
-using dic::Match;
-
 class TestDicLookup : public QObject
 {
     Q_OBJECT
@@ -392,6 +390,7 @@ void TestDicLookup::latinWordsInChineseAreOrdinary()
 void TestDicLookup::notMoreThanTwentyEntries()
 {
     std::vector<dicfiles::Entry> entries;
+    entries.reserve(40);
     for (int i = 0; i < 40; ++i)
         entries.push_back({"set", "meaning " + std::to_string(i)});
     open("eng-deu", entries);
