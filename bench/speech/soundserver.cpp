@@ -12,6 +12,7 @@
 pid_t startProgram(const std::vector<std::string>& command, int output)
 {
     std::vector<char*> words;
+    words.reserve(command.size() + 1);
     for (const std::string& word : command)
         words.push_back(const_cast<char*>(word.c_str()));
     words.push_back(nullptr);

@@ -108,7 +108,7 @@ double speakAndMeasure(Tape& tape, const std::u16string& text, int& result)
 {
     tape.clear();
     result = engine::play(text);
-    tape.wait(2048);
+    tape.wait(34000); // more than a FIFO holds: what was on its way has come
     return lastSoundMs(tape);
 }
 
