@@ -71,6 +71,14 @@ bool readingHasEnded()
     });
 }
 
+// Through windows, too: the list of a combo box is one.
+bool isOwnedBy(const QObject* object, const QObject* owner)
+{
+    while (object && object != owner)
+        object = object->parent();
+    return object;
+}
+
 void runOut(QObject* owner, int timerId)
 {
     QTimerEvent event(timerId);
@@ -227,7 +235,7 @@ void Stage::watchWindow(MainWindow* main)
     connect(main, &QObject::destroyed, this, [this, main] {
         for (const QWidget* widget : QApplication::allWidgets()) {
             const bool desktop = widget->windowType() == Qt::Desktop; // Qt's own
-            if (widget != main && !desktop && !main->isAncestorOf(widget))
+            if (!desktop && !isOwnedBy(widget, main))
                 m_widgetsLeft.append(QString::fromLatin1(widget->metaObject()->className()));
         }
     });

@@ -6,6 +6,7 @@
 #include "store/filemanager.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
+#include "tests/flows/scenarios/dictionaryhost.h"
 #include "tests/flows/scenarios/screentext.h"
 
 #include <QApplication>
@@ -57,11 +58,29 @@ const std::array Texts = {u"The keeper of the light",
                           u"Größe und Maß,",
                           u"<b>bold</b> & more"};
 
+// Two of one pair, and one that cannot be opened.
+QVector<GivenDictionary> dictionaries()
+{
+    const auto entry = [](const char* word, const char* definition) {
+        return GivenDictionary::Entry{QString::fromUtf8(word), QString::fromUtf8(definition)};
+    };
+    return {{QStringLiteral("Small"),
+             QStringLiteral("eng-deu"),
+             false,
+             {entry("keeper", "Wärter"), entry("light", "Licht"), entry("light", "leicht")}},
+            {QStringLiteral("Large"),
+             QStringLiteral("eng-deu"),
+             false,
+             {entry("keeper", "der Wärter; der Aufseher"), entry("old", "alt")}},
+            {QStringLiteral("Broken"), QStringLiteral("fra-eng"), true, {}}};
+}
+
 } // namespace
 
 Wanderer::Wanderer(unsigned seed, int steps)
     : m_random(seed), m_stepsLeft(steps), m_escapesLeft(EscapesHome)
 {
+    dictionaryhost::install(dictionaries(), m_stage.state().root);
 }
 
 int Wanderer::upTo(int number)
