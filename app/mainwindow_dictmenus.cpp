@@ -84,9 +84,8 @@ void MainWindow::showNewWord(const WordItem& item)
 {
     WidgetChange* const screens = WidgetChange::Instance();
     ensureTransEdit();
-    const ConfigReader* config = ConfigReader::Instance();
-    if (dictionaryIsReady()) // the book does not keep the languages
-        m_transEdit->setTransLan(config->getLanDict(), config->getLanDictInfo());
+    const int pair = ConfigReader::Instance()->getLanDict(); // the book does not keep the languages
+    m_transEdit->setPair(pair);
     if (!m_transEdit->showStored(item.word, item.translation)) {
         showMessage(tr("There is no translation."));
         return;
@@ -99,7 +98,8 @@ void MainWindow::showNewWord(const WordItem& item)
     screens->Go2NewWidget(m_transEdit);
     if (replaces)
         endFlowScreens();
-    if (!hasDictionaries()) // nothing tells the languages, and the screen is silent
+    if (Translater::Instance()->getLanID(pair)
+        < 0) // nothing tells the languages, and the screen is silent
         talkingMenuTTS(0, item.word, item.translation);
 }
 

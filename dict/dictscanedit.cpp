@@ -163,9 +163,14 @@ void DictScanEdit::resumeeditformat()
 
 void DictScanEdit::setTransLan(int pair, int dict)
 {
+    setPair(pair);
+    openDictionary(pair, dict);
+}
+
+void DictScanEdit::setPair(int pair)
+{
     m_pair = pair;
     setLanguage();
-    openDictionary(pair, dict);
 }
 
 void DictScanEdit::setLanguage()

@@ -57,6 +57,9 @@ public:
      * unless it is open already: that takes long for one that was never opened. */
     void setTransLan(int pair, int dict);
 
+    /* The language pair alone: what is shown is read in its languages, whatever is open. */
+    void setPair(int pair);
+
     /* The worker that speaks menus and messages; not owned, null for none. A key first ends what it
      * speaks, and what is read by itself waits for its end. */
     void setSpeechWorker(CTTSThread* worker);

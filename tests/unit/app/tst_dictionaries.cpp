@@ -312,12 +312,14 @@ void TestDictionaries::scanAsksACardThatWasPulledOutAgain()
     QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
     QTRY_COMPARE(f.screen()->shownTranslation(), QStringLiteral("No translation result."));
     f.settle();
+    const auto opened = fakes::calls("ZEMBRA_DIC_Initialize").size();
     FakeDic::fail("ZEMBRA_DIC_SearchWord", 0);
     FakeDic::fail("ZEMBRA_DIC_GetFirstComment", 0);
     QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
     QTRY_COMPARE(f.screen()->selectedWord(), QStringLiteral("keeper"));
     QTRY_VERIFY(f.screen()->shownTranslation().contains(QStringLiteral("W\u00e4rter")));
     f.settle();
+    QCOMPARE(fakes::calls("ZEMBRA_DIC_Initialize").size(), opened + 1);
     QVERIFY(!f.window->findChild<SandGlass*>());
     QVERIFY(f.messages.texts().isEmpty());
 }

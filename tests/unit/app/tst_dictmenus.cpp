@@ -47,6 +47,8 @@ private slots:
     void newWordTakesTheTranslationsPlace();
     void newWordWithoutTranslationIsTold();
     void newWordsWithoutAnEditor();
+    void newWordIsReadInTheChosenLanguages();
+    void newWordOfAPairThatIsGoneIsSpoken();
 
     void dictionaryIsTold();
     void anotherDictionaryIsChosenFromThere();
@@ -269,6 +271,38 @@ void TestDictMenus::newWordsWithoutAnEditor()
         f.press(Qt::Key_Escape);
     QCOMPARE(f.current(), mainMenu);
     QVERIFY(!g_InDict);
+}
+
+void TestDictMenus::newWordIsReadInTheChosenLanguages()
+{
+    WindowFixture f({}, [] {
+        DictFixture::install();
+        ConfigReader::Instance()->setLanDict(1); // German - English
+        FakeDic::holdInitialize(true);           // it is not open yet
+    });
+    remember({"eins"});
+    f.window->newWords();
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.lastSpoken(), QStringLiteral("EINS"));
+    QVERIFY(FakeTts::language() != 104);
+    FakeDic::holdInitialize(false);
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
+    QTRY_VERIFY(!f.window->translateScreen()->isReading());
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+}
+
+void TestDictMenus::newWordOfAPairThatIsGoneIsSpoken()
+{
+    WindowFixture f({}, [] {
+        DictFixture::install();
+        ConfigReader::Instance()->setLanDict(7);
+    });
+    remember({"one"});
+    f.window->newWords();
+    f.press(Qt::Key_Return);
+    QTRY_COMPARE(f.lastSpoken(), QStringLiteral("one") + pauseTag(500) + QStringLiteral("ONE"));
+    QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
 }
 
 void TestDictMenus::dictionaryIsTold()
