@@ -11,6 +11,8 @@
 
 void MainWindow::showMessage(const QString& text)
 {
+    if (!m_keepRunning)
+        return; // what ends in the background has nobody to tell
     MessageDialog(this, text).exec();
     focusCurrent();
 }

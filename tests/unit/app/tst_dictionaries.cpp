@@ -50,6 +50,8 @@ private slots:
     void keysRestMeanwhile();
     void scansGoIntoTheFileMeanwhile();
     void usbEndsTheWait();
+    void endOfTheApplicationEndsTheWait_data();
+    void endOfTheApplicationEndsTheWait();
     void noDictionaryIsTold();
     void dictionaryThatCannotBeOpenedIsTold();
     void dictionaryThatIsGoneIsTold_data();
@@ -139,7 +141,8 @@ void TestDictionaries::translationWaitsUntilItIsOpen()
 class WaitingFixture : public DictFixture
 {
 public:
-    WaitingFixture()
+    explicit WaitingFixture(const std::function<void()>& prepare = &DictFixture::install)
+        : DictFixture(QStringLiteral("the house stands"), prepare)
     {
         window->handleReceived(Usb, "plug");
         settle();
@@ -208,6 +211,32 @@ void TestDictionaries::usbEndsTheWait()
     QVERIFY(f.menu() && !f.menu()->isEnabled());
     QCOMPARE(FakeDic::openDictionaries(), 0);
     QVERIFY(!g_InDict);
+}
+
+void TestDictionaries::endOfTheApplicationEndsTheWait_data()
+{
+    QTest::addColumn<QByteArray>("word");
+    QTest::addColumn<bool>("opens");
+    for (const char* word : {"stop", "stoponly"}) {
+        QTest::addRow("%s, it opens", word) << QByteArray(word) << true;
+        QTest::addRow("%s, it fails", word) << QByteArray(word) << false;
+    }
+}
+
+void TestDictionaries::endOfTheApplicationEndsTheWait()
+{
+    QFETCH(QByteArray, word);
+    QFETCH(bool, opens);
+    WaitingFixture f(opens ? &DictFixture::install : &installBroken);
+    if (!opens)
+        f.window->changeDict(FrenchEnglish, 0, 1); // two who would be told
+    f.window->handleReceived(QStringLiteral("execute(QString)"), word);
+    QVERIFY(!f.window->isVisible());
+    FakeDic::holdInitialize(false);
+    QTRY_VERIFY(!f.window->isOpeningDictionary());
+    QVERIFY(!g_InDict);
+    QVERIFY(f.current() != f.screen());
+    QVERIFY(f.messages.texts().isEmpty());
 }
 
 void TestDictionaries::noDictionaryIsTold()
