@@ -301,8 +301,8 @@ private:
     void updateContinueItem();
     void setContinueItem(MySubMenu* menu, const QString& fileName);
 
-    /* A message that fills the screen for two seconds; the focus goes back to the screen below. None
-     * once the launcher has ended the application. */
+    /* A message that fills the screen for two seconds; the focus goes back to the screen below.
+     * None once the launcher has ended the application. */
     void showMessage(const QString& text);
     void spaceMessage();
 
