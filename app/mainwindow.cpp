@@ -7,6 +7,7 @@
 #include "engines/cttsthread.h"
 #include "engines/cttsthread_setup.h"
 #include "engines/cttsthreadforset.h"
+#include "engines/flags.h"
 #include "engines/ocrpen.h"
 #include "engines/ttsplayer.h"
 #include "platform/qcopchannel.h"
@@ -69,6 +70,7 @@ MainWindow::~MainWindow()
     launcher::speakerLeaves(launcher::Speaker::Menu);
     m_settingsThread.reset();
     m_setupThread.reset();
+    g_InDict = false; // it may be left in any mode
     delete std::exchange(m_transEdit, nullptr);
     for (MyEdit** edit : {&m_renameEdit, &m_editor})
         delete std::exchange(*edit, nullptr);

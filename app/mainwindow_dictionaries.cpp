@@ -168,8 +168,9 @@ void MainWindow::finishTtsSet()
         runDictJob(*std::exchange(m_nextDictJob, std::nullopt));
         return;
     }
-    m_dictIsAwaited = false;
-    endSetUpSign();
+    // Without anybody waiting for it the sign is another's.
+    if (std::exchange(m_dictIsAwaited, false) || !job)
+        endSetUpSign();
     m_dictSwitch->setLRFlag(true);
     m_dictChanged = m_dictChanged || !m_dictSwitch->isChanged();
     if (job && job != DictJob::Close)

@@ -159,9 +159,14 @@ bool MainWindow::showEdit(const FileInfo& file)
         return false;
     }
     WidgetChange* screens = WidgetChange::Instance();
-    m_editor->setPrevWidget(screens->getCurWidget() ? screens->getCurWidget() : m_mainMenu);
+    // A settings menu that was opened while the file was: it ends, and is nothing to come back to.
+    QWidget* below = screens->getCurWidget();
+    if (m_flowScreens.contains(below))
+        below = m_fileMenu ? m_fileMenu.data() : m_mainMenu;
+    m_editor->setPrevWidget(below ? below : m_mainMenu);
     endBusy();
     screens->Go2NewWidget(m_editor);
+    endFlowScreens();
     return true;
 }
 

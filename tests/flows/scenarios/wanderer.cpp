@@ -29,6 +29,13 @@ constexpr std::array Keys = {Qt::Key_Down, Qt::Key_Down,   Qt::Key_Down,   Qt::K
                              Qt::Key_F7,   Qt::Key_F8,     Qt::Key_F9,     Qt::Key_F10,
                              Qt::Key_F11,  Qt::Key_F12,    Qt::Key_Space};
 
+// Ways that single keys hardly find: to a translation of the word before, to the choice of a
+// dictionary, to the new-word book.
+const std::array<QList<Qt::Key>, 3> Journeys = {
+    {{Qt::Key_Left, Qt::Key_F12, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return},
+     {Qt::Key_F12, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return},
+     {Qt::Key_F9, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}}};
+
 struct Message
 {
     const char* name;
@@ -157,8 +164,10 @@ void Wanderer::burst()
 void Wanderer::oneStep()
 {
     const int choice = upTo(100);
-    if (choice < 62)
+    if (choice < 56)
         pressSomeKey();
+    else if (choice < 62)
+        goSomewhere();
     else if (choice < 78)
         swipe();
     else if (choice < 86)
@@ -181,6 +190,15 @@ void Wanderer::pressSomeKey()
     m_stage.press(key);
     if (upTo(8) > 0 || key == Qt::Key_Escape)
         m_stage.release(key);
+}
+
+void Wanderer::goSomewhere()
+{
+    for (const Qt::Key key : Journeys.at(static_cast<std::size_t>(upTo(int(Journeys.size()))))) {
+        note(QStringLiteral("key %1").arg(QKeySequence(key).toString()));
+        m_stage.press(key);
+        m_stage.release(key);
+    }
 }
 
 void Wanderer::swipe()

@@ -31,6 +31,7 @@ private:
     void burst();
     void oneStep();
     void pressSomeKey();
+    void goSomewhere();
     void swipe();
     void tellSomething();
     void turnTheVoice();

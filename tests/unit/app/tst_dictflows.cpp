@@ -546,6 +546,7 @@ void TestDictFlows::quittingWhileReadingIsClean()
         f.window->transWordFun();
         QTRY_VERIFY(FakeTts::isSpeaking());
         f.window.reset();
+        QVERIFY(!g_InDict);
         QVERIFY(!FakeTts::isStarted());
         QCOMPARE(FakeDic::openDictionaries(), 0);
         QCOMPARE(FakeDic::openRecords(), 0);
