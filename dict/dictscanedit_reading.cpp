@@ -6,6 +6,7 @@
 #include "engines/csoundsrcthread.h"
 #include "engines/csoundtransthread.h"
 #include "engines/cttsthread.h"
+#include "engines/speechrequests.h"
 #include "engines/translater.h"
 #include "platform/zembra_tts.h"
 #include "store/configreader.h"
@@ -229,15 +230,7 @@ void DictScanEdit::clearTransContent()
 void DictScanEdit::setPreparedReading(const QString& source,
                                       const std::shared_ptr<const SpeechText>& prepared)
 {
-    // Newest first: older requests with the same text were dropped by the queue.
-    for (qsizetype i = m_requested.size() - 1; i >= 0; --i) {
-        if (m_requested.at(i).source != source)
-            continue;
-        m_current = m_requested.at(i);
-        m_current.prepared = prepared;
-        m_requested.remove(0, i + 1);
-        return;
-    }
+    takePreparedRequest(m_requested, source, prepared, m_current);
 }
 
 void DictScanEdit::TTShignlightFun(int offset, int length, int kind)

@@ -5,6 +5,7 @@
 #include "editor/caret.h"
 #include "editor/readingvoice.h"
 #include "engines/csoundthread.h"
+#include "engines/speechrequests.h"
 #include "engines/ttsplayer.h"
 #include "platform/devicepaths.h"
 #include "platform/zembra_tts.h"
@@ -152,15 +153,7 @@ void MyEdit::Sound(QString& text)
 void MyEdit::setPreparedReading(const QString& source,
                                 const std::shared_ptr<const SpeechText>& prepared)
 {
-    // Newest first: older requests with the same text were dropped by the queue.
-    for (qsizetype i = m_requested.size() - 1; i >= 0; --i) {
-        if (m_requested.at(i).source != source)
-            continue;
-        m_current = m_requested.at(i);
-        m_current.prepared = prepared;
-        m_requested.remove(0, i + 1);
-        return;
-    }
+    takePreparedRequest(m_requested, source, prepared, m_current);
 }
 
 void MyEdit::tirggleTTShignlight(int offset, int length, int kind)

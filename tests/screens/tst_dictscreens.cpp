@@ -2,14 +2,13 @@
 #include "engines/csoundsrcthread.h"
 #include "engines/csoundtransthread.h"
 #include "engines/translater.h"
-#include "tests/fakes/fakedic.h"
 #include "tests/fakes/faketts.h"
 #include "tests/screens/album.h"
 #include "tests/screens/screenset.h"
 #include "tests/shared/applicationstate.h"
+#include "tests/shared/translatescreen.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QTextEdit>
 
 /* The translate screen. */
@@ -43,12 +42,7 @@ private slots:
     void everyPictureIsUsed();
 
 private:
-    struct Entry
-    {
-        QString word;
-        QString translation;
-        QString headword = {};
-    };
+    using Entry = translatescreen::Entry;
 
     void open(int language, int endLanguage, const QList<Entry>& entries);
     void openEnglish();
@@ -64,9 +58,7 @@ void TestDictScreens::init()
     m_state = std::make_unique<ApplicationState>();
     // Silent, but where a test reads aloud.
     m_state->root.setSetting(QStringLiteral("DictTrans/ReadControl"), 1);
-    QFile mark(QStringLiteral(SWIPELINE_SOURCE_DIR "/device/apps/res/laba.bmp"));
-    QVERIFY(mark.open(QIODevice::ReadOnly));
-    m_state->root.write(QStringLiteral("/apps/res/laba.bmp"), mark.readAll());
+    QVERIFY(translatescreen::installMark(m_state->root));
 }
 
 void TestDictScreens::cleanup()
@@ -78,13 +70,7 @@ void TestDictScreens::cleanup()
 
 void TestDictScreens::open(int language, int endLanguage, const QList<Entry>& entries)
 {
-    FakeDic::Dictionary dictionary;
-    for (const Entry& entry : entries) {
-        const QString& head = entry.headword.isEmpty() ? entry.word : entry.headword;
-        dictionary.entries[entry.word.toStdU16String()].push_back(
-            {head.toStdU16String(), entry.translation.toStdU16String()});
-    }
-    FakeDic::addPair(language, static_cast<std::int16_t>(endLanguage), u"pair", {dictionary});
+    translatescreen::addDictionary(language, endLanguage, entries);
     m_state->load();
     m_edit = std::make_unique<DictScanEdit>(nullptr, true);
     m_edit->setFixedSize(256, 64);

@@ -9,7 +9,6 @@
 #include "widgets/announcer.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextEdit>
@@ -26,9 +25,7 @@ void DictFixture::init()
     m_launcher = std::make_unique<QCopRecorder>();
     m_announced.clear();
     announcer::setSpeaker([this](const QString& text) { m_announced.append(text); });
-    QFile mark(QStringLiteral(SWIPELINE_SOURCE_DIR "/device/apps/res/laba.bmp"));
-    QVERIFY(mark.open(QIODevice::ReadOnly));
-    m_state->root.write(QStringLiteral("/apps/res/laba.bmp"), mark.readAll());
+    QVERIFY(translatescreen::installMark(m_state->root));
 }
 
 void DictFixture::cleanup()
@@ -43,13 +40,7 @@ void DictFixture::cleanup()
 
 void DictFixture::open(int language, int endLanguage, const QList<Entry>& entries)
 {
-    FakeDic::Dictionary dictionary;
-    for (const Entry& entry : entries) {
-        const QString& head = entry.headword.isEmpty() ? entry.word : entry.headword;
-        dictionary.entries[entry.word.toStdU16String()].push_back(
-            {head.toStdU16String(), entry.translation.toStdU16String()});
-    }
-    FakeDic::addPair(language, static_cast<std::int16_t>(endLanguage), u"pair", {dictionary});
+    translatescreen::addDictionary(language, endLanguage, entries);
     m_state->load();
     m_previous = std::make_unique<QWidget>();
     WidgetChange::Instance()->Go2NewWidget(m_previous.get());

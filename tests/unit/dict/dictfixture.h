@@ -5,6 +5,7 @@
 #include "tests/fakes/fakedic.h"
 #include "tests/fakes/qcoprecorder.h"
 #include "tests/shared/applicationstate.h"
+#include "tests/shared/translatescreen.h"
 
 #include <QStringList>
 #include <memory>
@@ -21,12 +22,7 @@ private slots:
     void cleanup();
 
 protected:
-    struct Entry
-    {
-        QString word; // the one looked up
-        QString translation;
-        QString headword = {}; // where it is another one
-    };
+    using Entry = translatescreen::Entry;
 
     /* The screen with one dictionary, which is open; settings are set before. */
     void open(int language, int endLanguage, const QList<Entry>& entries);
