@@ -394,6 +394,7 @@ private:
     void resumeTranslation();
     void beginTransScan();
     void takeTransScan(const QString& text);
+    void showTransScan(const QString& text);
     void showNewWord(const WordItem& item);
     /* Whether keys of that screen rest while a dictionary is being opened. */
     bool keysAreHeld(const QObject* screen) const;

@@ -199,8 +199,16 @@ void MainWindow::takeTransScan(const QString& text)
             openDictionary();
         showDictBusy();
     } else {
-        m_transEdit->takeScan(text);
+        showTransScan(text);
     }
+}
+
+// It may have been on its way when a remembered word was brought up: that one is gone then.
+void MainWindow::showTransScan(const QString& text)
+{
+    m_transEdit->takeScan(text);
+    m_storedIsShown = false;
+    resumeTranslation();
 }
 
 // The translate screen is shown (again): the pen may scan unless what it shows is remembered only,

@@ -193,7 +193,7 @@ void MainWindow::dictionaryIsThere(DictJob job)
     if (m_transEdit)
         resumeTranslation();
     for (const QString& scan : std::exchange(m_waitingScans, {}))
-        m_transEdit->takeScan(scan);
+        showTransScan(scan);
 }
 
 bool MainWindow::keysAreHeld(const QObject* screen) const

@@ -41,10 +41,16 @@ public:
     }
 
 private:
-    // Blanks that meet where something was left out become one; signs that no voice reads well go.
+    // Blanks that meet where something was left out become one; signs that no voice reads well go,
+    // and parentheses that nothing is left in.
     void take(QChar c, qsizetype offset)
     {
         constexpr char16_t Arrow = 0x2192;
+        if (c == u')' && m_spoken.text.endsWith(u'(')) {
+            m_spoken.text.chop(1);
+            m_spoken.origin.removeLast();
+            return;
+        }
         const bool blank = c == u' ' || c == Arrow;
         if (blank && (m_spoken.text.isEmpty() || m_spoken.text.back() == u' '))
             return;

@@ -44,6 +44,7 @@ private slots:
     void newWordsAreListedNewestFirst();
     void emptyBookIsTold();
     void newWordIsShownAndLeadsBack();
+    void scanThatWasOnItsWayTakesTheNewWordsPlace();
     void newWordTakesTheTranslationsPlace();
     void newWordWithoutTranslationIsTold();
     void newWordsWithoutAnEditor();
@@ -216,6 +217,22 @@ void TestDictMenus::newWordIsShownAndLeadsBack()
     f.press({Qt::Key_Escape, Qt::Key_Escape});
     QCOMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
     QVERIFY(!FakeIap::stopSignal());
+    f.settle();
+}
+
+void TestDictMenus::scanThatWasOnItsWayTakesTheNewWordsPlace()
+{
+    DictFixture f;
+    remember({"one"});
+    f.translate();
+    chooseMore(f, QStringLiteral("New words"));
+    f.press({Qt::Key_Down, Qt::Key_Return});
+    QCOMPARE(f.screen()->selectedWord(), QStringLiteral("one"));
+    f.settle();
+    QVERIFY(FakeIap::stopSignal());
+    emit f.window->editor()->signalTransText(QStringLiteral("keeper"));
+    QCOMPARE(f.screen()->selectedWord(), QStringLiteral("keeper"));
+    QVERIFY(!FakeIap::stopSignal()); // and the next one is taken
     f.settle();
 }
 

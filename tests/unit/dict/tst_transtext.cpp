@@ -50,6 +50,7 @@ void TestTransText::squareBracketsAreForTheEyes_data()
     row("gender", u"Haus [n], Heim [n]; bauen", u"Haus , Heim ; bauen");
     row("at the end", u"Haus [n]", u"Haus");
     row("at the beginning", u"[f] Haus", u"Haus");
+    row("in parentheses", u"von ([+ dat]) dort", u"von dort");
     row("one in the other", u"a [b [c] d] e", u"a e");
     row("not closed", u"a [b c", u"a [b c");
     row("closed only", u"a ] b", u"a ] b");
