@@ -62,6 +62,34 @@ std::optional<Run> nearestCore(const std::vector<Run>& runs, double middle, doub
     return core;
 }
 
+/* The line that the pen was aimed at, and the runs of all that lie around it. */
+struct Parted
+{
+    Run core;
+    std::vector<Run> runs;
+};
+
+/* Raises the threshold until the run nearest to the middle is no higher than a line: what little
+ * ink there is between lines joins them at a low one. At the lowest threshold when that never
+ * happens. */
+std::optional<Parted> partLines(const std::vector<float>& profile, double middle, double dotsPerMm,
+                                bool han, float ground, float fullest)
+{
+    int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
+    const double most = (han ? MostHanCoreMm : MostCoreMm) * dotsPerMm;
+    std::optional<Parted> parted;
+    for (float part = CorePart; part < HighestPart; part += PartStep) {
+        std::vector<Run> runs = fullRuns(profile, ground + part * (fullest - ground), bridge);
+        const std::optional<Run> nearest = nearestCore(runs, middle, dotsPerMm);
+        if (nearest && (!parted || nearest->height() <= most))
+            parted = Parted{*nearest, std::move(runs)};
+        if (!parted || parted->core.height() <= most)
+            break;
+        bridge = static_cast<int>(std::lround(TightBridgeMm * dotsPerMm));
+    }
+    return parted;
+}
+
 /* The emptiest row strictly between two; the middle one of several. */
 int valley(const std::vector<float>& profile, int after, int before)
 {
@@ -109,44 +137,31 @@ std::optional<LineBand> findLine(const std::vector<float>& profile, double middl
     if (fullest - ground < LeastInk)
         return std::nullopt;
 
-    int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
-    const double most = (han ? MostHanCoreMm : MostCoreMm) * dotsPerMm;
-    std::vector<Run> runs;
-    std::optional<Run> core;
-    for (float part = CorePart; part < HighestPart; part += PartStep) {
-        std::vector<Run> found = fullRuns(profile, ground + part * (fullest - ground), bridge);
-        const std::optional<Run> nearest = nearestCore(found, middle, dotsPerMm);
-        if (!core || (nearest && nearest->height() <= most)) {
-            core = nearest;
-            runs = std::move(found);
-        }
-        if (!core || core->height() <= most)
-            break;
-        bridge = static_cast<int>(std::lround(TightBridgeMm * dotsPerMm));
-    }
-    if (!core)
+    const auto parted = partLines(profile, middle, dotsPerMm, han, ground, fullest);
+    if (!parted)
         return std::nullopt;
 
-    const double height = core->height();
+    const Run& core = parted->core;
+    const double height = core.height();
     LineBand band;
-    band.coreTop = core->first;
-    band.coreBottom = core->last;
+    band.coreTop = core.first;
+    band.coreBottom = core.last;
     band.belowTop = rows;
-    for (const Run& run : runs) {
+    for (const Run& run : parted->runs) {
         if (run.height() < NeighbourPart * height)
             continue;
-        if (run.last < core->first)
+        if (run.last < core.first)
             band.aboveBottom = run.last;
-        if (run.first > core->last && band.belowTop == rows)
+        if (run.first > core.last && band.belowTop == rows)
             band.belowTop = run.first;
     }
     const int reachUp = static_cast<int>((han ? 0.35 : 1.25) * height);
     const int reachDown = static_cast<int>((han ? 0.35 : 0.8) * height);
-    band.top = std::max(0, core->first - reachUp);
-    band.bottom = std::min(rows - 1, core->last + reachDown);
+    band.top = std::max(0, core.first - reachUp);
+    band.bottom = std::min(rows - 1, core.last + reachDown);
     if (band.aboveBottom >= 0)
-        band.top = std::max(band.top, valley(profile, band.aboveBottom, core->first));
+        band.top = std::max(band.top, valley(profile, band.aboveBottom, core.first));
     if (band.belowTop < rows)
-        band.bottom = std::min(band.bottom, valley(profile, core->last, band.belowTop));
+        band.bottom = std::min(band.bottom, valley(profile, core.last, band.belowTop));
     return band;
 }

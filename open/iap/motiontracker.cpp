@@ -104,6 +104,17 @@ Shift MotionTracker::beyondView(Shift place) const
     return place;
 }
 
+// Nothing that is known is in view any more: the pen goes on from where it should be.
+Shift MotionTracker::leapTo(const Shift& expected, std::int64_t timeUs)
+{
+    m_counts.jumps += m_lostSince > m_blankSince || m_blankSince == 0 ? 1 : 0;
+    m_place = m_tracked = m_blankSince > 0 ? beyondView(expected) : expected;
+    m_timeUs = m_trackedUs = timeUs;
+    m_lostSince = 0;
+    m_blankSince = 0;
+    return m_place;
+}
+
 std::optional<Shift> MotionTracker::track(const cv::Mat& ink, std::int64_t timeUs)
 {
     const auto frame = std::make_shared<const FramePyramid>(ink);
@@ -131,13 +142,7 @@ std::optional<Shift> MotionTracker::track(const cv::Mat& ink, std::int64_t timeU
     if (place) {
         accept(*place, timeUs);
     } else if (hasCrossedBlank(expected) || isOutOfView(expected)) {
-        // Nothing that is known is in view any more: go on from where the pen should be.
-        m_counts.jumps += m_lostSince > m_blankSince || m_blankSince == 0 ? 1 : 0;
-        place = m_blankSince > 0 ? beyondView(expected) : expected;
-        m_place = m_tracked = *place;
-        m_timeUs = m_trackedUs = timeUs;
-        m_lostSince = 0;
-        m_blankSince = 0;
+        place = leapTo(expected, timeUs);
     } else {
         ++m_counts.lost;
         ++m_lostSince;

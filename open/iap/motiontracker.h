@@ -44,6 +44,7 @@ private:
     bool isOutOfView(const Shift& place) const;
     bool hasCrossedBlank(const Shift& expected) const;
     Shift beyondView(Shift place) const;
+    Shift leapTo(const Shift& expected, std::int64_t timeUs);
 
     std::optional<Placed> m_key;
     std::optional<Placed> m_latest;
