@@ -85,6 +85,7 @@ bool DictScanEdit::silenceByKey(int key)
             return true;
     }
     if (m_srcThread->isRunning()) {
+        m_srcAgain = false;
         m_stoppedByKey = true; // before the stop: one that comes too early is made good by it
         TTSPlayer::Instance()->stop();
         return true;

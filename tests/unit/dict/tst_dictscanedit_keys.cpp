@@ -25,6 +25,7 @@ private slots:
     void aKeyGoesOnOnceTheMenusAreSilent();
     void anyKeyEndsTheReadingOfTheWord_data();
     void anyKeyEndsTheReadingOfTheWord();
+    void aKeyEndsAlsoTheReadingThatWaitsForTheEndOfOne();
     void keyThatEndsTheReadingOfAnEntry_data();
     void keyThatEndsTheReadingOfAnEntry();
     void upAndDownWaitForTheEntry();
@@ -196,6 +197,22 @@ void TestDictScanEditKeys::anyKeyEndsTheReadingOfTheWord()
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("house"));
     QCOMPARE(left.count() + quick.count(), 0);
     QCOMPARE(m_edit->getcurRowonly(), 0);
+}
+
+// A scan came, and the engine still speaks the word before.
+void TestDictScanEditKeys::aKeyEndsAlsoTheReadingThatWaitsForTheEndOfOne()
+{
+    openEnglish();
+    holdWord();
+    FakeTts::missStops(1);
+    m_edit->takeScan(QStringLiteral("green"));
+    QCoreApplication::processEvents();
+    QVERIFY(m_edit->srcThread()->isRunning());
+    QVERIFY(m_edit->getOkSoundFlagForTalk()); // the next one is due
+    FakeTts::setPace(FakeTts::Pace::Automatic);
+    press(Qt::Key_Right);
+    waitUntilSilent();
+    QCOMPARE(spoken(), QStringList("house"));
 }
 
 void TestDictScanEditKeys::keyThatEndsTheReadingOfAnEntry_data()
