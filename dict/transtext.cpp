@@ -7,6 +7,11 @@ bool isControl(QChar c)
 {
     constexpr char16_t FrameBegin = 0xfdd0;
     constexpr char16_t FrameEnd = 0xfdd1;
+    // The ligatures of OE as Windows codes them: letters of words.
+    constexpr char16_t UpperLigature = 0x8c;
+    constexpr char16_t LowerLigature = 0x9c;
+    if (c == UpperLigature || c == LowerLigature)
+        return false;
     return c.category() == QChar::Other_Control || c == QChar::LineSeparator
            || c == QChar::ParagraphSeparator || c == QChar::ObjectReplacementCharacter
            || c == FrameBegin || c == FrameEnd;

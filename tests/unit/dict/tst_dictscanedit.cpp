@@ -19,6 +19,7 @@ private slots:
     void furtherTextBecomesALine();
     void appendedTextIsNotLookedUp();
     void strangeTextsArePlain();
+    void lettersAsWindowsCodesThemArePartsOfWords();
     void walkGoesOverTheWordsAndStopsAtTheEnds();
     void walkOverAnEmptyText();
     void walkByLines();
@@ -142,6 +143,15 @@ void TestDictScanEdit::strangeTextsArePlain()
     QCOMPARE(scanText(), plain.chopped(1));
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("green"));
     m_edit->grab();
+}
+
+void TestDictScanEdit::lettersAsWindowsCodesThemArePartsOfWords()
+{
+    const QString word = QStringLiteral("c\u009cur");
+    open(103, 101, {{word, "heart"}});
+    m_edit->setScanText(word + QStringLiteral(" vert"), true);
+    QCOMPARE(m_edit->selectedWord(), word);
+    QCOMPARE(m_edit->resultCount(), 1);
 }
 
 void TestDictScanEdit::appendedTextIsNotLookedUp()

@@ -72,6 +72,8 @@ void TestTransWords::lines_data()
     row("a hyphen is a word", English, u"well-known", {"well", "-", "known"});
     row("brackets are words", English, u"(a) b", {"(", "a", ")", "b"});
     row("accents", French, u"éléphant œuvre Ÿ", {"éléphant", "œuvre", "Ÿ"});
+    row("letters of Windows", French, u"c\u009cur \u008cuvre",
+        {QStringLiteral("c\u009cur"), QStringLiteral("\u008cuvre")});
     row("Spanish marks", 105, u"¿qué? ¡sí!", {"¿", "qué", "¡sí"});
     row("Russian", Russian, u"Съешь ещё, булок", {"Съешь", "ещё", "булок"});
     row("Latin in Russian", Russian, u"слово word1", {"слово", "word1"});
