@@ -279,6 +279,7 @@ private:
     bool joinFragment();
     qsizetype joinedLength() const;
     bool selectJoined();
+    qsizetype firstPlace(int position) const;
     void selectFrom(qsizetype position);
     void selectCharacterBefore(int position);
 

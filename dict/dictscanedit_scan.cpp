@@ -14,12 +14,11 @@ void DictScanEdit::setScanText(const QString& text, bool replace)
 {
     stopReading();
     leaveWholeView();
-    m_previousFragment.clear();
     m_pendingFragment.clear();
     if (replace)
         showScanText(text);
     else
-        appendText(text);
+        appendText(text); // a joined word that is shown stays one
     putCursor(0);
     MoveNext();
     changeTras();
@@ -96,12 +95,14 @@ void DictScanEdit::researchScanText()
     if (joins)
         takeFragment(text);
     const bool joined = joins && joinFragment();
+    const bool triesJoined = joined && m_whole.isValid();
 
     if (!joins)
         selectCharacterBefore(position);
-    else if (!(joined && selectJoined()))
-        selectFrom(found ? position - 1 + joinedLength() : 0);
-    changeTras();
+    else if (!(triesJoined && selectJoined()))
+        selectFrom(firstPlace(found ? position : 0));
+    if (!triesJoined || selection() != m_whole) // else it has been looked up
+        changeTras();
     remember();
 }
 
@@ -129,10 +130,10 @@ bool DictScanEdit::joinFragment()
 {
     if (m_previousFragment.isEmpty())
         return false;
-    const Span rest = transwords::next(scanText(), 0, cut());
+    const Span rest = transwords::restAtStart(scanText(), cut());
     QTextCursor start(m_scanPane->document());
     start.insertText(m_previousFragment + u'-');
-    if (rest.isValid() && rest.start == 0) {
+    if (rest.isValid()) {
         m_whole = {0, joinedLength() + rest.end};
         m_joinedRest = scanText().mid(joinedLength(), rest.length());
     }
@@ -148,10 +149,17 @@ qsizetype DictScanEdit::joinedLength() const
 // else the line holds words.
 bool DictScanEdit::selectJoined()
 {
-    if (!m_whole.isValid())
-        return false;
     select(m_whole);
     return changeTras() > 0;
+}
+
+// Where the selection looks for its word: at the engine's place in what was scanned. When the
+// engine found nothing, at the start; but a piece that could not be joined was there before.
+qsizetype DictScanEdit::firstPlace(int position) const
+{
+    if (position > 0)
+        return joinedLength() + position - 1;
+    return m_whole.isValid() ? 0 : joinedLength();
 }
 
 void DictScanEdit::selectFrom(qsizetype position)
@@ -164,10 +172,12 @@ void DictScanEdit::selectFrom(qsizetype position)
 }
 
 // In scripts without blanks the engine's place is the one behind its first character, counted from
-// 0: the word before it is the one that was found.
+// 0: the word before it is the one that was found. Where that is more than one code unit, a rare
+// character or a word in Western letters, its end is behind it.
 void DictScanEdit::selectCharacterBefore(int position)
 {
-    putCursor(position);
+    const Span word = transwords::next(scanText(), position - 1, cut());
+    putCursor(position > 0 && word.start == position - 1 ? word.end : position);
     if (MovePrev() == 0)
         selectFrom(0);
 }

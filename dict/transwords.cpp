@@ -108,6 +108,12 @@ Span fragmentAtEnd(const QString& text, const Cut& cut)
     return piece ? word : Span{};
 }
 
+Span restAtStart(const QString& text, const Cut& cut)
+{
+    const bool rest = !text.isEmpty() && forms(text.front(), cut.language);
+    return rest ? next(text, 0, cut) : Span{};
+}
+
 bool isWrittenWithoutBlanks(int language)
 {
     return language == 1 || language == 3 || language == 4;

@@ -44,6 +44,9 @@ Span previous(const QString& text, qsizetype before, const Cut& cut);
 /* The piece of a word that a line ends with before its hyphen; invalid when it ends otherwise. */
 Span fragmentAtEnd(const QString& text, const Cut& cut);
 
+/* The rest of a word that a line begins with; invalid when it begins otherwise. */
+Span restAtStart(const QString& text, const Cut& cut);
+
 /* Whether lines of a language are cut at the place that the dictionary tells, and never joined:
  * those written without blanks. */
 bool isWrittenWithoutBlanks(int language);

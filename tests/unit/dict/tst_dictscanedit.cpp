@@ -18,6 +18,7 @@ private slots:
     void firstWordOfATextIsSelectedAndLookedUp();
     void furtherTextBecomesALine();
     void appendedTextIsNotLookedUp();
+    void furtherTextLeavesAJoinedWordJoined();
     void strangeTextsArePlain();
     void lettersAsWindowsCodesThemArePartsOfWords();
     void walkGoesOverTheWordsAndStopsAtTheEnds();
@@ -44,6 +45,10 @@ private slots:
     void joinedWordKeepsItsHyphenWhereTheDictionaryHasIt();
     void restOfAJoinedWordIsAWordItself();
     void joinedWordThatIsNotThereGivesWayToTheEnginesWord();
+    void aPieceThatCannotBeJoinedIsNotSelectedAgain_data();
+    void aPieceThatCannotBeJoinedIsNotSelectedAgain();
+    void aJoinedWordIsLookedUpOnce_data();
+    void aJoinedWordIsLookedUpOnce();
     void joinedWordIsOneStepOfTheWalk();
     void aPieceIsJoinedOnce();
     void aHyphenAloneIsNoPiece();
@@ -51,6 +56,8 @@ private slots:
     void chineseIsNeverJoined();
     void chineseCharacterByCharacter();
     void chineseScanStartsWhereTheEngineSays();
+    void enginesWordInAChineseScanIsSelectedWhole_data();
+    void enginesWordInAChineseScanIsSelectedWhole();
     void storedWordIsShownWithoutALookUp();
     void storedNothingIsRefused();
     void clearingTellsTheLauncher();
@@ -143,6 +150,17 @@ void TestDictScanEdit::strangeTextsArePlain()
     QCOMPARE(scanText(), plain.chopped(1));
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("green"));
     m_edit->grab();
+}
+
+void TestDictScanEdit::furtherTextLeavesAJoinedWordJoined()
+{
+    openEnglish();
+    m_edit->takeScan(QStringLiteral("inter-"));
+    m_edit->takeScan(QStringLiteral("national"));
+    m_edit->setScanText(QStringLiteral("house"), false);
+    QCOMPARE(scanText(), QStringLiteral("inter-national\nhouse"));
+    QCOMPARE(m_edit->selectedWord(), QStringLiteral("inter-national"));
+    QCOMPARE(shown(), QStringLiteral("international: international"));
 }
 
 void TestDictScanEdit::lettersAsWindowsCodesThemArePartsOfWords()
@@ -418,6 +436,57 @@ void TestDictScanEdit::joinedWordThatIsNotThereGivesWayToTheEnginesWord()
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("xyz-zyx"));
 }
 
+void TestDictScanEdit::aPieceThatCannotBeJoinedIsNotSelectedAgain_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("selected");
+    QTest::newRow("blank, nothing found") << " zyx qq"
+                                          << "zyx";
+    QTest::newRow("separator, nothing found") << ", zyx"
+                                              << "zyx";
+    QTest::newRow("bracket, nothing found") << "(zyx)"
+                                            << "(";
+    QTest::newRow("blank, a word found") << " zyx house"
+                                         << "house";
+}
+
+void TestDictScanEdit::aPieceThatCannotBeJoinedIsNotSelectedAgain()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, selected);
+    openEnglish();
+    m_edit->takeScan(QStringLiteral("xyz-"));
+    QCOMPARE(m_edit->selectedWord(), QStringLiteral("xyz"));
+    m_edit->takeScan(text);
+    QCOMPARE(scanText(), QStringLiteral("xyz-") + text);
+    QCOMPARE(m_edit->selectedWord(), selected);
+}
+
+void TestDictScanEdit::aJoinedWordIsLookedUpOnce_data()
+{
+    QTest::addColumn<QString>("piece");
+    QTest::addColumn<QString>("rest");
+    QTest::addColumn<int>("lookUps");
+    QTest::newRow("found") << "inter-"
+                           << "national" << 1;
+    // Without its hyphen, with it, and the rest alone.
+    QTest::newRow("nothing found") << "xyz-"
+                                   << "zyx" << 3;
+}
+
+void TestDictScanEdit::aJoinedWordIsLookedUpOnce()
+{
+    QFETCH(QString, piece);
+    QFETCH(QString, rest);
+    QFETCH(int, lookUps);
+    openEnglish();
+    m_edit->takeScan(piece);
+    CallLog::clear();
+    m_edit->takeScan(rest);
+    QCOMPARE(m_edit->selectedWord(), piece + rest);
+    QCOMPARE(int(CallLog::texts("ZEMBRA_DIC_SearchWord").size()), lookUps);
+}
+
 void TestDictScanEdit::joinedWordIsOneStepOfTheWalk()
 {
     openEnglish();
@@ -487,6 +556,22 @@ void TestDictScanEdit::chineseScanStartsWhereTheEngineSays()
     QCOMPARE(shown(), QStringLiteral("country"));
     m_edit->takeScan(QStringLiteral("中人"));
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("中"));
+}
+
+void TestDictScanEdit::enginesWordInAChineseScanIsSelectedWhole_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::newRow("beyond the basic plane") << QString::fromUcs4(U"\U00020000");
+    QTest::newRow("Western letters") << QStringLiteral("USB");
+}
+
+void TestDictScanEdit::enginesWordInAChineseScanIsSelectedWhole()
+{
+    QFETCH(QString, word);
+    open(1, 101, {{word, "found"}});
+    m_edit->takeScan(QStringLiteral("中 ") + word + QStringLiteral(" 人"));
+    QCOMPARE(m_edit->selectedWord(), word);
+    QCOMPARE(shown(), QStringLiteral("found"));
 }
 
 void TestDictScanEdit::storedWordIsShownWithoutALookUp()

@@ -48,6 +48,8 @@ private slots:
     void aStretchCanBeOneWord();
     void fragmentAtTheEndOfALine_data();
     void fragmentAtTheEndOfALine();
+    void restAtTheStartOfALine_data();
+    void restAtTheStartOfALine();
     void chineseRunsHaveEightCharactersAtTheMost();
     void trimmedWords_data();
     void trimmedWords();
@@ -174,6 +176,34 @@ void TestTransWords::fragmentAtTheEndOfALine()
     QFETCH(QString, piece);
     const Span span = transwords::fragmentAtEnd(text, {English, false, {}});
     QCOMPARE(span.isValid() ? text.mid(span.start, span.length()) : QString(), piece);
+}
+
+void TestTransWords::restAtTheStartOfALine_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("rest");
+    QTest::newRow("rest of a word") << "national law"
+                                    << "national";
+    QTest::newRow("only a rest") << "national"
+                                 << "national";
+    QTest::newRow("behind a blank") << " national"
+                                    << "";
+    QTest::newRow("separator") << ", national"
+                               << "";
+    QTest::newRow("bracket") << "(national)"
+                             << "";
+    QTest::newRow("hyphen") << "-national"
+                            << "";
+    QTest::newRow("nothing") << ""
+                             << "";
+}
+
+void TestTransWords::restAtTheStartOfALine()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, rest);
+    const Span span = transwords::restAtStart(text, {English, false, {}});
+    QCOMPARE(span.isValid() ? text.mid(span.start, span.length()) : QString(), rest);
 }
 
 void TestTransWords::chineseRunsHaveEightCharactersAtTheMost()
