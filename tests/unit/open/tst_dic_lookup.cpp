@@ -1,16 +1,13 @@
-/* From words as they are printed to entries: other spellings, forms, parts, compounds, accents;
- * the first word of a line. */
+/* From words as they are printed to entries: other spellings, parts, compounds, accents; the first
+ * word of a line. */
 #include "open/dic/compounds.h"
-#include "open/dic/folderscan.h"
-#include "open/dic/lookup.h"
 #include "open/dic/wordcutter.h"
-#include "tests/unit/open/dicfiles.h"
+#include "tests/unit/open/lookupfixture.h"
 
-#include <QTemporaryDir>
 #include <QTest>
 #include <set>
 
-class TestDicLookup : public QObject
+class TestDicLookup : public LookupFixture
 {
     Q_OBJECT
 
@@ -19,17 +16,6 @@ private slots:
     void entriesWithMoreExamplesComeFirst();
     void anotherSpellingIsFound();
     void anEntryIsShownOnce();
-    void irregularFormsLeadToTheirWords();
-    void aWordThatIsAFormAsWellShowsBoth();
-    void formsOfTheCommonestVerbsLead();
-    void theWordClassOfAFormChoosesTheEntry();
-    void smallLettersAreNoNoun();
-    void capitalsAreANounInGerman();
-    void participlesAreAdjectivesInGerman();
-    void capitalsBeginASentenceElsewhere();
-    void abbreviationsSpelledLikeTheWordComeLast();
-    void theLongestStemWins();
-    void stemsInAnOlderEncoding();
     void theWordAtAnApostropheIsFound_data();
     void theWordAtAnApostropheIsFound();
     void compoundsArePartedInLanguagesThatHaveThem();
@@ -49,69 +35,7 @@ private slots:
     void theFirstKnownWordOfALineCounts_data();
     void theFirstKnownWordOfALineCounts();
     void aLineWithoutKnownWordsHasNone();
-    void damagedTablesOfFormsAreLeftOut();
-
-private:
-    std::string path(const std::string& name) const
-    {
-        return m_folder.path().toStdString() + "/" + name;
-    }
-    dic::WordFormFiles forms(const std::string& table, const std::string& affixes = {},
-                             const std::string& words = {});
-    void open(const std::string& pair, const std::vector<dicfiles::Entry>& entries,
-              const dic::WordFormFiles& files = {});
-    QStringList found(const std::u16string& word);
-    QStringList describe(const std::vector<dic::Hit>& hits);
-
-    QTemporaryDir m_folder;
-    std::unique_ptr<dic::IndexShelf> m_shelf;
-    std::unique_ptr<dic::Dictionary> m_dictionary;
-    std::unique_ptr<dic::WordForms> m_forms;
-    std::unique_ptr<dic::Lookup> m_lookup;
 };
-
-dic::WordFormFiles TestDicLookup::forms(const std::string& table, const std::string& affixes,
-                                        const std::string& words)
-{
-    dicfiles::write(path("x.forms"), table);
-    if (words.empty())
-        return {path("x.forms"), {}, {}};
-    dicfiles::write(path("x.aff"), affixes);
-    dicfiles::write(path("x.dic"), words);
-    return {path("x.forms"), path("x.aff"), path("x.dic")};
-}
-
-void TestDicLookup::open(const std::string& pair, const std::vector<dicfiles::Entry>& entries,
-                         const dic::WordFormFiles& files)
-{
-    dicfiles::writeDict(path(pair), entries);
-    dic::Source source;
-    source.stem = path(pair);
-    source.place = "0/" + pair;
-    source.pair = dic::pairOfFileName(pair);
-    m_shelf = std::make_unique<dic::IndexShelf>("");
-    m_dictionary = dic::Dictionary::open(source, *m_shelf);
-    QVERIFY(m_dictionary);
-    m_forms = std::make_unique<dic::WordForms>(files);
-    m_lookup = std::make_unique<dic::Lookup>(*m_dictionary, *m_forms);
-}
-
-// "word: text", and how it was found unless exactly.
-QStringList TestDicLookup::describe(const std::vector<dic::Hit>& hits)
-{
-    static const char* const names[] = {"", " folded", " form", " part", " compound", " accents"};
-    QStringList lines;
-    for (const dic::Hit& hit : hits)
-        lines.append(QString::fromStdString(hit.entry.word) + QStringLiteral(": ")
-                     + QString::fromStdU16String(hit.entry.text()).section(u'\n', 0, 0)
-                     + QString::fromLatin1(names[int(hit.match)]));
-    return lines;
-}
-
-QStringList TestDicLookup::found(const std::u16string& word)
-{
-    return describe(m_lookup->search(word));
-}
 
 void TestDicLookup::theExactSpellingComesFirst()
 {
@@ -152,115 +76,6 @@ void TestDicLookup::anEntryIsShownOnce()
     QVERIFY(dictionary);
     dic::WordForms none;
     QCOMPARE(describe(dic::Lookup(*dictionary, none).search(u"Hus")), QStringList("Hus: Haus"));
-}
-
-void TestDicLookup::irregularFormsLeadToTheirWords()
-{
-    open("eng-deu", {{"go", "gehen"}, {"see", "sehen"}},
-         forms("went\tgo\nSaw\tsee\nsaw\tabsent\n"));
-    QCOMPARE(found(u"Went"), QStringList("go: gehen form"));
-    QCOMPARE(found(u"saw"), QStringList("see: sehen form"));
-    QVERIFY(found(u"seen").isEmpty());
-}
-
-void TestDicLookup::aWordThatIsAFormAsWellShowsBoth()
-{
-    open("eng-deu", {{"saw", "Saege"}, {"see", "sehen"}}, forms("saw\tsee\n"));
-    QCOMPARE(found(u"saw"), QStringList({"saw: Saege", "see: sehen form"}));
-}
-
-void TestDicLookup::formsOfTheCommonestVerbsLead()
-{
-    open("fra-deu", {{"est", "Osten"}, {"etre", "sein"}, {"suivre", "folgen"}},
-         forms("est\tetre\tv\nest\test\nest\tsuivre\tv\n"));
-    QCOMPARE(found(u"est"), QStringList({"etre: sein form", "est: Osten", "suivre: folgen form"}));
-}
-
-void TestDicLookup::theWordClassOfAFormChoosesTheEntry()
-{
-    const std::vector<dicfiles::Entry> entries = {{"vilja", "vilja <n, ut>\nWille"},
-                                                  {"vilja", "vilja\nwer weiss"},
-                                                  {"vilja", "vilja <v>\nwollen"}};
-    open("swe-deu", entries,
-         forms("vill\tvilja\tv\nviljor\tvilja\tn\nviljas\tvilja\nviljan\tvilja\tf\n"));
-    QCOMPARE(found(u"vill").first(), QString("vilja: wollen form"));
-    QCOMPARE(found(u"vill").last(), QString("vilja: Wille form"));
-    QCOMPARE(found(u"viljor").first(), QString("vilja: Wille form"));
-    QCOMPARE(found(u"viljas").first(), QString("vilja: Wille form"));
-    QCOMPARE(found(u"viljan").first(), QString("vilja: wer weiss form"));
-    QCOMPARE(found(u"vilja").size(), 3);
-}
-
-void TestDicLookup::smallLettersAreNoNoun()
-{
-    const std::vector<dicfiles::Entry> entries = {{"habe", "Habe\npossessions"},
-                                                  {"haben", "haben\nto have"},
-                                                  {"reise", "Reise\njourney"},
-                                                  {"reisen", "reisen\nto travel"}};
-    open("deu-eng", entries,
-         forms("habe\thaben\tv\n", "SET UTF-8\nSFX E Y 1\nSFX E en e en\n", "1\nreisen/E\n"));
-    QCOMPARE(found(u"habe"), QStringList({"haben: to have form", "Habe: possessions folded"}));
-    QCOMPARE(found(u"Habe"), QStringList({"Habe: possessions", "haben: to have form"}));
-    QCOMPARE(found(u"reise"), QStringList({"reisen: to travel form", "Reise: journey folded"}));
-    QCOMPARE(found(u"Reise"), QStringList("Reise: journey"));
-}
-
-void TestDicLookup::capitalsAreANounInGerman()
-{
-    const std::vector<dicfiles::Entry> entries = {
-        {"tagen", "tagen\nto meet"}, {"tag", "Tag\nday"}, {"nach", "nach\nafter"}};
-    const dic::WordFormFiles files =
-        forms("", "SET UTF-8\nSFX E Y 1\nSFX E 0 en .\n", "3\nTag/E\ntagen\nnach\n");
-    open("deu-eng", entries, files);
-    QCOMPARE(found(u"Tagen"), QStringList({"Tag: day form", "tagen: to meet folded"}));
-    QCOMPARE(found(u"tagen"), QStringList("tagen: to meet"));
-    QCOMPARE(found(u"Nach"), QStringList("nach: after folded"));
-}
-
-void TestDicLookup::participlesAreAdjectivesInGerman()
-{
-    const std::vector<dicfiles::Entry> entries = {{"entsprechend", "entsprechend <adj>\nsuitable"},
-                                                  {"rast", "Rast\nrest"}};
-    const dic::WordFormFiles files =
-        forms("", "SET UTF-8\nSFX X Y 1\nSFX X n nde n\n", "2\nentsprechen/X\nRasten\n");
-    open("deu-eng", entries, files);
-    QCOMPARE(found(u"entsprechende"), QStringList("entsprechend: suitable form"));
-    QVERIFY(found(u"entsprechenden").isEmpty()); // not known as a word here
-    open("eng-deu", entries, files);
-    QVERIFY(found(u"entsprechende").isEmpty());
-}
-
-void TestDicLookup::capitalsBeginASentenceElsewhere()
-{
-    open("eng-deu", {{"saw", "Saege"}, {"see", "sehen"}}, forms("saw\tsee\tv\n"));
-    QCOMPARE(found(u"Saw"), QStringList({"saw: Saege folded", "see: sehen form"}));
-}
-
-void TestDicLookup::abbreviationsSpelledLikeTheWordComeLast()
-{
-    open("deu-eng",
-         {{"war", "Wassermannreaktion /v/ (WaR) <fem>\nWassermann reaction"},
-          {"sein", "sein\nto be"}},
-         forms("war\tsein\tv\n"));
-    QCOMPARE(found(u"war"),
-             QStringList({"sein: to be form", "Wassermannreaktion: Wassermann reaction folded"}));
-}
-
-void TestDicLookup::theLongestStemWins()
-{
-    open("eng-deu", {{"work", "Arbeit"}, {"worker", "Arbeiter"}},
-         forms("", "SET UTF-8\nSFX S Y 1\nSFX S 0 s .\nSFX R Y 1\nSFX R 0 er/S .\n",
-               "2\nwork/RS\nworker/S\n"));
-    QCOMPARE(found(u"workers"), QStringList("worker: Arbeiter form"));
-    QCOMPARE(found(u"works"), QStringList("work: Arbeit form"));
-    QVERIFY(found(u"workes").isEmpty());
-}
-
-void TestDicLookup::stemsInAnOlderEncoding()
-{
-    open("deu-eng", {{"\xc3\xa4rger", "\xc3\x84rger\ntrouble"}},
-         forms("", "SET ISO8859-1\nSFX S Y 1\nSFX S 0 s .\n", "1\n\xc4rger/S\n"));
-    QCOMPARE(found(u"\u00c4rgers"), QStringList(QString::fromUtf8("Ärger: trouble form")));
 }
 
 void TestDicLookup::theWordAtAnApostropheIsFound_data()
@@ -496,20 +311,6 @@ void TestDicLookup::aLineWithoutKnownWordsHasNone()
         QCOMPARE(first.position, std::size_t(0));
         QVERIFY(first.hits.empty());
     }
-}
-
-void TestDicLookup::damagedTablesOfFormsAreLeftOut()
-{
-    for (const std::string& table : {std::string("a\xff\tb\n"), std::string("a\0b", 3)}) {
-        const dic::WordForms forms(
-            {(dicfiles::write(path("y.forms"), table), path("y.forms")), {}, {}});
-        QVERIFY(forms.lemmas("a").empty());
-    }
-    dicfiles::write(path("y.forms"), "no tab\n\t\nx\t\n\ty\nwent\tgo\n");
-    const dic::WordForms forms({path("y.forms"), {}, {}});
-    QCOMPARE(forms.lemmas("went").size(), std::size_t(1));
-    QCOMPARE(forms.lemmas("went").front().word, std::string("go"));
-    QVERIFY(forms.lemmas("x").empty());
 }
 
 QTEST_APPLESS_MAIN(TestDicLookup)
