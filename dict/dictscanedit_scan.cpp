@@ -120,7 +120,7 @@ bool DictScanEdit::findFirst(const QString& text, int& position)
 
 void DictScanEdit::takeFragment(const QString& text)
 {
-    const Span piece = transwords::fragmentAtEnd(text, cut());
+    const Span piece = transwords::fragmentAtEnd(text, {m_language, false, {}});
     if (piece.isValid())
         m_pendingFragment = text.mid(piece.start, piece.length());
 }
@@ -130,7 +130,7 @@ bool DictScanEdit::joinFragment()
 {
     if (m_previousFragment.isEmpty())
         return false;
-    const Span rest = transwords::restAtStart(scanText(), cut());
+    const Span rest = transwords::restAtStart(scanText(), {m_language, false, {}});
     QTextCursor start(m_scanPane->document());
     start.insertText(m_previousFragment + u'-');
     if (rest.isValid()) {

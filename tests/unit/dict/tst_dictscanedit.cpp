@@ -42,6 +42,7 @@ private slots:
     void theEnginesFirstWordIsSelected();
     void withoutAFirstWordTheTextsOwnIs();
     void scansAreJoinedAtAHyphen();
+    void scansAreJoinedAlsoInTheSingleCharacterMode();
     void joinedWordKeepsItsHyphenWhereTheDictionaryHasIt();
     void restOfAJoinedWordIsAWordItself();
     void joinedWordThatIsNotThereGivesWayToTheEnginesWord();
@@ -403,6 +404,16 @@ void TestDictScanEdit::scansAreJoinedAtAHyphen()
     QCOMPARE(scanText(), QStringLiteral("inter-national house"));
     QCOMPARE(m_edit->selectedWord(), QStringLiteral("inter-national"));
     QCOMPARE(shown(), QStringLiteral("international: international"));
+}
+
+void TestDictScanEdit::scansAreJoinedAlsoInTheSingleCharacterMode()
+{
+    openEnglish();
+    m_edit->setInputMode(true);
+    m_edit->takeScan(QStringLiteral("inter-"));
+    m_edit->takeScan(QStringLiteral("national"));
+    QCOMPARE(scanText(), QStringLiteral("inter-national"));
+    QCOMPARE(m_edit->selectedWord(), QStringLiteral("inter-national"));
 }
 
 void TestDictScanEdit::joinedWordKeepsItsHyphenWhereTheDictionaryHasIt()
