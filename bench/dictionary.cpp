@@ -16,6 +16,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <malloc.h>
 #include <memory>
 #include <string>
@@ -50,6 +51,14 @@ bool showsSoon(const std::u16string& text)
             return true;
     }
     return false;
+}
+
+// Whoever comes second finds warm caches: each does half of the time.
+void inTurns(bool firstLeads, const std::function<void()>& first,
+             const std::function<void()>& second)
+{
+    (firstLeads ? first : second)();
+    (firstLeads ? second : first)();
 }
 
 // Reading an entry through the engine against inflating the same bytes.
@@ -87,14 +96,7 @@ void measureEntries(const dic::Source& source, dic::Sidecar& sidecar,
                 body.read(row.offset, row.size, out);
             }));
         };
-        // Whoever comes second finds warm caches: each does half of the time.
-        if (ours.size() % 2 == 0) {
-            inflateOnly();
-            readEntry();
-        } else {
-            readEntry();
-            inflateOnly();
-        }
+        inTurns(ours.size() % 2 == 0, inflateOnly, readEntry);
     }
     const double ratio = percentile(ours, 0.5) / percentile(pure, 0.5);
     std::printf("  one entry: %.0f us median, pure inflate %.0f us, ratio %.2f %s\n",

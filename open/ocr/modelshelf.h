@@ -28,7 +28,7 @@ public:
     void request(Language language);
 
     /* The reader of the language, once loaded; requests it. Null when the model is missing or the
-     * shelf is closed. It lives as long as the shelf and is any thread may use it. */
+     * shelf is closed. It lives as long as the shelf, and any thread may use it. */
     LineReader* waitFor(Language language);
 
     /* Waits for what is being loaded. Nothing is loaded any more. */
