@@ -234,7 +234,8 @@ void ContractDic::aDictionaryThatIsAwayKeepsItsPlace()
 {
     const tagDictTypeInfo* const first = pairs();
     const tagDictTypeInfo* const second = first ? first->next : nullptr;
-    QVERIFY(second && second->dicts && second->dicts->next);
+    if (!second || !second->dicts || !second->dicts->next)
+        QFAIL("no second pair with two dictionaries");
     tagDictInfo* const away = second->dicts->dict;
     QVERIFY(away);
     std::vector<std::uint16_t> text(100);
