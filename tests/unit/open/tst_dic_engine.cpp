@@ -217,6 +217,7 @@ void TestDicEngine::formsAndSpellingComeFromThePensOwnFolder()
 void TestDicEngine::theListIsFreedWhileIndicesAreMade()
 {
     std::vector<dicfiles::Entry> entries;
+    entries.reserve(3000);
     for (int i = 0; i < 3000; ++i)
         entries.push_back({"word " + std::to_string(i), "text"});
     for (int i = 0; i < 10; ++i)
@@ -231,6 +232,7 @@ void TestDicEngine::theListIsFreedWhileIndicesAreMade()
 void TestDicEngine::notMoreThanTwentyNodes()
 {
     std::vector<dicfiles::Entry> entries;
+    entries.reserve(40);
     for (int i = 0; i < 40; ++i)
         entries.push_back({"set", "meaning " + std::to_string(i)});
     dicfiles::writeDict(path("one/eng-deu"), entries);
