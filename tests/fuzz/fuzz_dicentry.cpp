@@ -27,7 +27,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     REQUIRE(dic::toUtf8(dic::toUtf16(key)) == key);
     dic::accentFreeKey(key);
     const auto has = [](const std::string& part) { return part.size() % 3 == 0; };
-    for (const std::string& part : dic::partsOfCompound(key, 104, has))
+    for (const std::string& part : dic::partsOfCompound(key, 104, {has}))
         REQUIRE(has(part));
 
     const std::u16string line = dic::toUtf16(raw);

@@ -48,8 +48,8 @@ void TestSettingsScreens::fromTheMainMenu_data()
     QTest::newRow("languages-middle") << Keys{Down, Down, Down, OK, OK, Down, Down};
     QTest::newRow("languages-last") << Keys{Down, Down, Down, OK, OK, Down, Down, Down, Down};
     QTest::newRow("more-first") << Keys{F9};
-    QTest::newRow("more-middle") << Keys{F9, Down};
-    QTest::newRow("more-last") << Keys{F9, Down, Down};
+    QTest::newRow("more-middle") << Keys{F9, Down, Down, Down};
+    QTest::newRow("more-last") << Keys{F9, Down, Down, Down, Down, Down};
     QTest::newRow("delay-first") << Keys{F9, OK};
     QTest::newRow("delay-middle") << Keys{F9, OK, Down, Down};
     QTest::newRow("delay-last") << Keys{F9, OK, Down, Down, Down};
