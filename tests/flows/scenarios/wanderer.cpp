@@ -335,8 +335,12 @@ void Wanderer::noteDocument()
 {
     QVector<FileInfo> files;
     FileManager::Instance()->getInfoList(files);
+    QSet<QString> listed;
     for (const FileInfo& file : std::as_const(files))
-        m_everListed.insert(file.name);
+        listed.insert(file.name);
+    if (!listed.contains(m_everListed))
+        m_appended.clear(); // went with a file whose name a new one may get
+    m_everListed = listed;
     const MyEdit* const editor = Stage::window()->editor();
     if (!editor || !editor->isBound())
         return;
