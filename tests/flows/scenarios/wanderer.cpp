@@ -335,12 +335,12 @@ void Wanderer::noteDocument()
 {
     QVector<FileInfo> files;
     FileManager::Instance()->getInfoList(files);
-    QSet<QString> listed;
     for (const FileInfo& file : std::as_const(files))
-        listed.insert(file.name);
-    if (!listed.contains(m_everListed))
-        m_appended.clear(); // went with a file whose name a new one may get
-    m_everListed = listed;
+        m_everListed.insert(file.name);
+    if (fileIsGone()) { // a new one may get its name
+        m_appended.clear();
+        m_everListed.clear();
+    }
     const MyEdit* const editor = Stage::window()->editor();
     if (!editor || !editor->isBound())
         return;
@@ -367,14 +367,21 @@ QString Wanderer::everythingOnTheCard() const
     return all;
 }
 
+// Whether a file that was on the list is not on the card any more.
+bool Wanderer::fileIsGone() const
+{
+    const QDir folder(m_stage.state().root.path(QStringLiteral("/mnt/mmc/e_ScanFile")));
+    bool gone = false;
+    for (const QString& name : std::as_const(m_everListed))
+        gone |= !QFile::exists(folder.filePath(name + QLatin1String(".txt")));
+    return gone;
+}
+
 // In the main menu everything is saved. A file that the user has deleted takes its scans along.
 bool Wanderer::scansAreKept()
 {
     const QString all = everythingOnTheCard();
-    const QDir folder(m_stage.state().root.path(QStringLiteral("/mnt/mmc/e_ScanFile")));
-    bool deleted = false;
-    for (const QString& name : std::as_const(m_everListed))
-        deleted |= !QFile::exists(folder.filePath(name + QLatin1String(".txt")));
+    const bool deleted = fileIsGone();
     for (const QString& word : std::as_const(m_appended)) {
         if (!all.contains(word) && !deleted && !m_leftWithoutSaving)
             return fail(QStringLiteral("the scan %1 was lost").arg(word));

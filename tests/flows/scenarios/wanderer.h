@@ -39,6 +39,7 @@ private:
     void changeTheCard();
     void goHome();
     void noteDocument();
+    bool fileIsGone() const;
     bool scansAreKept();
     QString everythingOnTheCard() const;
     bool isAtHome() const;
