@@ -66,6 +66,20 @@ private:
     int m_end = -1;
 };
 
+/* Until the thread waits for something, as /proc tells. What else could make a reader wait but its
+ * model is over in a moment; so it is looked at until it stays so. */
+bool waitUntilAsleep(const std::atomic<pid_t>& thread)
+{
+    int inARow = 0;
+    return QTest::qWaitFor([&] {
+        QFile state(QStringLiteral("/proc/self/task/%1/stat").arg(thread.load()));
+        const bool asleep =
+            thread.load() != 0 && state.open(QFile::ReadOnly) && state.readAll().contains(") S ");
+        inARow = asleep ? inARow + 1 : 0;
+        return inARow >= 5;
+    });
+}
+
 } // namespace
 
 /* Handles, arguments, languages and models. */
@@ -239,11 +253,14 @@ void TstOcrEngine::noLanguageWaitsForTheModelOfAnother()
     OcrEngine engine(folder.path());
     QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_CHINESE), ZEMBRA_OCR_OK);
     std::atomic<int> first = 99;
+    std::atomic<pid_t> firstId = 0;
     std::thread firstScan([&] {
+        firstId = ::gettid();
         QString read;
         first = engine.read({0}, 1, 1, &read);
     });
     QVERIFY(folder.waitUntilLoading());
+    QVERIFY(waitUntilAsleep(firstId)); // else it could begin after the change of language
 
     QCOMPARE(engine.setLanguage(ZEMBRA_OCR_LANG_LATIN), ZEMBRA_OCR_OK);
     const QString text = QStringLiteral("The second need not wait.");
