@@ -196,6 +196,8 @@ QString readWait(DeskCommand& command, Arguments& arguments)
         return plain(Verb::WaitSilence);
     if (arguments.takeIf("idle"))
         return plain(Verb::WaitIdle);
+    if (arguments.takeIf("still"))
+        return plain(Verb::WaitStill);
     if (arguments.takeIf("exit"))
         return plain(Verb::WaitExit);
     if (arguments.takeIf("camera")) {

@@ -35,6 +35,7 @@ struct DeskCommand
         WaitCamera,   // number: 1 on, 0 off
         WaitSwipe,    // name: outcome; empty: any
         WaitIdle,     //
+        WaitStill,    // the screen has not changed for a while
         WaitExit,     //
         ExpectSpoken, // as the waits, but at once
         ExpectHeard,

@@ -15,6 +15,7 @@ namespace {
 constexpr int UsualTimeOutMs = 30'000;
 constexpr int PollMs = 50;  // for files on the pen and for quiet
 constexpr int IdleMs = 500; // nothing has happened for so long
+constexpr int StillMs = 500;
 constexpr int LeaveMs = 10'000;
 constexpr int Magnification = 4;
 
@@ -43,7 +44,10 @@ ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outD
 
 void ScriptRunner::connectSession()
 {
-    connect(&m_session, &DeskSession::screenChanged, this, &ScriptRunner::check);
+    connect(&m_session, &DeskSession::screenChanged, this, [this] {
+        m_still.start();
+        check();
+    });
     connect(&m_session, &DeskSession::speechChanged, this, [this] {
         const auto& utterances = m_session.transcript().utterances();
         while (m_toldUtterances < utterances.size() && utterances.at(m_toldUtterances).endUs >= 0)
@@ -112,6 +116,7 @@ void ScriptRunner::carryOut(const DeskCommand& command)
         quit();
         return;
     }
+    m_still.start();
     if (Condition condition = conditionOf(command)) {
         wait(std::move(condition), [this] { goOn(); });
         return;
@@ -257,7 +262,7 @@ void ScriptRunner::takeScreenshot(const DeskCommand& command)
     const QImage screen = m_session.screen();
     if (savePicture(command.name, screen).isEmpty()
         || savePicture(command.name + QLatin1String("-4x"),
-                       penpicture::magnified(screen, Magnification))
+                       penpicture::luminous(screen, Magnification))
                .isEmpty())
         fail(tr("The picture %1 cannot be written to %2.").arg(command.name, m_outDir));
     else
@@ -289,6 +294,8 @@ ScriptRunner::Condition ScriptRunner::conditionOf(const DeskCommand& command) co
         };
     case Verb::WaitIdle:
         return [this] { return m_session.quietMs() >= IdleMs; };
+    case Verb::WaitStill:
+        return [this] { return m_still.elapsed() >= StillMs; };
     case Verb::WaitExit:
         return [this] { return !m_session.pen().isRunning(); };
     case Verb::WaitSpoken:

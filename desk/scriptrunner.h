@@ -4,6 +4,7 @@
 #include "desk/deskscript.h"
 #include "desk/scriptreport.h"
 
+#include <QElapsedTimer>
 #include <QImage>
 #include <QObject>
 #include <QTimer>
@@ -86,6 +87,7 @@ private:
     QTimer m_poll;
     QStringList m_pictures;
     qsizetype m_toldUtterances = 0;
+    QElapsedTimer m_still; // since the screen changed, or a wait for that began
     bool m_finished = false;
 };
 

@@ -24,6 +24,7 @@ private slots:
                              "wait screen-change\n"
                              "wait spoken \"second half\"\n"
                              "expect heard second\n"
+                             "wait still\n"
                              "screenshot half\n"
                              "swipe line 2 speed 400\n"
                              "wait swipe delivered\n"

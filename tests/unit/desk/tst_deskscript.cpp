@@ -75,16 +75,16 @@ private slots:
             "wait screen-change\nwait spoken \"New file\"\nwait text abc\n"
             "wait file *.txt contains \"x y\"\nwait message mainprocess execute(QString) soundyes\n"
             "wait idle\nwait camera off\nwait swipe no-print\nwait swipe\nwait exit\nwait "
-            "silence\nwait heard h\n"
+            "silence\nwait heard h\nwait still\n"
             "expect spoken a\nexpect heard i\nexpect text b\nexpect file F contains c\n"
             "expect message mainprocess ESC(QString) escpressed\nexpect running");
         QCOMPARE(script.error, QString());
-        const QList<Verb> verbs = {Verb::WaitScreen,   Verb::WaitSpoken,    Verb::WaitText,
-                                   Verb::WaitFile,     Verb::WaitMessage,   Verb::WaitIdle,
-                                   Verb::WaitCamera,   Verb::WaitSwipe,     Verb::WaitSwipe,
-                                   Verb::WaitExit,     Verb::WaitSilence,   Verb::WaitHeard,
-                                   Verb::ExpectSpoken, Verb::ExpectHeard,   Verb::ExpectText,
-                                   Verb::ExpectFile,   Verb::ExpectMessage, Verb::ExpectRunning};
+        const QList<Verb> verbs = {
+            Verb::WaitScreen,  Verb::WaitSpoken,    Verb::WaitText,     Verb::WaitFile,
+            Verb::WaitMessage, Verb::WaitIdle,      Verb::WaitCamera,   Verb::WaitSwipe,
+            Verb::WaitSwipe,   Verb::WaitExit,      Verb::WaitSilence,  Verb::WaitHeard,
+            Verb::WaitStill,   Verb::ExpectSpoken,  Verb::ExpectHeard,  Verb::ExpectText,
+            Verb::ExpectFile,  Verb::ExpectMessage, Verb::ExpectRunning};
         QCOMPARE(script.commands.size(), verbs.size());
         for (qsizetype i = 0; i < verbs.size(); ++i)
             QVERIFY2(script.commands[i].verb == verbs[i], qPrintable(script.commands[i].source));
