@@ -61,7 +61,8 @@ int ZEMBRA_TTS_SetHighlight_CallBack(ZEMBRA_TTS_HighlightCallback callback);
  *
  * text   UTF-16 in native byte order, no terminator needed; read during the call only.
  *        The one mark-up is the pause tag <vtml_pause time="N"/>, N milliseconds of silence
- *        (0 to 65535) in addition to the pause that the punctuation before it makes by nature.
+ *        (0 to 65535) in addition to the pause that the punctuation before it makes by nature;
+ *        after a word without punctuation there is no other, and the silence is N long.
  *        Everything else is text, whatever it looks like. Lone surrogates and control
  *        characters are treated as blanks.
  * bytes  length of the text in bytes, two for a code unit; 0 or less: nothing to speak.

@@ -138,8 +138,8 @@ int speakTexts(unsigned seed, int count)
             alone[code] = speakAndMeasure(disk.tape(), ending(code), result);
         const std::u16string text = generator.text() + ending(code);
         std::size_t words = 0;
-        for (const auto& piece : tts::cutIntoPieces(text, tts::findVoice(code)->script))
-            words += piece.words.size();
+        for (tts::Piecer pieces(text, tts::findVoice(code)->script); !pieces.atEnd();)
+            words += pieces.next().words.size();
         ::alarm(60); // one that hangs ends the process
         const double last = speakAndMeasure(disk.tape(), text, result);
         ::alarm(0);

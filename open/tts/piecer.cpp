@@ -1,11 +1,11 @@
 #include "open/tts/piecer.h"
 
 #include "open/tts/characters.h"
-#include "open/tts/textreader.h"
 
 #include <algorithm>
 #include <optional>
 #include <span>
+#include <utility>
 
 namespace tts {
 
@@ -280,9 +280,11 @@ private:
     {
         if (!m_tokens.empty()) {
             Piece& last = pieces.back();
-            if (m_stretch.end != StretchEnd::Text && !endsWithClauseEnd(last.text))
+            const bool punctuated = endsWithClauseEnd(last.text);
+            if (m_stretch.end != StretchEnd::Text && !punctuated)
                 last.text += m_stretch.end == StretchEnd::Paragraph ? U'.' : U',';
-            last.endPause = true;
+            // The comma is for the tone: a pause that nothing printed makes is as long as its tag.
+            last.endPause = punctuated || m_stretch.end != StretchEnd::Pause;
             last.pauseMs = m_stretch.pauseMs;
         } else if (m_stretch.pauseMs > 0) {
             Piece silence;
@@ -302,12 +304,20 @@ private:
 
 } // namespace
 
-std::vector<Piece> cutIntoPieces(std::u16string_view text, Script script)
+bool Piecer::atEnd()
 {
-    std::vector<Piece> pieces;
-    for (const Stretch& stretch : readText(text))
-        StretchCutter(stretch, script).cut(pieces);
-    return pieces;
+    while (m_next == m_pieces.size() && !m_reader.atEnd()) {
+        m_pieces.clear();
+        m_next = 0;
+        const Stretch stretch = m_reader.next();
+        StretchCutter(stretch, m_script).cut(m_pieces);
+    }
+    return m_next == m_pieces.size();
+}
+
+Piece Piecer::next()
+{
+    return std::move(m_pieces[m_next++]);
 }
 
 } // namespace tts

@@ -1,6 +1,7 @@
 #ifndef OPEN_TTS_PIECER_H
 #define OPEN_TTS_PIECER_H
 
+#include "open/tts/textreader.h"
 #include "open/tts/voices.h"
 
 #include <cstddef>
@@ -36,8 +37,26 @@ struct Piece
  *
  * The words of all the pieces, in order, are the words of the text, each once: what stands between
  * blanks, without the punctuation around it; Chinese characters one by one.
+ *
+ * Text is read as pieces are taken, so that the first costs as little of a long text as of a short
+ * one. The text outlives the piecer.
  */
-std::vector<Piece> cutIntoPieces(std::u16string_view text, Script script);
+class Piecer
+{
+public:
+    Piecer(std::u16string_view text, Script script) : m_reader(text), m_script(script) {}
+
+    /* No piece is left. */
+    bool atEnd();
+    /* Not at the end. */
+    Piece next();
+
+private:
+    TextReader m_reader;
+    const Script m_script;
+    std::vector<Piece> m_pieces; // of one stretch
+    std::size_t m_next = 0;      // of them
+};
 
 } // namespace tts
 

@@ -74,8 +74,8 @@ Player::Outcome Player::speak(std::u16string_view text, const Utterance::Manner&
     const std::lock_guard speaking(m_speakMutex);
     if (generation != m_generation)
         return Outcome::Stopped;
-    const std::vector<Piece> pieces = cutIntoPieces(text, manner.voice->script);
-    if (pieces.empty())
+    Piecer pieces(text, manner.voice->script);
+    if (pieces.atEnd())
         return Outcome::Spoken;
     m_reports.begin(text, {manner.voice->code, manner.speed, m_queue.loudness().volume()});
     m_queue.begin(generation);

@@ -1,7 +1,7 @@
 #include "open/tts/samplequeue.h"
 
 #include <algorithm>
-#include <cstddef>
+#include <utility>
 
 namespace tts {
 
@@ -39,25 +39,26 @@ void SampleQueue::begin(std::uint64_t generation)
 
 void SampleQueue::push(std::span<const std::int16_t> samples)
 {
+    std::vector<std::int16_t> copy(samples.begin(), samples.end());
     const std::lock_guard lock(m_mutex);
-    m_samples.insert(m_samples.end(), samples.begin(), samples.end());
+    m_samples.add(std::move(copy));
     m_pushed += static_cast<std::int64_t>(samples.size());
-    m_changed.notify_all();
+    m_output.ring();
 }
 
 void SampleQueue::pushSilence(std::int64_t samples)
 {
     const std::lock_guard lock(m_mutex);
-    m_samples.insert(m_samples.end(), static_cast<std::size_t>(samples), 0);
+    m_samples.addSilence(samples);
     m_pushed += samples;
-    m_changed.notify_all();
+    m_output.ring();
 }
 
 void SampleQueue::end()
 {
     const std::lock_guard lock(m_mutex);
     cutLocked();
-    m_changed.notify_all();
+    m_output.ring();
 }
 
 /* Keeps of what is not yet taken only as much as it takes to fade out without a click. */
@@ -66,11 +67,11 @@ void SampleQueue::cutLocked()
     if (!m_active)
         return;
     m_active = false;
-    m_tail.clear();
-    const auto count = std::min<std::ptrdiff_t>(FadeSamples, std::ssize(m_samples));
-    for (std::ptrdiff_t i = 0; i < count; ++i)
-        m_tail.push_back(static_cast<std::int16_t>(m_samples[static_cast<std::size_t>(i)]
-                                                   * (FadeSamples - i) / FadeSamples));
+    m_tail.resize(FadeSamples);
+    m_tail.resize(m_samples.take(m_tail));
+    int left = FadeSamples;
+    for (std::int16_t& sample : m_tail)
+        sample = static_cast<std::int16_t>(sample * left-- / FadeSamples);
     m_samples.clear();
 }
 
@@ -103,14 +104,24 @@ SampleQueue::Clock::time_point SampleQueue::timeOf(std::int64_t sample) const
 
 bool SampleQueue::waitUntilHeard(std::int64_t sample)
 {
-    std::unique_lock lock(m_mutex);
+    Clock::time_point since = Clock::now();
     while (!isStopped()) {
-        if (heardLocked() >= sample)
-            return true;
-        if (sample <= m_taken)
-            m_changed.wait_until(lock, timeOf(sample));
-        else
-            m_changed.wait(lock);
+        Clock::time_point limit;
+        bool waitsForOutput = false;
+        {
+            const std::lock_guard lock(m_mutex);
+            if (heardLocked() >= sample)
+                return true;
+            waitsForOutput = sample > m_taken;
+            limit = waitsForOutput ? std::max(since, m_filledAt) + LongestGap : timeOf(sample);
+        }
+        if (waitsForOutput && limit <= Clock::now()) {
+            since = Clock::now();
+            if (m_onStall)
+                m_onStall();
+        } else {
+            m_speaker.waitUntil(limit);
+        }
     }
     return false;
 }
@@ -121,19 +132,18 @@ std::size_t SampleQueue::fill(std::span<std::int16_t> block)
     std::size_t used = 0;
     {
         const std::lock_guard lock(m_mutex);
+        const Clock::time_point now = Clock::now();
         if (m_active && isStopped())
             cutLocked();
         if (m_active) {
-            used = std::min(block.size(), m_samples.size());
-            const auto end = m_samples.begin() + static_cast<std::ptrdiff_t>(used);
-            std::copy(m_samples.begin(), end, block.begin());
-            m_samples.erase(m_samples.begin(), end);
+            used = m_samples.take(block);
             m_taken += static_cast<std::int64_t>(used);
             m_lastBlock = static_cast<std::int64_t>(used);
-            m_takenAt = Clock::now();
+            m_takenAt = now;
         }
+        m_filledAt = now;
         used = std::max(used, addTail(block));
-        m_changed.notify_all();
+        m_speaker.ring();
     }
     m_loudness.apply(block);
     return used;
@@ -150,16 +160,20 @@ std::size_t SampleQueue::addTail(std::span<std::int16_t> block)
 
 void SampleQueue::waitForSamples(const std::atomic<bool>& closing)
 {
-    std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this, &closing] {
-        return closing || !m_tail.empty() || (m_active && (!m_samples.empty() || isStopped()));
-    });
+    while (!closing && !hasSomethingToTake())
+        m_output.wait();
+}
+
+bool SampleQueue::hasSomethingToTake() const
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_tail.empty() || (m_active && (!m_samples.isEmpty() || isStopped()));
 }
 
 void SampleQueue::wake()
 {
-    const std::lock_guard lock(m_mutex);
-    m_changed.notify_all();
+    m_speaker.ring();
+    m_output.ring();
 }
 
 } // namespace tts

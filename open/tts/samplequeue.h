@@ -1,13 +1,14 @@
 #ifndef OPEN_TTS_SAMPLEQUEUE_H
 #define OPEN_TTS_SAMPLEQUEUE_H
 
+#include "open/tts/bell.h"
 #include "open/tts/loudness.h"
+#include "open/tts/soundbuffer.h"
 
 #include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
-#include <deque>
+#include <functional>
 #include <mutex>
 #include <span>
 #include <vector>
@@ -22,7 +23,7 @@ using Generation = std::atomic<std::uint64_t>;
 
 /*
  * Sound on its way from the synthesizer to the output, one text at a time. One thread speaks
- * (begin, push, end, waiting), one takes (fill); any may wake.
+ * (begin, push, end, waiting), one takes (fill); any may wake, which takes no lock.
  *
  * Positions are samples since the beginning of the text.
  */
@@ -35,6 +36,10 @@ public:
 
     /* How many times as fast as speech the output takes samples. */
     void setPace(double pace);
+    /* What to do when nothing has been taken for longer than any output needs: called on the
+     * speaking thread, which then waits on. Set before the first text. */
+    void onStall(std::function<void()> action) { m_onStall = std::move(action); }
+    static constexpr std::chrono::seconds LongestGap{2};
 
     // The speaking thread
     /* Begins a text of that generation; what is left of another fades out. */
@@ -66,12 +71,15 @@ private:
     std::int64_t heardLocked() const;
     Clock::time_point timeOf(std::int64_t sample) const;
     std::size_t addTail(std::span<std::int16_t> block);
+    bool hasSomethingToTake() const;
 
     const Generation& m_generation;
     Loudness m_loudness;
+    std::function<void()> m_onStall;
+    Bell m_speaker; // rings for the speaking thread
+    Bell m_output;  // and for the output
     mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::deque<std::int16_t> m_samples;
+    SoundBuffer m_samples;
     std::vector<std::int16_t> m_tail; // the fading end of a text that was stopped
     std::uint64_t m_textGeneration = 0;
     bool m_active = false;
@@ -80,6 +88,7 @@ private:
     std::int64_t m_taken = 0;     // samples taken by the output
     std::int64_t m_lastBlock = 0; // of these the last ones, taken at:
     Clock::time_point m_takenAt;
+    Clock::time_point m_filledAt; // last call of fill, with or without a text
 };
 
 } // namespace tts

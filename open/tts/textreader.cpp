@@ -32,31 +32,60 @@ Character characterAt(std::u16string_view text, std::size_t at)
     return {isUnspeakable(code) ? U' ' : narrowForm(code), static_cast<int>(at), units};
 }
 
+/* So that the first words of a long text need not wait for the last to be read: enough for the
+ * pieces not to be cut in other places than without it, but for the one at its end. */
+constexpr std::size_t LongStretch = 600;
+constexpr std::size_t VeryLongStretch = 1200;
+
+bool endsSentence(const std::vector<Character>& text)
+{
+    for (auto it = text.rbegin(); it != text.rend(); ++it)
+        if (!isBlank(it->code) && !isClosing(it->code))
+            return isSentenceEnd(it->code);
+    return false;
+}
+
+/* Whether a stretch may end for its length where this character follows: after the blank behind a
+ * sentence, and if none comes between any two words. */
+bool mayEndBefore(const std::vector<Character>& text, char32_t following)
+{
+    if (text.size() < LongStretch || isBlank(following))
+        return false;
+    const char32_t last = text.back().code;
+    if (isBlank(last))
+        return text.size() >= VeryLongStretch || endsSentence(text);
+    if (!isHan(following))
+        return false;
+    const bool fullWidth = last >= 0x3000;
+    return (fullWidth && isSentenceEnd(last)) || (text.size() >= VeryLongStretch && isHan(last));
+}
+
 } // namespace
 
-std::vector<Stretch> readText(std::u16string_view text)
+Stretch TextReader::next()
 {
-    std::vector<Stretch> stretches(1);
-    std::size_t at = 0;
-    while (at < text.size()) {
-        Stretch& current = stretches.back();
-        if (const auto tag = readPauseTag(text.substr(at))) {
-            current.end = StretchEnd::Pause;
-            current.pauseMs = tag->milliseconds;
-            stretches.emplace_back();
-            at += tag->units;
-            continue;
+    Stretch stretch;
+    while (m_at < m_text.size()) {
+        if (const auto tag = readPauseTag(m_text.substr(m_at))) {
+            m_at += tag->units;
+            stretch.end = StretchEnd::Pause;
+            stretch.pauseMs = tag->milliseconds;
+            return stretch;
         }
-        const Character character = characterAt(text, at);
-        at += static_cast<std::size_t>(character.units);
+        const Character character = characterAt(m_text, m_at);
+        if (mayEndBefore(stretch.characters, character.code)) {
+            stretch.end = StretchEnd::Length;
+            return stretch;
+        }
+        m_at += static_cast<std::size_t>(character.units);
         if (character.code == ParagraphSeparator) {
-            current.end = StretchEnd::Paragraph;
-            stretches.emplace_back();
-        } else {
-            current.characters.push_back(character);
+            stretch.end = StretchEnd::Paragraph;
+            return stretch;
         }
+        stretch.characters.push_back(character);
     }
-    return stretches;
+    m_ended = true;
+    return stretch;
 }
 
 } // namespace tts

@@ -21,10 +21,11 @@ Utterance::Utterance(SampleQueue& queue, SpeechReports& reports, const Manner& m
 {
 }
 
-Utterance::Outcome Utterance::speak(const std::vector<Piece>& pieces)
+Utterance::Outcome Utterance::speak(Piecer& pieces)
 {
     bool failed = false;
-    for (const Piece& piece : pieces) {
+    while (!pieces.atEnd()) {
+        const Piece piece = pieces.next();
         failed = !piece.text.empty() && !speakPiece(piece);
         if (failed || m_stopped)
             break;

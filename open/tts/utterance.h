@@ -31,7 +31,7 @@ public:
     Utterance(SampleQueue& queue, SpeechReports& reports, const Manner& manner);
 
     /* Speaks the pieces; returns when the last sample has been heard or the text was stopped. */
-    Outcome speak(const std::vector<Piece>& pieces);
+    Outcome speak(Piecer& pieces);
 
 private:
     void wordEvent(std::size_t character, std::int64_t sample) override;

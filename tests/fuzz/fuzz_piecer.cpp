@@ -15,7 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::copy_n(data + 1, text.size() * 2, reinterpret_cast<std::uint8_t*>(text.data()));
 
     std::size_t end = 0;
-    for (const tts::Piece& piece : tts::cutIntoPieces(text, script)) {
+    for (tts::Piecer pieces(text, script); !pieces.atEnd();) {
+        const tts::Piece piece = pieces.next();
         for (const auto& word : piece.words) {
             REQUIRE(word.length > 0);
             REQUIRE(static_cast<std::size_t>(word.offset) >= end);

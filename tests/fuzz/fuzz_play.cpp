@@ -71,8 +71,8 @@ std::size_t wordsOf(const QString& text, int voice)
 {
     std::size_t words = 0;
     const auto units = text.toStdU16String();
-    for (const auto& piece : tts::cutIntoPieces(units, tts::findVoice(voice)->script))
-        words += piece.words.size();
+    for (tts::Piecer pieces(units, tts::findVoice(voice)->script); !pieces.atEnd();)
+        words += pieces.next().words.size();
     return words;
 }
 

@@ -4,6 +4,8 @@
 #include "open/tts/piecer.h"
 
 #include <QStringList>
+
+#include <string>
 #include <vector>
 
 /* What the tests of the cutting of texts into pieces and words share. */
@@ -11,7 +13,12 @@ namespace tts {
 
 inline std::vector<Piece> cut(const QString& text, Script script = Script::Latin)
 {
-    return cutIntoPieces(text.toStdU16String(), script);
+    const std::u16string units = text.toStdU16String();
+    Piecer piecer(units, script);
+    std::vector<Piece> pieces;
+    while (!piecer.atEnd())
+        pieces.push_back(piecer.next());
+    return pieces;
 }
 
 /* The words as they stand in the text. */

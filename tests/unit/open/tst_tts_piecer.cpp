@@ -22,6 +22,8 @@ private slots:
     void longClausesAreCut_data();
     void longClausesAreCut();
     void prefersCutsAtSentenceEnds();
+    void longTextIsReadInParts_data();
+    void longTextIsReadInParts();
     void endlessWordIsOneWord();
     void fullTextOfOneUnit_data();
     void fullTextOfOneUnit();
@@ -45,6 +47,11 @@ void TstTtsPiecer::addsContinuingToneBeforeTags()
     const QString text = QStringLiteral("one") + tag(200) + QStringLiteral(" (two)") + tag(200)
                          + QStringLiteral(" said.\"") + tag(200) + QStringLiteral(" end");
     QCOMPARE(piecesOf(text), QStringList({"one,", "(two),", "said.\"", "end"}));
+    // The comma is nowhere in the text: it makes no pause.
+    const auto pieces = cut(text);
+    QVERIFY(!pieces[0].endPause);
+    QVERIFY(!pieces[1].endPause);
+    QVERIFY(pieces[2].endPause);
 }
 
 void TstTtsPiecer::tagsAlone()
@@ -176,6 +183,44 @@ void TstTtsPiecer::prefersCutsAtSentenceEnds()
     QVERIFY(pieces.size() >= 3);
     for (const QString& piece : pieces)
         QVERIFY2(piece.endsWith(QStringLiteral("pieces.")), qPrintable(piece));
+}
+
+void TstTtsPiecer::longTextIsReadInParts_data()
+{
+    QTest::addColumn<QString>("sentence");
+    QTest::addColumn<QString>("partEnd");
+    QTest::newRow("sentences") << "The tide went out, and they walked. "
+                               << "walked. ";
+    QTest::newRow("quoted") << "\"The tide went out, and they walked.\" "
+                            << "walked.\" ";
+    QTest::newRow("no sentence ends") << "the tide went out and they walked "
+                                      << " ";
+    QTest::newRow("Chinese") << QStringLiteral("潮水退了，他们走了。") << QStringLiteral("走了。");
+    QTest::newRow("Chinese without a stop") << QStringLiteral("潮水退了他们走了") << "";
+}
+
+void TstTtsPiecer::longTextIsReadInParts()
+{
+    QFETCH(QString, sentence);
+    QFETCH(QString, partEnd);
+    const QString text = sentence.repeated(32768 / sentence.size());
+    QStringList words;
+    for (int i = 0; i < text.size() / sentence.size(); ++i)
+        words += wordsOf(sentence);
+    QCOMPARE(wordsOf(text), words);
+    QVERIFY(areOrdered(cut(text), text.size()));
+
+    const std::u16string units = text.toStdU16String();
+    qsizetype read = 0;
+    for (TextReader reader(units); !reader.atEnd();) {
+        const Stretch stretch = reader.next();
+        const auto size = static_cast<qsizetype>(stretch.characters.size());
+        QVERIFY(size > 0 && size < 1300);
+        read += size;
+        QCOMPARE(stretch.end, read < text.size() ? StretchEnd::Length : StretchEnd::Text);
+        QVERIFY(text.left(read).endsWith(partEnd));
+    }
+    QCOMPARE(read, text.size());
 }
 
 void TstTtsPiecer::endlessWordIsOneWord()

@@ -25,6 +25,8 @@ private slots:
     void pauseIsExact_data();
     void pauseIsExact();
     void naturalPauseIsKept();
+    void pauseBetweenWordsIsItsTag_data();
+    void pauseBetweenWordsIsItsTag();
     void pauseAloneIsSilence();
     void speedChangesLength();
     void unpunctuatedTextLosesNothing_data();
@@ -210,6 +212,40 @@ void TstTtsSpeech::naturalPauseIsKept()
             std::abs(whole - divided) <= 2 * SamplesPerSecond / 1000,
             qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(mark)).arg(whole - divided)));
     }
+}
+
+void TstTtsSpeech::pauseBetweenWordsIsItsTag_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<bool>("more");
+    QTest::newRow("word") << 101 << "No"
+                          << " more" << false;
+    QTest::newRow("quoted") << 104 << "\"Nie\""
+                            << " mehr" << false;
+    QTest::newRow("Russian") << 151 << QStringLiteral("луна") << QStringLiteral(" моя") << false;
+    QTest::newRow("Chinese") << 1 << QStringLiteral("马") << QStringLiteral("路") << false;
+    QTest::newRow("comma") << 101 << "No,"
+                           << " more" << true;
+    QTest::newRow("stop") << 101 << "No."
+                          << " More" << true;
+}
+
+void TstTtsSpeech::pauseBetweenWordsIsItsTag()
+{
+    QFETCH(int, language);
+    QFETCH(QString, before);
+    QFETCH(QString, after);
+    QFETCH(bool, more);
+    constexpr int Pause = 300;
+    ZEMBRA_TTS_SetLang(language);
+    QCOMPARE(play(before + tag(Pause) + after), 0);
+    const int silence = longestSilenceOf(recorded()) * 1000 / SamplesPerSecond;
+    // A voice fades out and in within some milliseconds.
+    const int least = Pause + (more ? 80 : -2);
+    const int most = Pause + (more ? 500 : 40);
+    QVERIFY2(silence >= least && silence <= most, qPrintable(QString::number(silence)));
 }
 
 void TstTtsSpeech::pauseAloneIsSilence()

@@ -9,7 +9,6 @@
 #include <QTest>
 
 #include <cmath>
-#include <thread>
 
 using namespace tts;
 
@@ -62,9 +61,6 @@ private slots:
     void volumeChangeHasNoStep();
     void boostIsLouderAndNeverClips();
     void levelsAreClamped();
-    void queueFadesWhenStopped();
-    void queueGivesSilenceWithoutText();
-    void nextTextDoesNotCutTheFade();
 };
 
 void TstTtsUnits::everyCodeHasItsVoice_data()
@@ -311,54 +307,6 @@ void TstTtsUnits::levelsAreClamped()
     std::vector<std::int16_t> samples(10, 10000);
     loudness.apply(samples);
     QVERIFY(std::abs(samples[9] - 10000) <= 1);
-}
-
-void TstTtsUnits::queueFadesWhenStopped()
-{
-    Generation generation = 7;
-    SampleQueue queue(generation);
-    queue.begin(7);
-    const std::vector<std::int16_t> loud(4000, 10000);
-    queue.push(loud);
-    std::vector<std::int16_t> block(BlockSamples);
-    QCOMPARE(queue.fill(block), std::size_t(BlockSamples));
-    QCOMPARE(block[511], std::int16_t(10000));
-    ++generation;
-    const std::size_t used = queue.fill(block);
-    QCOMPARE(used, std::size_t(110)); // 5 ms
-    for (std::size_t i = 1; i < used; ++i)
-        QVERIFY(block[i] <= block[i - 1] && block[i - 1] - block[i] < 200);
-    for (std::size_t i = used; i < block.size(); ++i)
-        QCOMPARE(block[i], std::int16_t(0));
-    QCOMPARE(queue.fill(block), std::size_t(0));
-    QVERIFY(!queue.waitUntilHeard(4000));
-}
-
-void TstTtsUnits::queueGivesSilenceWithoutText()
-{
-    Generation generation = 0;
-    SampleQueue queue(generation);
-    std::vector<std::int16_t> block(BlockSamples, 77);
-    QCOMPARE(queue.fill(block), std::size_t(0));
-    for (const std::int16_t sample : block)
-        QCOMPARE(sample, std::int16_t(0));
-}
-
-void TstTtsUnits::nextTextDoesNotCutTheFade()
-{
-    Generation generation = 1;
-    SampleQueue queue(generation);
-    queue.begin(1);
-    queue.push(std::vector<std::int16_t>(4000, 10000));
-    std::vector<std::int16_t> block(BlockSamples);
-    queue.fill(block);
-    ++generation;
-    queue.begin(2);
-    queue.push(std::vector<std::int16_t>(4000, 100));
-    QCOMPARE(queue.fill(block), std::size_t(BlockSamples));
-    QVERIFY(block[0] > 9000);
-    QCOMPARE(block[300], std::int16_t(100));
-    QCOMPARE(queue.pushed(), 4000);
 }
 
 QTEST_APPLESS_MAIN(TstTtsUnits)

@@ -56,3 +56,18 @@ int peakOf(const std::vector<std::int16_t>& samples, std::size_t begin)
         peak = std::max(peak, std::abs(samples[i]));
     return peak;
 }
+
+int longestSilenceOf(const std::vector<std::int16_t>& samples)
+{
+    constexpr int Audible = 30; // the synthesizer has no noise
+    std::ptrdiff_t longest = 0;
+    std::ptrdiff_t last = -1;
+    for (std::ptrdiff_t i = 0; i < std::ssize(samples); ++i) {
+        if (std::abs(samples[static_cast<std::size_t>(i)]) <= Audible)
+            continue;
+        if (last >= 0)
+            longest = std::max(longest, i - last - 1);
+        last = i;
+    }
+    return static_cast<int>(longest);
+}

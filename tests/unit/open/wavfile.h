@@ -14,4 +14,7 @@ std::optional<std::vector<std::int16_t>> readWav(const QString& file);
 /* The largest absolute sample from `begin` to the end. */
 int peakOf(const std::vector<std::int16_t>& samples, std::size_t begin = 0);
 
+/* Samples of the longest stretch between two sounds in which nothing can be heard. */
+int longestSilenceOf(const std::vector<std::int16_t>& samples);
+
 #endif
