@@ -1,4 +1,5 @@
 #include "open/iap/inkmap.h"
+#include "open/iap/lineband.h"
 #include "open/iap/linecutter.h"
 #include "tests/unit/open/iappictures.h"
 
@@ -52,6 +53,8 @@ private slots:
     void neighboursAreCutOff();
     void linesThatNearlyTouch_data();
     void linesThatNearlyTouch();
+    void twoSmallLinesOrOneLarge_data();
+    void twoSmallLinesOrOneLarge();
     void tiltedLinesComeOutLevel_data();
     void tiltedLinesComeOutLevel();
     void bentLineComesOutStraight();
@@ -92,6 +95,7 @@ void TestLineCutter::neighboursAreCutOff()
 void TestLineCutter::linesThatNearlyTouch_data()
 {
     QTest::addColumn<double>("points");
+    QTest::newRow("6 points") << 6.0;
     QTest::newRow("7 points") << 7.0;
     QTest::newRow("9 points") << 9.0;
     QTest::newRow("12 points") << 12.0;
@@ -120,6 +124,30 @@ void TestLineCutter::linesThatNearlyTouch()
     const double proportion = double(ink.cols) / ink.rows; // of one line, not of three
     QVERIFY2(std::abs(proportion - double(text.size())) < 0.2 * double(text.size()),
              qPrintable(QString("%1 by %2, type of %3").arg(ink.cols).arg(ink.rows).arg(side)));
+}
+
+void TestLineCutter::twoSmallLinesOrOneLarge_data()
+{
+    QTest::addColumn<float>("valley"); // ink in the middle rows, of the other rows'
+    QTest::addColumn<bool>("isTwo");
+    QTest::newRow("set solid, blurred") << 0.67F << true;
+    QTest::newRow("set solid, sharp") << 0.45F << true;
+    QTest::newRow("characters with little in their middle") << 0.87F << false;
+}
+
+void TestLineCutter::twoSmallLinesOrOneLarge()
+{
+    QFETCH(float, valley);
+    QFETCH(bool, isTwo);
+    constexpr int top = 27;
+    constexpr int side = 25; // of a character of 6 points
+    std::vector<float> profile(104, 0.0F);
+    for (int y = 0; y < 2 * side; ++y)
+        profile[top + y] = y >= side - 2 && y < side + 2 ? valley * 100.0F : 100.0F;
+    const auto band = findLine(profile, top + side / 2, DotsPerMm, true);
+    QVERIFY(band);
+    QCOMPARE(band->coreTop, top);
+    QCOMPARE(band->coreHeight(), isTwo ? side - 2 : 2 * side);
 }
 
 void TestLineCutter::tiltedLinesComeOutLevel_data()
