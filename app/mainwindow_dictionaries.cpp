@@ -6,6 +6,7 @@
 #include "app/widgetchange.h"
 #include "dict/dictscanedit.h"
 #include "dict/dictswitch.h"
+#include "dict/pairname.h"
 #include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread_setup.h"
@@ -29,7 +30,7 @@ void MainWindow::sortDictLoad()
         QVector<QString> names;
         for (int dict = 0; dict < m_dictionaries.at(pair).dicts.size(); ++dict)
             names.append(translater->dictName(pair, dict));
-        m_dictSwitch->addPair(m_dictionaries.at(pair).name, names);
+        m_dictSwitch->addPair(pairname::shown(m_dictionaries.at(pair).name), names);
     }
     connect(m_dictSwitch, &DictSwitch::selectChangedSignal, this, &MainWindow::changeDict);
     connect(m_dictSwitch, &DictSwitch::escTriggerSignal, this, &MainWindow::escTriggerSlot);

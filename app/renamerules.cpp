@@ -9,11 +9,6 @@ namespace renamerules {
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("MainWindow", text);
-}
-
 bool isNumberedDevice(QStringView name)
 {
     return name.size() == 4 && name.at(3) >= u'1' && name.at(3) <= u'9'
@@ -56,22 +51,22 @@ QString text(Refusal refusal)
     case Refusal::None:
         break;
     case Refusal::Empty:
-        return tr(QT_TRANSLATE_NOOP("MainWindow", "The name is empty."));
+        return QCoreApplication::translate("MainWindow", "The name is empty.");
     case Refusal::TooLong:
-        return tr(QT_TRANSLATE_NOOP("MainWindow", "String is too long."));
+        return QCoreApplication::translate("MainWindow", "String is too long.");
     case Refusal::InvalidCharacter:
-        return tr(QT_TRANSLATE_NOOP("MainWindow", "Invalid character."));
+        return QCoreApplication::translate("MainWindow", "Invalid character.");
     case Refusal::Reserved:
-        return tr(QT_TRANSLATE_NOOP("MainWindow", "This name cannot be used."));
+        return QCoreApplication::translate("MainWindow", "This name cannot be used.");
     }
     return {};
 }
 
 QString question(const QString& oldName, const QString& newName)
 {
-    return tr(QT_TRANSLATE_NOOP("MainWindow", "Rename")) + QLatin1String(" [") + oldName
-           + QLatin1String("] ") + tr(QT_TRANSLATE_NOOP("MainWindow", "to")) + QLatin1String(" [")
-           + newName + u']';
+    return QCoreApplication::translate("MainWindow", "Rename") + QLatin1String(" [") + oldName
+           + QLatin1String("] ") + QCoreApplication::translate("MainWindow", "to")
+           + QLatin1String(" [") + newName + u']';
 }
 
 } // namespace renamerules

@@ -47,28 +47,35 @@ int SpinMulti::shownCount() const
     return qMin(m_showMax, count());
 }
 
-int SpinMulti::wantedValueWidth() const
+int SpinMulti::cellWidth() const
 {
     int widest = 0;
     for (int i = 0; i < count(); ++i)
         widest = qMax(widest, textWidth(painting::oneLine(values().at(i))));
-    return shownCount() * (widest + 2 * CellMargin) + 2 * MarkRoom;
+    return widest + 2 * CellMargin;
+}
+
+int SpinMulti::wantedValueWidth() const
+{
+    return shownCount() * cellWidth() + 2 * MarkRoom;
 }
 
 void SpinMulti::paintValue(QPainter& painter, const rowlayout::Place& place) const
 {
     if (count() == 0)
         return;
-    const int first = values().firstShown(shownCount());
-    const int left = place.valueX + rowlayout::ValueIndent + MarkRoom;
+    // A long label takes the place of values: fewer of them are better than cut ones.
     const int room = qMin(place.valueRoom, wantedValueWidth()) - 2 * MarkRoom;
-    const int width = room / shownCount();
+    const int shown = qBound(1, room / cellWidth(), shownCount());
+    const int first = values().firstShown(shown);
+    const int left = place.valueX + rowlayout::ValueIndent + MarkRoom;
+    const int width = qMin(cellWidth(), room / shown);
     const int middle = top() + rowlayout::Height / 2;
     if (first > 0)
         drawMark(painter, left - MarkRoom + 1, middle, 1);
-    if (first + shownCount() < count())
-        drawMark(painter, left + width * shownCount() + MarkRoom - 2, middle, -1);
-    for (int i = 0; i < shownCount(); ++i) {
+    if (first + shown < count())
+        drawMark(painter, left + width * shown + MarkRoom - 2, middle, -1);
+    for (int i = 0; i < shown; ++i) {
         const QRect cell(left + i * width, top() + rowlayout::ValueTop, width,
                          rowlayout::Height - 2 * rowlayout::ValueTop);
         painter.save();

@@ -18,7 +18,8 @@ public:
     void moveNext() override;
     void movePrev() override;
 
-    /* How many values are shown side by side; 3 at first, a number below 1 counts as 1. */
+    /* How many values are shown side by side where the label leaves room; 3 at first, a number
+     * below 1 counts as 1. */
     void setShowMax(int count);
 
     /* Moves `steps` values on, back when negative, no further than the ends. */
@@ -30,6 +31,7 @@ protected:
 
 private:
     int shownCount() const;
+    int cellWidth() const;
 
     int m_showMax = 3;
 };

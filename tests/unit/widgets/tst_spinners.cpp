@@ -40,6 +40,7 @@ private slots:
     void barIsSeenInTheInverseRow();
     void severalValuesMoveTogether();
     void windowOfValuesFollows();
+    void aLongLabelTakesThePlaceOfValues();
 };
 
 namespace {
@@ -290,6 +291,25 @@ void TestSpinners::windowOfValuesFollows()
     row.setShowMax(3);
     row.setCurIndex(4);
     QVERIFY(picture(row) != three);
+}
+
+void TestSpinners::aLongLabelTakesThePlaceOfValues()
+{
+    SpinMulti row;
+    for (int value = 10; value < 20; ++value)
+        row.addItem(QString::number(value));
+    row.setText1(QStringLiteral("Satzzeichenpause "));
+    row.setShowMax(3);
+    const QImage three = picture(row);
+    row.setShowMax(2);
+    QVERIFY(picture(row) != three);
+    row.setShowMax(5);
+    QCOMPARE(picture(row), three);
+    row.setText1(QStringLiteral("Pausa "));
+    QVERIFY(picture(row) != three);
+    const QImage five = picture(row);
+    row.setShowMax(3);
+    QVERIFY(picture(row) != five);
 }
 
 QTEST_MAIN(TestSpinners)
