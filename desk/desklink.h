@@ -7,7 +7,9 @@
  *  2. Launcher messages: the desk listens on the channel "mainprocess" and sends to "scanprocess"
  *     (platform/qcopchannel.h); both share XDG_RUNTIME_DIR.
  *  3. Files: the pen's storage is the run root (SWIPELINE_ROOT); the desk prepares it and looks
- *     at it, and never writes to it while the pen runs.
+ *     at it. While the pen runs it does two things to it that a hand could do: it takes the card
+ *     out and puts it back (the folder mnt/mmc is moved away and back), and it lets the memory
+ *     look full (while the file FullMarker is there, no byte is free).
  *  4. Sound: SDL's audio output, or a WAV file written at the pace of speech
  *     (SWIPELINE_WAV names the file; then nothing sounds).
  *  5. The link described here: camera frames to the pen, reports from the pen.
@@ -33,6 +35,7 @@ constexpr std::uint32_t Magic = 0x4c445753; // "SWDL"
 constexpr std::uint16_t Version = 1;
 constexpr std::uint32_t MaxPacketBytes = 112 * 1024; // holds the largest frame
 constexpr const char* SocketVariable = "SWIPELINE_DESK";
+constexpr const char* FullMarker = "proc/storage-full"; // below the run root
 constexpr const char* WavVariable = "SWIPELINE_WAV";
 
 enum class Kind : std::uint16_t {

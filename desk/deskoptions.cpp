@@ -39,7 +39,10 @@ void addOptions(QCommandLineParser& parser)
     add("pen", "The pen's program (usually \"swipeline\" beside the desk or in ../app).", "PATH");
     add("fonts", "Font configuration for the pen (usually apps/res/fonts.conf of the root).",
         "FILE");
-    add("page", "Page on the desk: english, german, chinese, a picture or a PDF file.", "PAGE");
+    add("page",
+        "Page on the desk: english, german, french, spanish, italian, portuguese, dutch, "
+        "swedish, danish, norwegian, russian, chinese, a picture or a PDF file.",
+        "PAGE");
     add("text", "Page set in type from a text file; see --lang.", "FILE");
     add("lang", "Language of --text, two letters.", "xx");
     add("dpi", "Resolution of a picture given with --page (300).", "DPI");
@@ -48,6 +51,9 @@ void addOptions(QCommandLineParser& parser)
     add("headless", "Carries out a script without a display.", "SCRIPT");
     add("out", "With --headless: folder for pictures and sound (desk-out).", "DIR");
     add("desk-shot", "Writes a picture of the desk at the end (a PNG file).", "FILE");
+    add("frames", "With --headless: writes a film of the desk, a PNG file a picture.", "DIR");
+    add("frames-every", "Milliseconds between two pictures of the film (100).", "MS");
+    add("frames-of", "What the film shows: desk, or pen (pen and caption only).", "PART");
 }
 
 QString readPage(const QCommandLineParser& parser, PageSource& page)
@@ -58,11 +64,9 @@ QString readPage(const QCommandLineParser& parser, PageSource& page)
     if (!name.isEmpty() && !text.isEmpty())
         return tr("Only one of --page and --text can lie on the desk.");
     if (!name.isEmpty()) {
-        page.name = name;
-        if (!PageLoader::samples().contains(name)) {
-            page.kind = PageSource::Kind::File;
+        page = PageLoader::named(name);
+        if (page.kind == PageSource::Kind::File)
             page.name = absolute(name);
-        }
     } else if (!text.isEmpty()) {
         page.kind = PageSource::Kind::Text;
         page.name = absolute(text);
@@ -72,7 +76,7 @@ QString readPage(const QCommandLineParser& parser, PageSource& page)
     }
     if (parser.isSet(QStringLiteral("dpi"))) {
         page.pictureDpi = parser.value(QStringLiteral("dpi")).toDouble();
-        if (page.pictureDpi < 50.0 || page.pictureDpi > 2400.0)
+        if (page.pictureDpi < PageSource::LeastDpi || page.pictureDpi > PageSource::MostDpi)
             return tr("--dpi takes a number from 50 to 2400.");
     }
     if (parser.isSet(QStringLiteral("pdf-page"))) {
@@ -80,6 +84,23 @@ QString readPage(const QCommandLineParser& parser, PageSource& page)
         if (page.pdfPage < 0)
             return tr("--pdf-page takes a number from 1.");
     }
+    return QString();
+}
+
+QString readFrames(const QCommandLineParser& parser, DeskOptions& options)
+{
+    options.frames = absolute(parser.value(QStringLiteral("frames")));
+    if (!options.frames.isEmpty() && !options.isHeadless())
+        return tr("--frames needs --headless.");
+    if (parser.isSet(QStringLiteral("frames-every"))) {
+        options.framesMs = parser.value(QStringLiteral("frames-every")).toInt();
+        if (options.framesMs < 20 || options.framesMs > 10'000)
+            return tr("--frames-every takes a number from 20 to 10000.");
+    }
+    const QString part = parser.value(QStringLiteral("frames-of"));
+    options.framesOfPen = part == QLatin1String("pen");
+    if (!part.isEmpty() && part != QLatin1String("desk") && !options.framesOfPen)
+        return tr("--frames-of takes desk or pen.");
     return QString();
 }
 
@@ -141,6 +162,8 @@ DeskOptions DeskOptions::parse(const QStringList& arguments, const QString& prog
     if (options.fonts.isEmpty() && QFileInfo(rootFonts).isFile())
         options.fonts = rootFonts;
     options.error = readPage(parser, options.page);
+    if (options.error.isEmpty())
+        options.error = readFrames(parser, options);
     if (options.error.isEmpty())
         options.error = checkFiles(options, parser.value(QStringLiteral("pen")));
     return options;

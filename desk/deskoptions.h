@@ -16,6 +16,9 @@ struct DeskOptions
     QString out;    // headless: folder for pictures and sound
     QString wav;    // empty: the sound is heard
     QString deskShot;
+    QString frames;           // headless: folder for a film of the desk; empty: none
+    int framesMs = 100;       // a picture every so many milliseconds
+    bool framesOfPen = false; // of the pen and what it says only
     PageSource page;
     bool helpWanted = false;
     QString help;  // the text of --help

@@ -1,6 +1,8 @@
 #include "desk/deskscript.h"
 
-#include "desk/penkeys.h"
+#include "desk/handmodel.h"
+#include "desk/pageloader.h"
+#include "desk/scriptarguments.h"
 #include "desk/scriptwords.h"
 #include "desk/swipereport.h"
 
@@ -12,115 +14,10 @@ namespace {
 
 using Verb = DeskCommand::Verb;
 
-constexpr int MaxMs = 600'000;
-constexpr double MaxSpeed = 2000.0;
-
 QString tr(const char* text)
 {
     return QCoreApplication::translate("DeskScript", text);
 }
-
-/* Reads the arguments of one command; each reader returns an error or nothing. */
-class Arguments
-{
-public:
-    Arguments(QStringList words, DeskCommand& command)
-        : m_words(std::move(words)), m_command(command)
-    {
-    }
-
-    bool atEnd() const { return m_words.isEmpty(); }
-    QString take() { return m_words.isEmpty() ? QString() : m_words.takeFirst(); }
-    bool takeIf(const char* word)
-    {
-        if (m_words.isEmpty() || m_words.first() != QLatin1String(word))
-            return false;
-        m_words.removeFirst();
-        return true;
-    }
-
-    QString text(QString DeskCommand::*field)
-    {
-        m_command.*field = take();
-        return (m_command.*field).isEmpty() ? tr("a text is missing") : QString();
-    }
-
-    QString key()
-    {
-        const QString name = take();
-        const auto key = penkeys::fromName(name);
-        if (!key)
-            return tr("there is no key \"%1\"; there are %2")
-                .arg(name, penkeys::names().join(QLatin1String(", ")));
-        m_command.key = *key;
-        return QString();
-    }
-
-    QString number(int least, int most)
-    {
-        bool ok = false;
-        const QString word = take();
-        m_command.number = word.toInt(&ok);
-        if (!ok || m_command.number < least || m_command.number > most)
-            return tr("\"%1\" is no number from %2 to %3").arg(word).arg(least).arg(most);
-        return QString();
-    }
-
-    QString seconds()
-    {
-        bool ok = false;
-        const QString word = take();
-        const double seconds = word.toDouble(&ok);
-        if (!ok || seconds <= 0.0 || seconds * 1000.0 > MaxMs)
-            return tr("\"%1\" is no time in seconds").arg(word);
-        m_command.number = int(seconds * 1000.0);
-        return QString();
-    }
-
-    QString choice(const char* one, const char* zero)
-    {
-        const QString word = take();
-        if (word != QLatin1String(one) && word != QLatin1String(zero))
-            return tr("\"%1\" should be %2 or %3")
-                .arg(word, QLatin1String(one), QLatin1String(zero));
-        m_command.number = word == QLatin1String(one) ? 1 : 0;
-        return QString();
-    }
-
-    QString point(QPointF DeskCommand::*field)
-    {
-        const QString word = take();
-        const QStringList parts = word.split(QLatin1Char(','));
-        bool okX = false;
-        bool okY = false;
-        if (parts.size() == 2)
-            m_command.*field = QPointF(parts[0].toDouble(&okX), parts[1].toDouble(&okY));
-        return okX && okY ? QString() : tr("\"%1\" is no place; write X,Y in mm").arg(word);
-    }
-
-    QString speed()
-    {
-        if (!takeIf("speed"))
-            return QString();
-        bool ok = false;
-        const QString word = take();
-        m_command.speed = word.toDouble(&ok);
-        return ok && m_command.speed > 0.0 && m_command.speed <= MaxSpeed
-                   ? QString()
-                   : tr("\"%1\" is no speed in mm a second").arg(word);
-    }
-
-    QString message()
-    {
-        m_command.message = take();
-        m_command.payload = take().toUtf8();
-        return m_command.message.isEmpty() ? tr("the message is missing") : QString();
-    }
-
-private:
-    QStringList m_words;
-    DeskCommand& m_command;
-};
 
 /* The first error of several steps. */
 template <typename... Steps> QString inTurn(Steps... steps)
@@ -134,20 +31,24 @@ template <typename... Steps> QString inTurn(Steps... steps)
     return error;
 }
 
-QString readSwipe(DeskCommand& command, Arguments& arguments)
+QString readSwipe(DeskCommand& command, ScriptArguments& arguments)
 {
     if (arguments.takeIf("line")) {
         command.verb = Verb::SwipeLine;
         return inTurn([&] { return arguments.number(1, 1000); }, [&] { return arguments.speed(); });
     }
-    command.verb = Verb::SwipePath;
+    if (arguments.takeIf("path")) {
+        command.verb = Verb::SwipePath;
+        return arguments.path();
+    }
+    command.verb = Verb::SwipeWay;
     return inTurn([&] { return arguments.point(&DeskCommand::from); },
                   [&] { return arguments.point(&DeskCommand::to); },
                   [&] { return arguments.speed(); });
 }
 
 /* What stands behind "wait" and "expect" alike. */
-QString readCondition(DeskCommand& command, Arguments& arguments, bool wait)
+QString readCondition(DeskCommand& command, ScriptArguments& arguments, bool wait)
 {
     if (arguments.takeIf("spoken")) {
         command.verb = wait ? Verb::WaitSpoken : Verb::ExpectSpoken;
@@ -184,7 +85,7 @@ QString readCondition(DeskCommand& command, Arguments& arguments, bool wait)
     return tr("\"%1\" is nothing to wait for or expect").arg(arguments.take());
 }
 
-QString readWait(DeskCommand& command, Arguments& arguments)
+QString readWait(DeskCommand& command, ScriptArguments& arguments)
 {
     const auto plain = [&command](Verb verb) {
         command.verb = verb;
@@ -214,7 +115,7 @@ QString readWait(DeskCommand& command, Arguments& arguments)
     return readCondition(command, arguments, true);
 }
 
-QString readExpect(DeskCommand& command, Arguments& arguments)
+QString readExpect(DeskCommand& command, ScriptArguments& arguments)
 {
     if (arguments.takeIf("running")) {
         command.verb = Verb::ExpectRunning;
@@ -227,55 +128,102 @@ struct Reader
 {
     const char* word;
     Verb verb;
-    QString (*read)(DeskCommand& command, Arguments& arguments);
+    QString (*read)(DeskCommand& command, ScriptArguments& arguments);
 };
 
-QString readNothing(DeskCommand&, Arguments&)
+QString readNothing(DeskCommand&, ScriptArguments&)
 {
     return QString();
 }
 
-QString readName(DeskCommand&, Arguments& arguments)
+QString readName(DeskCommand&, ScriptArguments& arguments)
 {
     return arguments.text(&DeskCommand::name);
 }
 
-QString readText(DeskCommand&, Arguments& arguments)
+QString readText(DeskCommand&, ScriptArguments& arguments)
 {
     return arguments.text(&DeskCommand::text);
 }
 
-constexpr std::array<Reader, 17> Readers = {{
-    {"key", Verb::Key, [](DeskCommand&, Arguments& a) { return a.key(); }},
+QString readHand(DeskCommand& command, ScriptArguments& arguments)
+{
+    command.name = arguments.take();
+    if (command.name == QLatin1String("left") || command.name == QLatin1String("right")
+        || command.name == QLatin1String("usual"))
+        return QString();
+    const HandModel::Trait* const trait = HandModel::trait(command.name);
+    if (!trait)
+        return tr("a hand has no \"%1\"; it has left, right, usual, %2")
+            .arg(command.name, HandModel::traitNames().join(QLatin1String(", ")));
+    return arguments.real(command.value, trait->least, trait->most);
+}
+
+QString readPage(DeskCommand& command, ScriptArguments& arguments)
+{
+    const QString name = arguments.take();
+    command.page = PageLoader::named(name);
+    QString error = name.isEmpty() ? tr("the page is missing") : QString();
+    if (error.isEmpty() && arguments.takeIf("sheet")) {
+        error = arguments.number(1, 100'000);
+        command.page.pdfPage = command.number - 1;
+    }
+    if (error.isEmpty() && arguments.takeIf("dpi"))
+        error = arguments.real(command.page.pictureDpi, PageSource::LeastDpi, PageSource::MostDpi);
+    return error;
+}
+
+QString readTextFile(DeskCommand& command, ScriptArguments& arguments)
+{
+    command.page.kind = PageSource::Kind::Text;
+    return inTurn([&] { return arguments.text(command.page.name); },
+                  [&] { return arguments.language(command.page.language); });
+}
+
+QString readTyped(DeskCommand& command, ScriptArguments& arguments)
+{
+    PageSource& page = command.page;
+    page.kind = PageSource::Kind::Typed;
+    return inTurn(
+        [&] { return arguments.text(page.text); },
+        [&] { return arguments.language(page.language); },
+        [&] { return arguments.takeIf("font") ? arguments.text(page.family) : QString(); },
+        [&] {
+            return arguments.takeIf("size")
+                       ? arguments.real(page.sizePt, PageSource::LeastPt, PageSource::MostPt)
+                       : QString();
+        });
+}
+
+constexpr auto Readers = std::to_array<Reader>({
+    {"key", Verb::Key, [](DeskCommand&, ScriptArguments& a) { return a.key(); }},
     {"hold", Verb::Hold,
-     [](DeskCommand&, Arguments& a) {
-         return inTurn([&] { return a.key(); }, [&] { return a.number(1, MaxMs); });
+     [](DeskCommand&, ScriptArguments& a) {
+         return inTurn([&] { return a.key(); }, [&] { return a.number(1, DeskCommand::MaxMs); });
      }},
-    {"swipe", Verb::SwipePath, readSwipe},
-    {"send", Verb::Send, [](DeskCommand&, Arguments& a) { return a.message(); }},
-    {"usb", Verb::Usb, [](DeskCommand&, Arguments& a) { return a.choice("plug", "unplug"); }},
+    {"swipe", Verb::SwipeWay, readSwipe},
+    {"send", Verb::Send, [](DeskCommand&, ScriptArguments& a) { return a.message(); }},
+    {"usb", Verb::Usb, [](DeskCommand&, ScriptArguments& a) { return a.choice("plug", "unplug"); }},
     {"power", Verb::Power, readNothing},
-    {"hand", Verb::Hand, [](DeskCommand&, Arguments& a) { return a.choice("left", "right"); }},
-    {"page", Verb::Page, readText},
-    {"text", Verb::Text,
-     [](DeskCommand& command, Arguments& a) {
-         return inTurn([&] { return a.text(&DeskCommand::text); },
-                       [&] {
-                           command.name = a.take();
-                           return command.name.size() == 2
-                                      ? QString()
-                                      : tr("the language is missing, as two letters");
-                       });
-     }},
+    {"card", Verb::Card, [](DeskCommand&, ScriptArguments& a) { return a.choice("out", "in"); }},
+    {"storage", Verb::Storage,
+     [](DeskCommand&, ScriptArguments& a) { return a.choice("full", "free"); }},
+    {"hand", Verb::Hand, readHand},
+    {"page", Verb::Page, readPage},
+    {"type", Verb::Page, readTyped},
+    {"text", Verb::Page, readTextFile},
     {"start", Verb::Start, readNothing},
     {"screenshot", Verb::Screenshot, readName},
     {"desk-shot", Verb::DeskShot, readName},
-    {"timeout", Verb::TimeOut, [](DeskCommand&, Arguments& a) { return a.seconds(); }},
+    {"timeout", Verb::TimeOut, [](DeskCommand&, ScriptArguments& a) { return a.seconds(); }},
+    {"pause", Verb::Pause, [](DeskCommand&, ScriptArguments& a) { return a.seconds(); }},
+    {"frames", Verb::Frames,
+     [](DeskCommand&, ScriptArguments& a) { return a.choice("on", "off"); }},
     {"echo", Verb::Echo, readText},
     {"wait", Verb::WaitIdle, readWait},
     {"expect", Verb::ExpectSpoken, readExpect},
     {"quit", Verb::Quit, readNothing},
-}};
+});
 
 QString readCommand(QStringList words, DeskCommand& command)
 {
@@ -284,7 +232,7 @@ QString readCommand(QStringList words, DeskCommand& command)
         if (first != QLatin1String(reader.word))
             continue;
         command.verb = reader.verb;
-        Arguments arguments(std::move(words), command);
+        ScriptArguments arguments(std::move(words), command);
         const QString error = reader.read(command, arguments);
         if (error.isEmpty() && !arguments.atEnd())
             return tr("\"%1\" is too much").arg(arguments.take());

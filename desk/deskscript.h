@@ -1,10 +1,14 @@
 #ifndef DESKSCRIPT_H
 #define DESKSCRIPT_H
 
+#include "desk/camera/handpath.h"
+#include "desk/pagesource.h"
+
 #include <QByteArray>
 #include <QPointF>
 #include <QString>
 #include <QVector>
+#include <vector>
 
 /* One line of a script that drives the desk; desk/README.md describes the language. */
 struct DeskCommand
@@ -13,17 +17,21 @@ struct DeskCommand
         Key,          // key
         Hold,         // key, number: milliseconds
         SwipeLine,    // number: line from 1; speed
-        SwipePath,    // from, to, speed
+        SwipeWay,     // from, to, speed
+        SwipePath,    // path
         Send,         // message, payload
         Usb,          // number: 1 plug, 0 delete
         Power,        //
-        Hand,         // number: 1 left, 0 right
-        Page,         // text: sample or file
-        Text,         // text: file to be set in type; name: language
+        Card,         // number: 1 out, 0 in
+        Storage,      // number: 1 full, 0 free
+        Hand,         // name: left, right, usual or a trait; value: of the trait
+        Page,         // page
         Start,        // start the pen again
         Screenshot,   // name
         DeskShot,     // name
         TimeOut,      // number: milliseconds
+        Pause,        // number: milliseconds
+        Frames,       // number: 1 on, 0 off
         Echo,         // text
         WaitScreen,   // the screen shows something else than at the last action
         WaitSpoken,   // text
@@ -46,6 +54,8 @@ struct DeskCommand
         Quit
     };
 
+    static constexpr int MaxMs = 600'000;
+
     int line = 0;   // of the script, from 1
     QString source; // the line as it is written
     Verb verb = Verb::Quit;
@@ -53,7 +63,10 @@ struct DeskCommand
     int number = 0;
     QPointF from; // millimetres
     QPointF to;
-    double speed = 0.0; // mm a second; 0: the usual one
+    double speed = 0.0; // mm a second; 0: the hand's own
+    double value = 0.0;
+    std::vector<PathPoint> path;
+    PageSource page;
     QString text;
     QString name;
     QString message;

@@ -14,6 +14,7 @@ DeskSession::DeskSession(DeskSetting setting, QObject* parent)
     : QObject(parent),
       m_setting(std::move(setting)),
       m_feeder(m_link),
+      m_storage(m_setting.root),
       m_screen(penpicture::toOneBit(QImage()))
 {
     m_quiet.start();
@@ -141,53 +142,93 @@ void DeskSession::startPen()
     m_refreshing = true;
     ++m_penRuns;
     m_pen->start();
+    emit startWanted();
 }
 
 void DeskSession::sendKey(Qt::Key key, bool pressed)
 {
     stir();
     m_compositor->sendKey(key, pressed);
+    emit keySent(key, pressed);
 }
 
-void DeskSession::setLeftHand(bool left)
+void DeskSession::setHand(const HandModel& hand)
 {
-    m_setting.camera.mount.leftHand = left;
+    if (hand == m_hand)
+        return;
+    m_hand = hand;
     makeCamera();
+    emit handChanged();
+}
+
+bool DeskSession::move(const QLineF& way, double speedMmPerS)
+{
+    if (way.length() < ShortestSwipeMm || !m_camera)
+        return false;
+    HandSettings hand = m_hand.motion(++m_swipes);
+    if (speedMmPerS > 0.0)
+        hand.speedMmPerS = speedMmPerS;
+    stir();
+    return m_feeder.swipe(m_camera, HandPath::sampled(way.p1(), way.p2(), hand));
 }
 
 bool DeskSession::swipe(QPointF fromMm, QPointF toMm, double speedMmPerS)
 {
-    if (QLineF(fromMm, toMm).length() < ShortestSwipeMm || !m_camera)
+    if (!move(QLineF(fromMm, toMm), speedMmPerS))
         return false;
-    HandSettings hand;
-    hand.speedMmPerS = speedMmPerS;
-    hand.seed = ++m_swipes;
-    stir();
-    return m_feeder.swipe(m_camera, HandPath::sampled(fromMm, toMm, hand));
+    emit waySwiped(fromMm, toMm, speedMmPerS);
+    return true;
 }
 
 bool DeskSession::swipeLine(int line, double speedMmPerS)
 {
-    if (line < 0 || line >= m_page.lines.size())
+    if (line < 0 || line >= m_page.lines.size() || !move(m_page.wayOver(line), speedMmPerS))
         return false;
-    const QLineF way = m_page.wayOver(line);
-    return swipe(way.p1(), way.p2(), speedMmPerS);
+    emit lineSwiped(line, speedMmPerS);
+    return true;
+}
+
+bool DeskSession::swipe(const std::vector<PathPoint>& path)
+{
+    if (path.size() < 2 || !m_camera)
+        return false;
+    stir();
+    if (!m_feeder.swipe(m_camera, HandPath::through(path)))
+        return false;
+    emit handSwiped(path);
+    return true;
+}
+
+void DeskSession::trace(QPointF mm)
+{
+    m_trace.push_back({double(m_traceClock.nsecsElapsed()) / 1e9, mm});
 }
 
 bool DeskSession::beginSwipe(QPointF mm)
 {
     stir();
-    return m_camera && m_feeder.begin(m_camera, mm);
+    if (!m_camera || !m_feeder.begin(m_camera, mm))
+        return false;
+    m_trace.clear();
+    m_traceClock.start();
+    m_trace.push_back({0.0, mm});
+    return true;
 }
 
 void DeskSession::moveSwipe(QPointF mm)
 {
     m_feeder.move(mm);
+    if (!m_trace.empty())
+        trace(mm);
 }
 
 void DeskSession::endSwipe(QPointF mm)
 {
     m_feeder.lift(mm);
+    if (m_trace.empty())
+        return;
+    trace(mm);
+    emit handSwiped(std::exchange(m_trace, {}));
 }
 
 void DeskSession::updateScreen()
@@ -214,5 +255,6 @@ void DeskSession::takePage(const PrintedPage& page)
 void DeskSession::makeCamera()
 {
     if (!m_page.isEmpty())
-        m_camera = std::make_shared<const PenCamera>(m_page.image, m_page.dpi, m_setting.camera);
+        m_camera = std::make_shared<const PenCamera>(m_page.image, m_page.dpi,
+                                                     m_hand.seenBy(m_setting.camera));
 }

@@ -1,11 +1,13 @@
 #ifndef DESKSESSION_H
 #define DESKSESSION_H
 
+#include "desk/handmodel.h"
 #include "desk/launcher.h"
 #include "desk/linkserver.h"
 #include "desk/pageloader.h"
 #include "desk/pencompositor.h"
 #include "desk/penprocess.h"
+#include "desk/penstorage.h"
 #include "desk/runtimedir.h"
 #include "desk/swipefeeder.h"
 #include "desk/transcript.h"
@@ -49,6 +51,7 @@ public:
     const PrintedPage& page() const { return m_page; }
     const SwipeFeeder& feeder() const { return m_feeder; }
     PageLoader& pageLoader() { return m_pageLoader; }
+    PenStorage& storage() { return m_storage; }
 
     /* What the display shows: one bit a pixel. Stands still while the pen has switched the
      * refresh off. */
@@ -64,14 +67,16 @@ public:
     void startPen();
     void sendKey(Qt::Key key, bool pressed);
 
-    /* The pen is held in the left hand: the camera looks the other way up. */
-    void setLeftHand(bool left);
-    bool isLeftHand() const { return m_setting.camera.mount.leftHand; }
+    /* How the pen is held and moved, and the light. */
+    void setHand(const HandModel& hand);
+    const HandModel& hand() const { return m_hand; }
 
-    /* Swipes with a hand that moves evenly. False when a swipe is under way, there is no page or
-     * line, or the way is shorter than a millimetre. */
-    bool swipe(QPointF fromMm, QPointF toMm, double speedMmPerS);
-    bool swipeLine(int line, double speedMmPerS);
+    /* Swipes with the hand of hand(), at its speed or another (0: its own). False when a swipe is
+     * under way, there is no page or line, or the way is shorter than a millimetre. */
+    bool swipe(QPointF fromMm, QPointF toMm, double speedMmPerS = 0.0);
+    bool swipeLine(int line, double speedMmPerS = 0.0);
+    /* Swipes as a hand has moved before. False as above. */
+    bool swipe(const std::vector<PathPoint>& path);
     /* Swipes with the user's own hand. */
     bool beginSwipe(QPointF mm);
     void moveSwipe(QPointF mm);
@@ -80,8 +85,6 @@ public:
 
     const QVector<SwipeReport>& swipeReports() const { return m_swipeReports; }
     quint64 penRuns() const { return m_penRuns; }
-
-    static constexpr double UsualSpeedMmPerS = 150.0;
 
 signals:
     void screenChanged();
@@ -92,6 +95,13 @@ signals:
     void swipeEnded(int frames, int lost);
     void swipeReported(const SwipeReport& report);
     void pageChanged();
+    void handChanged();
+    /* What was done to the pen, for those who write it down. */
+    void keySent(Qt::Key key, bool pressed);
+    void startWanted();
+    void lineSwiped(int line, double speedMmPerS);
+    void waySwiped(QPointF fromMm, QPointF toMm, double speedMmPerS);
+    void handSwiped(const std::vector<PathPoint>& path);
     void pageFailed(const QString& error);
     void penStarted();
     void penEnded(const QString& how, bool well);
@@ -103,6 +113,8 @@ private:
     void updateScreen();
     void takePage(const PrintedPage& page);
     void makeCamera();
+    bool move(const QLineF& way, double speedMmPerS);
+    void trace(QPointF mm);
     void stir() { m_quiet.restart(); }
 
     DeskSetting m_setting;
@@ -111,12 +123,16 @@ private:
     LinkServer m_link;
     SwipeFeeder m_feeder;
     PageLoader m_pageLoader;
+    PenStorage m_storage;
     Transcript m_transcript;
     std::unique_ptr<PenCompositor> m_compositor;
     std::unique_ptr<Launcher> m_launcher;
     std::unique_ptr<PenProcess> m_pen;
     PrintedPage m_page;
+    HandModel m_hand;
     SwipeFeeder::Camera m_camera;
+    std::vector<PathPoint> m_trace; // of the user's hand
+    QElapsedTimer m_traceClock;
     QImage m_screen;
     bool m_refreshing = true;
     quint64 m_screenChanges = 0;

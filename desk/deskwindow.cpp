@@ -127,6 +127,12 @@ QImage DeskWindow::picture()
     return grab().toImage();
 }
 
+QImage DeskWindow::penPicture()
+{
+    const QRect caption = m_caption->parentWidget()->geometry();
+    return grab(m_pen->geometry().united(caption)).toImage();
+}
+
 QWidget* DeskWindow::makePageCard()
 {
     QWidget* const page = card();
@@ -168,7 +174,11 @@ QWidget* DeskWindow::makePageBar()
     connect(m_pages, &QComboBox::activated, this, &DeskWindow::choosePage);
     connect(open, &QPushButton::clicked, this, &DeskWindow::openPage);
     connect(ruler, &QCheckBox::toggled, m_page, &PageView::setRuler);
-    connect(hand, &QCheckBox::toggled, &m_session, &DeskSession::setLeftHand);
+    connect(hand, &QCheckBox::toggled, &m_session, [this](bool left) {
+        HandModel model = m_session.hand();
+        model.left = left;
+        m_session.setHand(model);
+    });
     return bar;
 }
 
@@ -210,7 +220,7 @@ void DeskWindow::connectPage()
     connect(m_page, &PageView::swipeMoves, &m_session, &DeskSession::moveSwipe);
     connect(m_page, &PageView::swipeEnds, &m_session, &DeskSession::endSwipe);
     connect(m_page, &PageView::lineWanted, &m_session,
-            [this](int line) { m_session.swipeLine(line, DeskSession::UsualSpeedMmPerS); });
+            [this](int line) { m_session.swipeLine(line); });
     connect(&m_session, &DeskSession::swipeStarted, this, [this] { m_pen->setTipPressed(true); });
     connect(&m_session, &DeskSession::swipeLooksAt, m_page, &PageView::showCamera);
     connect(&m_session, &DeskSession::swipeEnded, this, [this] {

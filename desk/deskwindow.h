@@ -27,6 +27,8 @@ public:
 
     /* The whole window as a picture. */
     QImage picture();
+    /* The pen and what it says. */
+    QImage penPicture();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -5,6 +5,7 @@
 #include "desk/deskoptions.h"
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
+#include "desk/framerecorder.h"
 #include "desk/scriptrunner.h"
 #include "desk/unixsignals.h"
 
@@ -101,7 +102,16 @@ int runScript(DeskSession& session, const DeskOptions& options)
                          penLog.write(line.toUtf8() + '\n');
                          penLog.flush();
                      });
-    ScriptRunner runner(session, script, options.out, [&window] { return window.picture(); });
+    if (!options.frames.isEmpty() && !QDir().mkpath(options.frames))
+        return complain(tr("The folder %1 cannot be made.").arg(options.frames));
+    FrameRecorder frames(options.frames, options.framesMs, [&window, &options] {
+        return options.framesOfPen ? window.penPicture() : window.picture();
+    });
+    const bool filming = !options.frames.isEmpty();
+    frames.setOn(filming);
+    ScriptRunner runner(session, script, options.out,
+                        {[&window] { return window.picture(); },
+                         [&frames, filming](bool on) { frames.setOn(filming && on); }});
     QObject::connect(&runner, &ScriptRunner::finished, qApp,
                      [](bool ok) { QApplication::exit(ok ? 0 : Failed); });
     const UnixSignals signalsOfTheSystem;
@@ -112,7 +122,10 @@ int runScript(DeskSession& session, const DeskOptions& options)
         runner.start();
         session.startPen();
     });
-    return runLoop(window, options);
+    const int result = runLoop(window, options);
+    if (filming && !frames.finish())
+        return complain(tr("The film cannot be written to %1.").arg(options.frames));
+    return result;
 }
 
 } // namespace

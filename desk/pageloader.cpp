@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QtConcurrentRun>
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <poppler-qt6.h>
@@ -31,11 +32,20 @@ struct Sample
     const char* title;
     const char* language;
 };
-constexpr std::array<Sample, 3> Samples = {{
+constexpr auto Samples = std::to_array<Sample>({
     {"english", "English", "en"},
     {"german", "German", "de"},
+    {"french", "French", "fr"},
+    {"spanish", "Spanish", "es"},
+    {"italian", "Italian", "it"},
+    {"portuguese", "Portuguese", "pt"},
+    {"dutch", "Dutch", "nl"},
+    {"swedish", "Swedish", "sv"},
+    {"danish", "Danish", "da"},
+    {"norwegian", "Norwegian", "no"},
+    {"russian", "Russian", "ru"},
     {"chinese", "Chinese", "zh"},
-}};
+});
 
 PageLoader::Result failure(const QString& error)
 {
@@ -85,11 +95,29 @@ PageLoader::Result loadText(const PageSource& source)
             QString()};
 }
 
+PageLoader::Result loadTyped(const PageSource& source)
+{
+    if (source.text.simplified().isEmpty())
+        return failure(PageLoader::tr("There is no text to set."));
+    typesetter::Style style;
+    style.language = source.language;
+    style.family = source.family;
+    style.sizePt = std::clamp(source.sizePt, PageSource::LeastPt, PageSource::MostPt);
+    return {typesetter::setPlain(PageLoader::tr("My text"), source.text, style), QString()};
+}
+
+bool isPdf(const QString& path)
+{
+    return path.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive);
+}
+
 PageLoader::Result loadPdf(const PageSource& source)
 {
     const std::unique_ptr<Poppler::Document> document = Poppler::Document::load(source.name);
-    if (!document || document->isLocked())
-        return failure(PageLoader::tr("The PDF file %1 cannot be opened.").arg(source.name));
+    if (!document)
+        return failure(PageLoader::tr("%1 is no PDF file that can be read.").arg(source.name));
+    if (document->isLocked())
+        return failure(PageLoader::tr("The PDF file %1 asks for a password.").arg(source.name));
     const std::unique_ptr<Poppler::Page> sheet = document->page(source.pdfPage);
     if (!sheet)
         return failure(PageLoader::tr("The PDF file %1 has no page %2.")
@@ -100,6 +128,8 @@ PageLoader::Result loadPdf(const PageSource& source)
     PrintedPage page;
     page.name = QFileInfo(source.name).fileName();
     page.dpi = PdfDpi;
+    page.sheet = source.pdfPage;
+    page.sheets = document->numPages();
     page.image = sheet->renderToImage(PdfDpi, PdfDpi).convertToFormat(QImage::Format_Grayscale8);
     if (page.isEmpty())
         return failure(PageLoader::tr("The PDF file %1 cannot be drawn.").arg(source.name));
@@ -141,6 +171,7 @@ PageLoader::~PageLoader() = default;
 
 void PageLoader::load(const PageSource& source)
 {
+    m_source = source;
     m_watcher.setFuture(QtConcurrent::run(&PageLoader::loadNow, source));
 }
 
@@ -152,6 +183,21 @@ QStringList PageLoader::samples()
     return names;
 }
 
+bool PageLoader::canBePage(const QString& path)
+{
+    const QByteArray suffix = QFileInfo(path).suffix().toLower().toLatin1();
+    return isPdf(path) || QImageReader::supportedImageFormats().contains(suffix);
+}
+
+PageSource PageLoader::named(const QString& name)
+{
+    PageSource source;
+    source.name = name;
+    if (!samples().contains(name))
+        source.kind = PageSource::Kind::File;
+    return source;
+}
+
 PageLoader::Result PageLoader::loadNow(const PageSource& source)
 {
     switch (source.kind) {
@@ -159,12 +205,14 @@ PageLoader::Result PageLoader::loadNow(const PageSource& source)
         return loadSample(source.name);
     case PageSource::Kind::Text:
         return loadText(source);
+    case PageSource::Kind::Typed:
+        return loadTyped(source);
     case PageSource::Kind::File:
         break;
     }
     if (!QFileInfo(source.name).isFile())
         return failure(tr("There is no file %1.").arg(source.name));
-    if (source.name.endsWith(QLatin1String(".pdf"), Qt::CaseInsensitive))
+    if (isPdf(source.name))
         return loadPdf(source);
     return loadPicture(source);
 }

@@ -1,26 +1,12 @@
 #ifndef PAGELOADER_H
 #define PAGELOADER_H
 
+#include "desk/pagesource.h"
 #include "desk/printedpage.h"
 
 #include <QFutureWatcher>
 #include <QObject>
 #include <QStringList>
-
-/* Where a page comes from. */
-struct PageSource
-{
-    enum class Kind {
-        Sample, // one of the desk's own pages, by its name
-        File,   // a picture (png, jpg, ...) or a PDF file
-        Text    // a text file in UTF-8, to be set in type
-    };
-    Kind kind = Kind::Sample;
-    QString name;     // of the sample, or the path of the file
-    QString language; // of a text file, two letters
-    int pdfPage = 0;
-    double pictureDpi = 0.0; // 0: 300
-};
 
 /*
  * Makes printed pages from samples, pictures, PDF and text files on threads of its own. The last
@@ -38,8 +24,18 @@ public:
     void load(const PageSource& source);
     bool isLoading() const { return m_watcher.isRunning(); }
 
-    /* Names of the sample pages: "english", "german", "chinese". */
+    /* What was asked for last. */
+    const PageSource& source() const { return m_source; }
+
+    /* Names of the sample pages, one in each of the twelve languages that the pen reads: "english",
+     * "german", ... */
     static QStringList samples();
+
+    /* Whether a file's name says that it can be a page: a picture or a PDF file. */
+    static bool canBePage(const QString& path);
+
+    /* A page named by a user: a sample, or else a file. */
+    static PageSource named(const QString& name);
 
     /* What loading comes to; waits for it. `error` is empty on success. */
     struct Result
@@ -54,6 +50,7 @@ signals:
     void failed(const QString& error);
 
 private:
+    PageSource m_source;
     QFutureWatcher<Result> m_watcher;
 };
 

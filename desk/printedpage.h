@@ -25,6 +25,8 @@ struct PrintedPage
     QImage image;     // Format_Grayscale8
     double dpi = 300.0;
     QVector<Line> lines; // from top to bottom
+    int sheet = 0;       // of a PDF file, from 0
+    int sheets = 1;
 
     bool isEmpty() const { return image.isNull(); }
     QSizeF sizeMm() const { return QSizeF(image.size()) * (MmPerInch / dpi); }

@@ -1,7 +1,6 @@
 #include "desk/scriptrunner.h"
 
 #include "desk/desksession.h"
-#include "desk/penfiles.h"
 #include "desk/penpicture.h"
 
 #include <QDir>
@@ -13,21 +12,20 @@ using Verb = DeskCommand::Verb;
 namespace {
 
 constexpr int UsualTimeOutMs = 30'000;
-constexpr int PollMs = 50;  // for files on the pen and for quiet
-constexpr int IdleMs = 500; // nothing has happened for so long
-constexpr int StillMs = 500;
+constexpr int PollMs = 50; // for files on the pen and for quiet
 constexpr int LeaveMs = 10'000;
 constexpr int Magnification = 4;
 
 } // namespace
 
-ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outDir,
-                           std::function<QImage()> deskShot, QObject* parent)
+ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outDir, Window window,
+                           QObject* parent)
     : QObject(parent),
       m_session(session),
       m_script(std::move(script)),
       m_outDir(std::move(outDir)),
-      m_deskShot(std::move(deskShot)),
+      m_window(std::move(window)),
+      m_conditions(session),
       m_timeOutMs(UsualTimeOutMs)
 {
     m_timeOut.setSingleShot(true);
@@ -44,10 +42,7 @@ ScriptRunner::ScriptRunner(DeskSession& session, DeskScript script, QString outD
 
 void ScriptRunner::connectSession()
 {
-    connect(&m_session, &DeskSession::screenChanged, this, [this] {
-        m_still.start();
-        check();
-    });
+    connect(&m_session, &DeskSession::screenChanged, this, &ScriptRunner::check);
     connect(&m_session, &DeskSession::speechChanged, this, [this] {
         const auto& utterances = m_session.transcript().utterances();
         while (m_toldUtterances < utterances.size() && utterances.at(m_toldUtterances).endUs >= 0)
@@ -74,19 +69,13 @@ void ScriptRunner::connectSession()
 
 void ScriptRunner::start()
 {
-    mark();
+    m_conditions.mark();
     next();
 }
 
 void ScriptRunner::breakOff()
 {
     fail(tr("The script was broken off."));
-}
-
-void ScriptRunner::mark()
-{
-    m_mark = {m_session.screen(), m_session.transcript().utterances().size(),
-              m_session.launcher().log().size(), m_session.swipeReports().size()};
 }
 
 void ScriptRunner::next()
@@ -116,12 +105,11 @@ void ScriptRunner::carryOut(const DeskCommand& command)
         quit();
         return;
     }
-    m_still.start();
-    if (Condition condition = conditionOf(command)) {
+    if (Condition condition = m_conditions.of(command)) {
         wait(std::move(condition), [this] { goOn(); });
         return;
     }
-    if (holds(command, false))
+    if (m_conditions.expected(command))
         goOn();
     else
         fail(
@@ -139,26 +127,32 @@ bool ScriptRunner::carryOutAction(const DeskCommand& command)
         pressKey(command, command.number);
         return true;
     case Verb::SwipeLine:
+    case Verb::SwipeWay:
     case Verb::SwipePath:
         swipe(command);
         return true;
     case Verb::Send:
-        mark();
+        m_conditions.mark();
         m_session.launcher().send(command.message, command.payload);
         break;
     case Verb::Usb:
-        mark();
+        m_conditions.mark();
         if (command.number == 1)
             m_session.launcher().plugUsb();
         else
             m_session.launcher().unplugUsb();
         break;
+    case Verb::Card:
+    case Verb::Storage:
+        if (!changeStorage(command))
+            return true;
+        break;
     case Verb::Power:
-        mark();
+        m_conditions.mark();
         m_session.launcher().pressPower();
         break;
     case Verb::Start:
-        mark();
+        m_conditions.mark();
         m_session.startPen();
         break;
     default:
@@ -173,11 +167,10 @@ bool ScriptRunner::carryOutSetting(const DeskCommand& command)
 {
     switch (command.verb) {
     case Verb::Page:
-    case Verb::Text:
         loadPage(command);
         return true;
     case Verb::Hand:
-        m_session.setLeftHand(command.number == 1);
+        changeHand(command);
         break;
     case Verb::Screenshot:
         takeScreenshot(command);
@@ -187,6 +180,13 @@ bool ScriptRunner::carryOutSetting(const DeskCommand& command)
         return true;
     case Verb::TimeOut:
         m_timeOutMs = command.number;
+        break;
+    case Verb::Pause:
+        QTimer::singleShot(command.number, this, &ScriptRunner::next);
+        return true;
+    case Verb::Frames:
+        if (m_window.switchFrames)
+            m_window.switchFrames(command.number == 1);
         break;
     case Verb::Echo:
         m_report.event(command.text);
@@ -198,11 +198,22 @@ bool ScriptRunner::carryOutSetting(const DeskCommand& command)
     return true;
 }
 
+bool ScriptRunner::changeStorage(const DeskCommand& command)
+{
+    m_conditions.mark();
+    PenStorage& storage = m_session.storage();
+    const bool on = command.number == 1;
+    const bool done = command.verb == Verb::Card ? storage.setCardOut(on) : storage.setFull(on);
+    if (!done)
+        fail(storage.errorString());
+    return done;
+}
+
 void ScriptRunner::pressKey(const DeskCommand& command, int holdMs)
 {
     wait([this] { return m_session.hasWindow(); },
          [this, key = command.key, holdMs] {
-             mark();
+             m_conditions.mark();
              m_session.sendKey(key, true);
              QTimer::singleShot(holdMs, this, [this, key] {
                  m_session.sendKey(key, false);
@@ -211,18 +222,37 @@ void ScriptRunner::pressKey(const DeskCommand& command, int holdMs)
          });
 }
 
+bool ScriptRunner::beginSwipe(const DeskCommand& command)
+{
+    switch (command.verb) {
+    case Verb::SwipeLine:
+        return m_session.swipeLine(command.number - 1, command.speed);
+    case Verb::SwipePath:
+        return m_session.swipe(command.path);
+    default:
+        return m_session.swipe(command.from, command.to, command.speed);
+    }
+}
+
+void ScriptRunner::changeHand(const DeskCommand& command)
+{
+    HandModel hand = m_session.hand();
+    if (command.name == QLatin1String("usual"))
+        hand = HandModel();
+    else if (const HandModel::Trait* const trait = HandModel::trait(command.name))
+        hand.set(*trait, command.value);
+    else
+        hand.left = command.name == QLatin1String("left");
+    m_session.setHand(hand);
+}
+
 void ScriptRunner::swipe(const DeskCommand& command)
 {
     // A hand waits for the camera's light, too.
     wait([this] { return m_session.link().isCameraOn() && !m_session.page().isEmpty(); },
          [this, command] {
-             mark();
-             const double speed =
-                 command.speed > 0.0 ? command.speed : DeskSession::UsualSpeedMmPerS;
-             const bool begun = command.verb == Verb::SwipeLine
-                                    ? m_session.swipeLine(command.number - 1, speed)
-                                    : m_session.swipe(command.from, command.to, speed);
-             if (!begun) {
+             m_conditions.mark();
+             if (!beginSwipe(command)) {
                  fail(tr("line %1: \"%2\": there is no such way on this page (it has %3 lines)")
                           .arg(QString::number(command.line), command.source,
                                QString::number(m_session.page().lines.size())));
@@ -234,14 +264,7 @@ void ScriptRunner::swipe(const DeskCommand& command)
 
 void ScriptRunner::loadPage(const DeskCommand& command)
 {
-    PageSource source;
-    source.name = command.text;
-    source.language = command.name;
-    if (command.verb == Verb::Text)
-        source.kind = PageSource::Kind::Text;
-    else if (!PageLoader::samples().contains(command.text))
-        source.kind = PageSource::Kind::File;
-    m_session.pageLoader().load(source);
+    m_session.pageLoader().load(command.page);
     wait([this] { return !m_session.pageLoader().isLoading(); }, [this] { goOn(); });
 }
 
@@ -271,70 +294,10 @@ void ScriptRunner::takeScreenshot(const DeskCommand& command)
 
 void ScriptRunner::takeDeskShot(const DeskCommand& command)
 {
-    if (savePicture(command.name, m_deskShot()).isEmpty())
+    if (savePicture(command.name, m_window.picture()).isEmpty())
         fail(tr("The picture %1 cannot be written to %2.").arg(command.name, m_outDir));
     else
         goOn();
-}
-
-ScriptRunner::Condition ScriptRunner::conditionOf(const DeskCommand& command) const
-{
-    switch (command.verb) {
-    case Verb::WaitScreen:
-        return [this] { return m_session.screen() != m_mark.screen; };
-    case Verb::WaitSilence:
-        return [this] { return !m_session.transcript().isSpeaking(); };
-    case Verb::WaitCamera:
-        return [this, on = command.number == 1] { return m_session.link().isCameraOn() == on; };
-    case Verb::WaitSwipe:
-        return [this, name = command.name] {
-            const auto& reports = m_session.swipeReports();
-            return reports.size() > m_mark.swipes
-                   && (name.isEmpty() || reports.last().outcomeName() == name);
-        };
-    case Verb::WaitIdle:
-        return [this] { return m_session.quietMs() >= IdleMs; };
-    case Verb::WaitStill:
-        return [this] { return m_still.elapsed() >= StillMs; };
-    case Verb::WaitExit:
-        return [this] { return !m_session.pen().isRunning(); };
-    case Verb::WaitSpoken:
-    case Verb::WaitHeard:
-    case Verb::WaitText:
-    case Verb::WaitFile:
-    case Verb::WaitMessage:
-        return [this, command] { return holds(command, true); };
-    default:
-        return {};
-    }
-}
-
-bool ScriptRunner::holds(const DeskCommand& command, bool sinceMark) const
-{
-    const QString& root = m_session.setting().root;
-    switch (command.verb) {
-    case Verb::WaitSpoken:
-    case Verb::ExpectSpoken:
-        return m_session.transcript().contains(command.text, sinceMark ? m_mark.utterances : 0);
-    case Verb::WaitHeard:
-    case Verb::ExpectHeard:
-        return m_session.transcript().containsHeard(command.text,
-                                                    sinceMark ? m_mark.utterances : 0);
-    case Verb::WaitText:
-    case Verb::ExpectText:
-        return penfiles::contains(root, QStringLiteral("*"), command.text);
-    case Verb::WaitFile:
-    case Verb::ExpectFile:
-        return penfiles::contains(root, command.name, command.text);
-    case Verb::WaitMessage:
-    case Verb::ExpectMessage:
-        return m_session.launcher().hasHeard(command.message, command.payload,
-                                             sinceMark ? m_mark.messages : 0);
-    case Verb::ExpectRunning:
-        return m_session.pen().isRunning();
-    default:
-        return false;
-    }
 }
 
 void ScriptRunner::wait(Condition condition, std::function<void()> then)

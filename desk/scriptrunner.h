@@ -2,9 +2,9 @@
 #define SCRIPTRUNNER_H
 
 #include "desk/deskscript.h"
+#include "desk/scriptconditions.h"
 #include "desk/scriptreport.h"
 
-#include <QElapsedTimer>
 #include <QImage>
 #include <QObject>
 #include <QTimer>
@@ -17,18 +17,22 @@ class DeskSession;
  * condition, which is looked at whenever something happens on the desk (and a few times a second,
  * for files). A condition that does not come true in time, or an expectation that does not hold,
  * ends the script.
- *
- * Waits for the screen, for speech, messages and swipes look at what happened since the last
- * action (key, swipe, message, start); expectations look at the whole run.
  */
 class ScriptRunner : public QObject
 {
     Q_OBJECT
 
 public:
-    /* `outDir` takes the pictures; `deskShot` draws the desk. */
-    ScriptRunner(DeskSession& session, DeskScript script, QString outDir,
-                 std::function<QImage()> deskShot, QObject* parent = nullptr);
+    /* What a script can have done to the desk's window. */
+    struct Window
+    {
+        std::function<QImage()> picture;        // draws the desk
+        std::function<void(bool)> switchFrames; // a film is being made; empty: none can be
+    };
+
+    /* `outDir` takes the pictures. */
+    ScriptRunner(DeskSession& session, DeskScript script, QString outDir, Window window,
+                 QObject* parent = nullptr);
 
     void start();
 
@@ -43,29 +47,21 @@ signals:
     void finished(bool ok);
 
 private:
-    /* How things stood at the last action. */
-    struct Mark
-    {
-        QImage screen;
-        qsizetype utterances = 0;
-        qsizetype messages = 0;
-        qsizetype swipes = 0;
-    };
     using Condition = std::function<bool()>;
 
     void connectSession();
-    void mark();
     void next();
     void carryOut(const DeskCommand& command);
     bool carryOutAction(const DeskCommand& command);
     bool carryOutSetting(const DeskCommand& command);
     void pressKey(const DeskCommand& command, int holdMs);
     void swipe(const DeskCommand& command);
+    bool beginSwipe(const DeskCommand& command);
+    void changeHand(const DeskCommand& command);
+    bool changeStorage(const DeskCommand& command);
     void loadPage(const DeskCommand& command);
     void takeScreenshot(const DeskCommand& command);
     void takeDeskShot(const DeskCommand& command);
-    Condition conditionOf(const DeskCommand& command) const;
-    bool holds(const DeskCommand& command, bool sinceMark) const;
     void wait(Condition condition, std::function<void()> then);
     void goOn();
     void check();
@@ -76,9 +72,9 @@ private:
     DeskSession& m_session;
     const DeskScript m_script;
     const QString m_outDir;
-    const std::function<QImage()> m_deskShot;
+    const Window m_window;
     ScriptReport m_report;
-    Mark m_mark;
+    ScriptConditions m_conditions;
     qsizetype m_next = 0;
     int m_timeOutMs;
     Condition m_condition;
@@ -87,7 +83,6 @@ private:
     QTimer m_poll;
     QStringList m_pictures;
     qsizetype m_toldUtterances = 0;
-    QElapsedTimer m_still; // since the screen changed, or a wait for that began
     bool m_finished = false;
 };
 

@@ -1,5 +1,6 @@
 #include "desk/scriptwords.h"
 
+#include <QtNumeric>
 #include <algorithm>
 
 bool scriptwords::split(const QString& line, QStringList& words)
@@ -30,6 +31,17 @@ bool scriptwords::split(const QString& line, QStringList& words)
     if (inWord)
         words.append(word);
     return !inQuotes;
+}
+
+bool scriptwords::readPoint(const QString& word, QPointF& point)
+{
+    const QStringList parts = word.split(QLatin1Char(','));
+    if (parts.size() != 2)
+        return false;
+    bool okX = false;
+    bool okY = false;
+    point = QPointF(parts.at(0).toDouble(&okX), parts.at(1).toDouble(&okY));
+    return okX && okY && qIsFinite(point.x()) && qIsFinite(point.y());
 }
 
 QString scriptwords::quoted(const QString& word)

@@ -63,7 +63,7 @@ private slots:
         QCOMPARE(script.commands[0].number, 3);
         QCOMPARE(script.commands[0].speed, 0.0);
         QCOMPARE(script.commands[1].speed, 400.0);
-        QVERIFY(script.commands[2].verb == Verb::SwipePath);
+        QVERIFY(script.commands[2].verb == Verb::SwipeWay);
         QCOMPARE(script.commands[2].from, QPointF(20, 35.5));
         QCOMPARE(script.commands[2].to, QPointF(120, 36));
         QCOMPARE(script.commands[2].speed, 150.0);
@@ -107,9 +107,63 @@ private slots:
         QCOMPARE(script.commands[0].payload, "save");
         QCOMPARE(script.commands[1].number, 1);
         QCOMPARE(script.commands[2].number, 0);
-        QCOMPARE(script.commands[6].text, "/a/b.txt");
-        QCOMPARE(script.commands[6].name, "fr");
+        QCOMPARE(script.commands[5].page.name, "german");
+        QVERIFY(script.commands[5].page.kind == PageSource::Kind::Sample);
+        QCOMPARE(script.commands[6].page.name, "/a/b.txt");
+        QCOMPARE(script.commands[6].page.language, "fr");
         QCOMPARE(script.commands[10].number, 2500);
+    }
+
+    void readsTheWayOfAHand()
+    {
+        const DeskScript script = DeskScript::parse("swipe path 20,35.5@0 30,35@0.05 120,36@0.9");
+        QCOMPARE(script.error, QString());
+        QVERIFY(script.commands[0].verb == Verb::SwipePath);
+        const std::vector<PathPoint>& path = script.commands[0].path;
+        QCOMPARE(path.size(), std::size_t(3));
+        QCOMPARE(path[1].mm, QPointF(30, 35));
+        QCOMPARE(path[1].seconds, 0.05);
+        QCOMPARE(path[2].seconds, 0.9);
+    }
+
+    void readsHandAndPenSwitches()
+    {
+        const DeskScript script = DeskScript::parse("hand right\nhand usual\nhand wobble 0.4\n"
+                                                    "hand tilt -5\ncard out\ncard in\n"
+                                                    "storage full\nstorage free\npause 0.5\n"
+                                                    "frames on\nframes off");
+        QCOMPARE(script.error, QString());
+        QCOMPARE(script.commands[0].name, "right");
+        QCOMPARE(script.commands[1].name, "usual");
+        QCOMPARE(script.commands[2].name, "wobble");
+        QCOMPARE(script.commands[2].value, 0.4);
+        QCOMPARE(script.commands[3].value, -5.0);
+        const QVector<Verb> verbs = {Verb::Card,  Verb::Card,   Verb::Storage, Verb::Storage,
+                                     Verb::Pause, Verb::Frames, Verb::Frames};
+        const QVector<int> numbers = {1, 0, 1, 0, 500, 1, 0};
+        for (int i = 0; i < verbs.size(); ++i) {
+            QVERIFY(script.commands[i + 4].verb == verbs[i]);
+            QCOMPARE(script.commands[i + 4].number, numbers[i]);
+        }
+    }
+
+    void readsPagesAsTheyAreWritten_data()
+    {
+        QTest::addColumn<QString>("line");
+        for (const char* line :
+             {"page french", "page /a/b.png", "page \"/a b.pdf\" sheet 3", "page /a.png dpi 200",
+              "text /a/b.txt ru", "type \"One line.\\nTwo \\\"lines\\\".\" en size 12",
+              "type Wort de font \"DejaVu Sans\" size 9.5"})
+            QTest::newRow(line) << line;
+    }
+
+    void readsPagesAsTheyAreWritten()
+    {
+        QFETCH(QString, line);
+        const DeskScript script = DeskScript::parse(line);
+        QCOMPARE(script.error, QString());
+        QVERIFY(script.commands[0].verb == Verb::Page);
+        QCOMPARE(script.commands[0].page.scriptLine(), line);
     }
 
     void tellsWhatIsWrong_data()
@@ -148,6 +202,34 @@ private slots:
                                       << "no time";
         QTest::newRow("language") << "text a.txt"
                                   << "language is missing";
+        QTest::newRow("hand") << "hand steady"
+                              << "a hand has no \"steady\"";
+        QTest::newRow("hand range") << "hand tilt 90"
+                                    << "no number from -20 to 20";
+        QTest::newRow("hand value") << "hand wobble"
+                                    << "no number from 0 to 1";
+        QTest::newRow("way back in time") << "swipe path 1,1@0.5 2,1@0.4"
+                                          << "\"2,1@0.4\" is no step";
+        QTest::newRow("way without time") << "swipe path 1,1 2,1"
+                                          << "\"1,1\" is no step";
+        QTest::newRow("way without end") << "swipe path 1,1@0.5"
+                                         << "two steps";
+        QTest::newRow("place that is none") << "swipe nan,1 2,1"
+                                            << "is no place";
+        QTest::newRow("no page") << "page"
+                                 << "page is missing";
+        QTest::newRow("sheet 0") << "page a.pdf sheet 0"
+                                 << "no number from 1";
+        QTest::newRow("dpi") << "page a.png dpi 5"
+                             << "no number from 50";
+        QTest::newRow("type") << "type \"\" en"
+                              << "text is missing";
+        QTest::newRow("type size") << "type a en size 100"
+                                   << "no number from 5 to 36";
+        QTest::newRow("card") << "card lost"
+                              << "out or in";
+        QTest::newRow("storage") << "storage big"
+                                 << "full or free";
         QTest::newRow("usb") << "usb in"
                              << "plug or unplug";
     }
