@@ -39,6 +39,7 @@ void addOptions(QCommandLineParser& parser)
     add("pen", "The pen's program (usually \"swipeline\" beside the desk or in ../app).", "PATH");
     add("fonts", "Font configuration for the pen (usually apps/res/fonts.conf of the root).",
         "FILE");
+    add("language", "Language of the pen's interface, for instance German or Deutsch.", "NAME");
     add("page",
         "Page on the desk: english, german, french, spanish, italian, portuguese, dutch, "
         "swedish, danish, norwegian, russian, chinese, a picture or a PDF file.",
@@ -154,6 +155,7 @@ DeskOptions DeskOptions::parse(const QStringList& arguments, const QString& prog
     options.out =
         parser.isSet(QStringLiteral("out")) ? path("out") : absolute(QStringLiteral("desk-out"));
     options.wav = path("wav");
+    options.language = parser.value(QStringLiteral("language"));
     if (options.wav.isEmpty() && options.isHeadless())
         options.wav = options.out + QLatin1String("/speech.wav");
     options.deskShot = path("desk-shot");

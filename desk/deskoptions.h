@@ -19,6 +19,7 @@ struct DeskOptions
     QString frames;           // headless: folder for a film of the desk; empty: none
     int framesMs = 100;       // a picture every so many milliseconds
     bool framesOfPen = false; // of the pen and what it says only
+    QString language;         // of the pen's interface; empty: as its settings say
     PageSource page;
     bool helpWanted = false;
     QString help;  // the text of --help

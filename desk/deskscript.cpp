@@ -213,6 +213,7 @@ constexpr auto Readers = std::to_array<Reader>({
     {"type", Verb::Page, readTyped},
     {"text", Verb::Page, readTextFile},
     {"start", Verb::Start, readNothing},
+    {"language", Verb::Language, readName},
     {"screenshot", Verb::Screenshot, readName},
     {"desk-shot", Verb::DeskShot, readName},
     {"timeout", Verb::TimeOut, [](DeskCommand&, ScriptArguments& a) { return a.seconds(); }},

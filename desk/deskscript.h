@@ -26,6 +26,7 @@ struct DeskCommand
         Storage,      // number: 1 full, 0 free
         Hand,         // name: left, right, usual or a trait; value: of the trait
         Page,         // page
+        Language,     // name
         Start,        // start the pen again
         Screenshot,   // name
         DeskShot,     // name

@@ -1,12 +1,17 @@
 #include "desk/desksession.h"
 
+#include "desk/penlanguages.h"
 #include "desk/penpicture.h"
+
+#include <QTimer>
+#include <utility>
 
 namespace {
 
 const QByteArray DisplayName = QByteArrayLiteral("swipeline-pen");
 const QString LinkName = QStringLiteral("link");
 constexpr double ShortestSwipeMm = 1.0;
+constexpr int LeaveMs = 10'000; // a pen that saves needs a moment
 
 } // namespace
 
@@ -78,6 +83,10 @@ void DeskSession::makePen(const QString& linkPath)
         stir();
         emit speechChanged();
         emit penEnded(how, well);
+        if (const auto language = std::exchange(m_languageToCome, std::nullopt)) {
+            storeLanguage(*language);
+            startPen();
+        }
     });
 }
 
@@ -143,6 +152,32 @@ void DeskSession::startPen()
     ++m_penRuns;
     m_pen->start();
     emit startWanted();
+}
+
+void DeskSession::chooseLanguage(int row)
+{
+    emit languageChosen(row);
+    if (!m_pen->isRunning()) {
+        storeLanguage(row);
+        return;
+    }
+    const bool closing = m_languageToCome.has_value();
+    m_languageToCome = row;
+    if (closing)
+        return;
+    m_launcher->stop();
+    // One that does not hear is switched off.
+    QTimer::singleShot(LeaveMs, this, [this] {
+        if (m_languageToCome)
+            m_pen->stop();
+    });
+}
+
+void DeskSession::storeLanguage(int row)
+{
+    if (!penlanguages::choose(m_setting.root, row))
+        emit languageFailed(
+            tr("The pen's settings below %1 cannot be written.").arg(m_setting.root));
 }
 
 void DeskSession::sendKey(Qt::Key key, bool pressed)

@@ -15,6 +15,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <memory>
+#include <optional>
 
 /* What a desk is opened with. */
 struct DeskSetting
@@ -65,6 +66,11 @@ public:
     bool hasWindow() const { return m_compositor->hasWindow(); }
 
     void startPen();
+
+    /* Sets the language of the pen's interface, a row of penlanguages::list(). A pen that runs is
+     * asked to save and close, and is started anew. */
+    void chooseLanguage(int row);
+
     void sendKey(Qt::Key key, bool pressed);
 
     /* How the pen is held and moved, and the light. */
@@ -99,6 +105,8 @@ signals:
     /* What was done to the pen, for those who write it down. */
     void keySent(Qt::Key key, bool pressed);
     void startWanted();
+    void languageChosen(int row);
+    void languageFailed(const QString& error);
     void lineSwiped(int line, double speedMmPerS);
     void waySwiped(QPointF fromMm, QPointF toMm, double speedMmPerS);
     void handSwiped(const std::vector<PathPoint>& path);
@@ -110,6 +118,7 @@ private:
     void makePen(const QString& linkPath);
     void connectLink();
     void connectFeeder();
+    void storeLanguage(int row);
     void updateScreen();
     void takePage(const PrintedPage& page);
     void makeCamera();
@@ -137,6 +146,7 @@ private:
     bool m_refreshing = true;
     quint64 m_screenChanges = 0;
     quint64 m_penRuns = 0;
+    std::optional<int> m_languageToCome; // once the pen has closed
     quint32 m_swipes = 0;
     QVector<SwipeReport> m_swipeReports;
     QElapsedTimer m_quiet;

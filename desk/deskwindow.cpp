@@ -197,6 +197,12 @@ void DeskWindow::connectPen()
     });
     connect(&m_session, &DeskSession::cameraSwitched, m_pen, &PenView::setCameraOn);
     connect(&m_session, &DeskSession::cameraSwitched, this, &DeskWindow::showPen);
+    connect(m_launcher, &LauncherView::languageWanted, &m_session, [this](int row) {
+        m_session.chooseLanguage(row);
+        m_pen->display().setFocus();
+    });
+    connect(&m_session, &DeskSession::languageFailed, this,
+            [this](const QString& error) { m_launcher->setStatus(error, true); });
     connect(m_launcher, &LauncherView::startWanted, &m_session, [this] {
         m_session.startPen();
         m_pen->display().setFocus();

@@ -2,7 +2,9 @@
 
 #include "desk/desklook.h"
 #include "desk/penfiles.h"
+#include "desk/penlanguages.h"
 
+#include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -37,6 +39,7 @@ LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
       m_status(new QLabel),
       m_start(nullptr),
       m_usb(nullptr),
+      m_languages(new QComboBox),
       m_messages(new QListWidget),
       m_files(new QPlainTextEdit)
 {
@@ -98,7 +101,24 @@ QWidget* LauncherView::makeSwitches()
     grid->addWidget(m_start, 0, 0, 1, 4);
     for (int i = 0; i < m_whileRunning.size(); ++i)
         grid->addWidget(m_whileRunning.at(i), 1, i);
+    addLanguages(*grid, 2);
     return switches;
+}
+
+void LauncherView::addLanguages(QGridLayout& grid, int row)
+{
+    const QVector<penlanguages::Language> languages = penlanguages::list(m_root);
+    for (const penlanguages::Language& language : languages)
+        m_languages->addItem(language.ownName);
+    m_languages->setCurrentIndex(penlanguages::chosen(m_root));
+    m_languages->setToolTip(tr("Language of the pen's menus and help; the pen starts anew"));
+    connect(m_languages, &QComboBox::activated, this, &LauncherView::languageWanted);
+    auto* const label = new QLabel(tr("&Language of the pen"));
+    label->setBuddy(m_languages);
+    grid.addWidget(label, row, 0, 1, 2);
+    grid.addWidget(m_languages, row, 2, 1, 2);
+    label->setVisible(!languages.isEmpty());
+    m_languages->setVisible(!languages.isEmpty());
 }
 
 QPushButton* LauncherView::addSwitch(const QString& text, const QString& tip)
@@ -113,6 +133,7 @@ QPushButton* LauncherView::addSwitch(const QString& text, const QString& tip)
 void LauncherView::setPenRunning(bool running)
 {
     m_start->setVisible(!running);
+    m_languages->setCurrentIndex(penlanguages::chosen(m_root));
     for (QWidget* const button : std::as_const(m_whileRunning))
         button->setEnabled(running);
 }

@@ -6,6 +6,8 @@
 #include <QFutureWatcher>
 #include <QWidget>
 
+class QComboBox;
+class QGridLayout;
 class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
@@ -29,9 +31,12 @@ public:
 
 signals:
     void startWanted();
+    /* The user wants the pen's interface in a language, a row of penlanguages::list(). */
+    void languageWanted(int row);
 
 private:
     QWidget* makeSwitches();
+    void addLanguages(QGridLayout& grid, int row);
     QPushButton* addSwitch(const QString& text, const QString& tip);
     void addMessage(const Launcher::Entry& entry);
     void readFiles();
@@ -42,6 +47,7 @@ private:
     QLabel* m_status;
     QPushButton* m_start;
     QPushButton* m_usb;
+    QComboBox* m_languages;
     QList<QWidget*> m_whileRunning;
     QListWidget* m_messages;
     QPlainTextEdit* m_files;

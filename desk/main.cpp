@@ -6,6 +6,7 @@
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
 #include "desk/framerecorder.h"
+#include "desk/penlanguages.h"
 #include "desk/scriptrunner.h"
 #include "desk/unixsignals.h"
 
@@ -54,6 +55,25 @@ DeskSetting settingOf(const DeskOptions& options)
     setting.fontConfig = options.fonts;
     setting.wav = options.wav;
     return setting;
+}
+
+/* Sets the language of the pen that is to be started. What went wrong; empty when nothing. */
+QString setLanguage(const DeskOptions& options)
+{
+    if (options.language.isEmpty())
+        return QString();
+    const auto languages = penlanguages::list(options.root);
+    const int row = penlanguages::rowOf(languages, options.language);
+    if (row < 0) {
+        QStringList names;
+        for (const penlanguages::Language& language : languages)
+            names.append(language.name);
+        return tr("The pen has no language \"%1\"; it has %2.")
+            .arg(options.language, names.join(QLatin1String(", ")));
+    }
+    return penlanguages::choose(options.root, row)
+               ? QString()
+               : tr("The pen's settings below %1 cannot be written.").arg(options.root);
 }
 
 /* Runs the event loop and draws the desk at its end, if that is wanted. */
@@ -165,6 +185,8 @@ int main(int argc, char** argv)
         DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
     if (!options.error.isEmpty())
         return complain(options.error);
+    if (const QString error = setLanguage(options); !error.isEmpty())
+        return complain(error);
     DeskSession session(settingOf(options));
     if (!session.open())
         return complain(session.errorString());

@@ -1,6 +1,7 @@
 #include "desk/scriptrunner.h"
 
 #include "desk/desksession.h"
+#include "desk/penlanguages.h"
 #include "desk/penpicture.h"
 
 #include <QDir>
@@ -57,6 +58,7 @@ void ScriptRunner::connectSession()
     });
     connect(&m_session, &DeskSession::pageChanged, this, &ScriptRunner::check);
     connect(&m_session, &DeskSession::pageFailed, this, &ScriptRunner::fail);
+    connect(&m_session, &DeskSession::languageFailed, this, &ScriptRunner::fail);
     connect(&m_session, &DeskSession::penEnded, this, [this](const QString& how, bool well) {
         m_report.event(how);
         if (well)
@@ -151,6 +153,9 @@ bool ScriptRunner::carryOutAction(const DeskCommand& command)
         m_conditions.mark();
         m_session.launcher().pressPower();
         break;
+    case Verb::Language:
+        changeLanguage(command);
+        return true;
     case Verb::Start:
         m_conditions.mark();
         m_session.startPen();
@@ -207,6 +212,36 @@ bool ScriptRunner::changeStorage(const DeskCommand& command)
     if (!done)
         fail(storage.errorString());
     return done;
+}
+
+void ScriptRunner::changeLanguage(const DeskCommand& command)
+{
+    const QVector<penlanguages::Language> languages = penlanguages::list(m_session.setting().root);
+    const int row = penlanguages::rowOf(languages, command.name);
+    if (row < 0) {
+        QStringList names;
+        for (const penlanguages::Language& language : languages)
+            names.append(language.name);
+        fail(
+            tr("line %1: the pen has no language \"%2\"; it has %3")
+                .arg(QString::number(command.line), command.name, names.join(QLatin1String(", "))));
+        return;
+    }
+    // A pen that has just been started does not hear yet.
+    wait([this] { return !m_session.pen().isRunning() || m_session.hasWindow(); },
+         [this, row] {
+             m_conditions.mark();
+             const bool running = m_session.pen().isRunning();
+             const qsizetype messages = m_session.launcher().log().size();
+             m_session.chooseLanguage(row);
+             wait(
+                 [this, running, messages] {
+                     return !running
+                            || m_session.launcher().hasHeard(QStringLiteral("Show(QString)"),
+                                                             "scan", messages);
+                 },
+                 [this] { goOn(); });
+         });
 }
 
 void ScriptRunner::pressKey(const DeskCommand& command, int holdMs)

@@ -54,6 +54,7 @@ private:
     void carryOut(const DeskCommand& command);
     bool carryOutAction(const DeskCommand& command);
     bool carryOutSetting(const DeskCommand& command);
+    void changeLanguage(const DeskCommand& command);
     void pressKey(const DeskCommand& command, int holdMs);
     void swipe(const DeskCommand& command);
     bool beginSwipe(const DeskCommand& command);

@@ -264,7 +264,8 @@ void TestMenuTalk::ofTwoMessagesBothAreHeard()
     f.window->announceMessage(QStringLiteral("two"));
     f.window->talkingMenuTTS(0, QStringLiteral("below"), QString());
     FakeTts::missStops(0);
-    FakeTts::setPace(FakeTts::Pace::Automatic); // lets it run to its end
+    FakeTts::setPace(FakeTts::Pace::Automatic);
+    FakeTts::finish();
     QTRY_COMPARE(f.heard(), (QStringList{"item", "one", "two", "below"}));
 }
 

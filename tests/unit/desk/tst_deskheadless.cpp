@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -15,6 +16,9 @@ private slots:
     {
         m_dir = std::make_unique<QTemporaryDir>();
         QVERIFY(QDir(m_dir->path()).mkpath("root/mnt/mmc/e_ScanFile"));
+        QVERIFY(QDir(m_dir->path()).mkpath("root/apps/config"));
+        QVERIFY(QFile::copy(SWIPELINE_SOURCE_DIR "/device/apps/config/menulan.cfg",
+                            m_dir->filePath("root/apps/config/menulan.cfg")));
     }
 
     void carriesOutAScript()
@@ -83,6 +87,29 @@ private slots:
                      "start\nkey Down\nwait spoken half\n")
                      == 0,
                  m_output.constData());
+    }
+
+    void anotherLanguage()
+    {
+        QVERIFY2(run("language Italian\nkey Down\nwait spoken half\nlanguage Deutsch\n"
+                     "key Down\nwait spoken half\n")
+                     == 0,
+                 m_output.constData());
+        QCOMPARE(language(), 2);
+        QCOMPARE(m_output.count("The pen has left"), 2);
+        QCOMPARE(run("language Elvish\n"), 1);
+        QVERIFY2(m_output.contains("no language \"Elvish\"; it has English, French"),
+                 m_output.constData());
+    }
+
+    void aLanguageToBeginWith()
+    {
+        QCOMPARE(run("wait idle\n", {"--language", "russian"}), 0);
+        QCOMPARE(language(), 5);
+        QCOMPARE(run("wait idle\n", {"--language", "Elvish"}), 2);
+        QVERIFY2(m_output.contains("no language \"Elvish\"; it has English, French"),
+                 m_output.constData());
+        QCOMPARE(language(), 5);
     }
 
     void aMissingLineFails()
@@ -155,13 +182,20 @@ private:
                 "--out",      m_dir->filePath("out")};
     }
 
-    int run(const QByteArray& script)
+    int language() const
+    {
+        return QSettings(m_dir->filePath("root/apps/config/config.ini"), QSettings::IniFormat)
+            .value("SystemSet/Lan", -1)
+            .toInt();
+    }
+
+    int run(const QByteArray& script, const QStringList& options = {})
     {
         if (!writeScript(script))
             return -1;
         QProcess desk;
         desk.setProcessChannelMode(QProcess::MergedChannels);
-        desk.start(DESK, arguments());
+        desk.start(DESK, arguments() + options);
         const bool ended = desk.waitForFinished(60000);
         m_output = desk.readAll();
         return ended && desk.exitStatus() == QProcess::NormalExit ? desk.exitCode() : -1;

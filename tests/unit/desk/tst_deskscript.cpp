@@ -101,9 +101,9 @@ private slots:
         const DeskScript script = DeskScript::parse(
             "send execute(QString) save\nusb plug\nusb unplug\npower\nhand left\npage german\n"
             "text /a/b.txt fr\nstart\nscreenshot menu\ndesk-shot desk\ntimeout 2.5\necho hello\n"
-            "quit");
+            "language \"Traditional Chinese\"\nquit");
         QCOMPARE(script.error, QString());
-        QCOMPARE(script.commands.size(), 13);
+        QCOMPARE(script.commands.size(), 14);
         QCOMPARE(script.commands[0].payload, "save");
         QCOMPARE(script.commands[1].number, 1);
         QCOMPARE(script.commands[2].number, 0);
@@ -112,6 +112,7 @@ private slots:
         QCOMPARE(script.commands[6].page.name, "/a/b.txt");
         QCOMPARE(script.commands[6].page.language, "fr");
         QCOMPARE(script.commands[10].number, 2500);
+        QCOMPARE(script.commands[12].name, "Traditional Chinese");
     }
 
     void readsTheWayOfAHand()
@@ -230,6 +231,8 @@ private slots:
                               << "out or in";
         QTest::newRow("storage") << "storage big"
                                  << "full or free";
+        QTest::newRow("language") << "language"
+                                  << "text is missing";
         QTest::newRow("usb") << "usb in"
                              << "plug or unplug";
     }

@@ -1,4 +1,5 @@
 #include "desk/desksession.h"
+#include "desk/penlanguages.h"
 #include "desk/penpicture.h"
 
 #include <QSignalSpy>
@@ -86,6 +87,40 @@ private slots:
         QTRY_VERIFY(!isLit(m_desk->screen(), false));
         startPen();
         QCOMPARE(m_desk->penRuns(), 2U);
+    }
+
+    void anotherLanguageStartsThePenAnew()
+    {
+        startPen();
+        QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan"));
+        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy failed(m_desk.get(), &DeskSession::languageFailed);
+        m_desk->chooseLanguage(2);
+        m_desk->chooseLanguage(4); // the last word counts
+        QCOMPARE(penlanguages::chosen(m_root->path()), 0);
+        QVERIFY(ended.wait());
+        QVERIFY(ended[0][1].toBool());
+        QCOMPARE(penlanguages::chosen(m_root->path()), 4);
+        QCOMPARE(m_desk->penRuns(), 2U);
+        const qsizetype seen = m_desk->launcher().log().size();
+        QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan", seen));
+        QVERIFY(failed.isEmpty());
+    }
+
+    void aPenThatIsOffOnlyRemembersTheLanguage()
+    {
+        m_desk->chooseLanguage(6);
+        QCOMPARE(penlanguages::chosen(m_root->path()), 6);
+        QCOMPARE(m_desk->penRuns(), 0U);
+    }
+
+    void settingsThatCannotBeWrittenAreTold()
+    {
+        QFile file(m_root->filePath("apps")); // where a folder should be
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QSignalSpy failed(m_desk.get(), &DeskSession::languageFailed);
+        m_desk->chooseLanguage(6);
+        QCOMPARE(failed.size(), 1);
     }
 
     void endsAreToldPlainly_data()

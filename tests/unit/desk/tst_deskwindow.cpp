@@ -33,6 +33,9 @@ private slots:
     void init()
     {
         m_root = std::make_unique<QTemporaryDir>();
+        QVERIFY(QDir(m_root->path()).mkpath("apps/config"));
+        QVERIFY(QFile::copy(SWIPELINE_SOURCE_DIR "/device/apps/config/menulan.cfg",
+                            m_root->filePath("apps/config/menulan.cfg")));
         DeskSetting setting;
         setting.penProgram = TESTPEN;
         setting.root = m_root->path();
@@ -66,6 +69,26 @@ private slots:
         QVERIFY(ok->grab().toImage() != before);
         QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Enter);
         QCOMPARE(ok->grab().toImage(), before);
+    }
+
+    void anotherLanguageIsChosen()
+    {
+        QComboBox* languages = nullptr;
+        const auto boxes = m_window->findChildren<QComboBox*>();
+        for (QComboBox* const box : boxes) {
+            if (box->findText("Deutsch") >= 0)
+                languages = box;
+        }
+        QVERIFY(languages);
+        QCOMPARE(languages->count(), 8);
+        QCOMPARE(languages->currentText(), "English");
+        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        languages->setFocus();
+        QTest::keyClick(languages, Qt::Key_D); // "Deutsch"
+        QVERIFY(ended.wait());
+        QTRY_COMPARE(languages->currentText(), "Deutsch");
+        QCOMPARE(m_desk->penRuns(), 2U);
+        QVERIFY(QFile::exists(m_root->filePath("apps/config/config.ini")));
     }
 
     void keysOnThePenAreClickable()
