@@ -11,8 +11,10 @@ TIMEOUT_SECONDS = 240
 class Pen:
     """A run root of its own in a temporary folder, and the desk's output beside it."""
 
-    def __init__(self, build):
+    def __init__(self, build, wrapper=()):
+        """`wrapper`: a command in front of the desk's, such as one that sets its clock."""
         self.build = pathlib.Path(build)
+        self.wrapper = wrapper
         self._folder = tempfile.TemporaryDirectory(prefix="swipeline-flow-")
         self.folder = pathlib.Path(self._folder.name)
         self.root = self.folder / "pen"
@@ -36,7 +38,7 @@ class Pen:
         for variable in ("DISPLAY", "WAYLAND_DISPLAY"):
             environment.pop(variable, None)
         done = subprocess.run(
-            [self.build / "desk" / "swipeline-desk", "--root", self.root, "--headless", script,
+            [*self.wrapper, self.build / "desk" / "swipeline-desk", "--root", self.root, "--headless", script,
              "--out", self.out, *options],
             env=environment, timeout=TIMEOUT_SECONDS, check=False, text=True,
             stdout=subprocess.PIPE, stderr=subprocess.STDOUT)

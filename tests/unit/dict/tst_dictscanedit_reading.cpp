@@ -360,8 +360,7 @@ void TestDictScanEditReading::readingWaitsForTheMenus()
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents();
     QVERIFY(!m_edit->isReading());
-    FakeTts::setPace(FakeTts::Pace::Automatic);
-    FakeTts::finish();
+    FakeTts::setPace(FakeTts::Pace::Automatic); // lets it run to its end
     QTRY_COMPARE(spoken(), QStringList({"message", "green", "grün"}));
     waitUntilSilent();
     m_edit->setSpeechWorker(nullptr);
