@@ -145,5 +145,59 @@ class Texts(Tree):
         self.fails("docs/x.md", b"na\xefve\n")
 
 
+GUIDE = {
+    "translations/Language_Eng_1.ts":
+        "<TS><context><name>M</name>"
+        "<message><source>No files!</source><translation>No files here!</translation></message>"
+        "<message><source>%1 of %2</source><translation>%1 of %2</translation></message>"
+        "</context></TS>",
+    "docs/guide/README.md": '# The pen\n"No files\nhere!" "2 of 5" ![menu](images/menu.png)\n'
+                            "[below](#good-to-know) [menu](menu.md#a-menu-f9) [w](https://e.org)\n"
+                            "## Good to know\n",
+    "docs/guide/menu.md": "## A menu: F9\n",
+    "docs/guide/images/menu.png": "",
+    "docs/guide/pictures/menu.desk": "screenshot menu\n",
+}
+
+
+class Guide(Tree):
+    def fails(self, words, **files):
+        changed = {name.replace("__", "/"): text for name, text in files.items()}
+        done = self.run_check("check-guide", {**GUIDE, **changed})
+        self.assertEqual(done.returncode, 1, done.stdout)
+        self.assertIn(words, done.stdout)
+        self.assertEqual(len(done.stdout.splitlines()), 1, done.stdout)
+
+    def plant(self, words, text):
+        self.fails(words, **{"docs/guide/README.md": GUIDE["docs/guide/README.md"] + text})
+
+    def test_clean_guide_passes(self):
+        done = self.run_check("check-guide", GUIDE)
+        self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_text_that_is_not_explained(self):
+        ts = "translations/Language_Eng_1.ts"
+        self.fails("is not explained", **{ts: GUIDE[ts].replace("files here", "words here")})
+
+    def test_text_without_quotation_marks_does_not_count(self):
+        readme = "docs/guide/README.md"
+        self.fails("is not explained", **{readme: GUIDE[readme].replace('"2 of 5"', "2 of 5")})
+
+    def test_missing_picture(self):
+        self.plant("is missing", "![x](images/x.png)\n")
+
+    def test_picture_that_no_page_shows(self):
+        self.fails("no page shows it", **{"docs/guide/pictures/x.desk": "screenshot x\n"})
+
+    def test_picture_that_no_script_makes(self):
+        self.fails("no script", **{"docs/guide/pictures/menu.desk": "quit\n"})
+
+    def test_link_to_no_page(self):
+        self.plant("leads nowhere", "[x](x.md)\n")
+
+    def test_link_to_no_heading(self):
+        self.plant("has no heading", "[x](menu.md#a-menu)\n")
+
+
 if __name__ == "__main__":
     unittest.main()
