@@ -1,12 +1,14 @@
 #include "open/tts/outputchoice.h"
 
+#include "open/tts/pacedoutput.h"
 #include "open/tts/sdloutput.h"
-#include "open/tts/wavoutput.h"
+#include "open/tts/wavfile.h"
 
 #include "desk/desklink.h"
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace tts {
 
@@ -26,9 +28,12 @@ double wavPace()
 std::unique_ptr<AudioOutput> openChosenOutput(SampleQueue& queue)
 {
     const char* file = std::getenv(desklink::WavVariable);
-    if (file && *file)
-        return WavOutput::open(queue, file, wavPace());
-    return SdlOutput::open(queue);
+    if (file && *file) {
+        auto wav = WavFile::open(file);
+        return wav ? std::make_unique<PacedOutput>(queue, wavPace(), std::move(wav)) : nullptr;
+    }
+    std::unique_ptr<AudioOutput> loudspeaker = SdlOutput::open(queue);
+    return loudspeaker ? std::move(loudspeaker) : std::make_unique<PacedOutput>(queue, 1, nullptr);
 }
 
 } // namespace tts

@@ -8,28 +8,37 @@
 
 namespace tts {
 
-Player::Player(OutputFactory openOutput) : m_openOutput(std::move(openOutput)) {}
+Player::Player(OutputKeeper::Factory openOutput, const OutputKeeper::Patience& patience)
+    : m_output(m_queue, std::move(openOutput), patience)
+{
+    m_queue.onStall([this] { m_output.giveUp(); });
+}
 
 bool Player::start(const std::vector<std::string>& folders)
 {
     const std::lock_guard starting(m_startMutex);
-    if (m_output)
+    if (isStarted())
         return true;
-    if (!Synthesizer::start(folders))
+    if (!Synthesizer::start(folders) || !m_output.open())
         return false;
-    m_output = m_openOutput(m_queue);
     const std::lock_guard lock(m_stateMutex);
-    m_started = m_output != nullptr;
+    m_started = true;
+    return true;
+}
+
+bool Player::isStarted()
+{
+    const std::lock_guard lock(m_stateMutex);
     return m_started;
 }
 
 bool Player::close()
 {
     const std::lock_guard starting(m_startMutex);
-    if (!m_output)
-        return false;
     {
         const std::lock_guard lock(m_stateMutex);
+        if (!m_started)
+            return false;
         m_started = false;
     }
     stop();
@@ -37,7 +46,7 @@ bool Player::close()
         std::unique_lock lock(m_stateMutex);
         m_left.wait(lock, [this] { return m_playing == 0; });
     }
-    m_output.reset();
+    m_output.close();
     return true;
 }
 
@@ -77,6 +86,7 @@ Player::Outcome Player::speak(std::u16string_view text, const Utterance::Manner&
     Piecer pieces(text, manner.voice->script);
     if (pieces.atEnd())
         return Outcome::Spoken;
+    m_output.prepare();
     m_reports.begin(text, {manner.voice->code, manner.speed, m_queue.loudness().volume()});
     m_queue.begin(generation);
     const Utterance::Outcome outcome = Utterance(m_queue, m_reports, manner).speak(pieces);

@@ -1,7 +1,7 @@
 #ifndef OPEN_TTS_PLAYER_H
 #define OPEN_TTS_PLAYER_H
 
-#include "open/tts/audiooutput.h"
+#include "open/tts/outputkeeper.h"
 #include "open/tts/samplequeue.h"
 #include "open/tts/speechreports.h"
 #include "open/tts/utterance.h"
@@ -9,8 +9,6 @@
 
 #include <condition_variable>
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -28,10 +26,7 @@ namespace tts {
 class Player
 {
 public:
-    /* Opens the output on a queue that outlives it; null when there is none. */
-    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(SampleQueue&)>;
-
-    explicit Player(OutputFactory openOutput);
+    explicit Player(OutputKeeper::Factory openOutput, const OutputKeeper::Patience& patience = {});
 
     bool start(const std::vector<std::string>& folders);
     bool close(); // false when not started
@@ -47,18 +42,17 @@ public:
     void setCallback(ZEMBRA_TTS_HighlightCallback callback);
 
 private:
+    bool isStarted();
     bool enter(Utterance::Manner& manner);
     void leave();
     Outcome speak(std::u16string_view text, const Utterance::Manner& manner,
                   std::uint64_t generation);
 
-    const OutputFactory m_openOutput;
     Generation m_generation = 0;
     SampleQueue m_queue{m_generation};
+    OutputKeeper m_output;
 
     std::mutex m_startMutex; // starting and closing, one at a time
-    std::unique_ptr<AudioOutput> m_output;
-
     std::mutex m_stateMutex;
     std::condition_variable m_left;
     bool m_started = false;

@@ -2,26 +2,31 @@
 #define OPEN_TTS_SDLOUTPUT_H
 
 #include "open/tts/audiooutput.h"
-#include "open/tts/samplequeue.h"
 
 #include <cstdint>
 #include <memory>
 
 namespace tts {
 
-/* The loudspeaker, through SDL; the device stays open. A machine without one is given SDL's dummy
- * driver, which takes samples at the same pace. */
+/* The loudspeaker, through SDL; the device stays open, and plays silence between texts. When its
+ * device vanishes, SDL goes on taking samples at the same pace and drops them. One at a time. */
 class SdlOutput : public AudioOutput
 {
 public:
-    /* Null when not even the dummy driver works. The queue outlives the output. */
+    /* Null without a sound device. */
     static std::unique_ptr<SdlOutput> open(SampleQueue& queue);
     ~SdlOutput() override;
 
-private:
-    explicit SdlOutput(std::uint32_t device) : m_device(device) {}
+    void connect() override;
+    bool isLost() const override;
 
-    const std::uint32_t m_device;
+private:
+    explicit SdlOutput(SampleQueue& queue) : AudioOutput(queue) {}
+
+    static void fill(void* output, std::uint8_t* bytes, int count);
+    bool openDevice();
+
+    std::uint32_t m_device = 0;
 };
 
 } // namespace tts

@@ -1,9 +1,9 @@
-#include "open/tts/wavoutput.h"
+#include "open/tts/wavfile.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cerrno>
-#include <chrono>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -36,6 +36,9 @@ struct WavHeader
 };
 static_assert(sizeof(WavHeader) == 44);
 
+constexpr std::uint32_t HeaderBytesInRiff = sizeof(WavHeader) - 8;
+constexpr std::uint32_t MostBytes = (0xffffffff - HeaderBytesInRiff) / 2 * 2;
+
 /* True for the first use of a file in this process. */
 bool isNew(const std::string& file)
 {
@@ -52,7 +55,12 @@ bool writeAt(int fd, const void* bytes, std::size_t count, off_t at)
 
 } // namespace
 
-std::unique_ptr<WavOutput> WavOutput::open(SampleQueue& queue, const std::string& file, double pace)
+std::size_t samplesThatFit(std::uint32_t bytes, std::size_t samples)
+{
+    return bytes >= MostBytes ? 0 : std::min<std::size_t>(samples, (MostBytes - bytes) / 2);
+}
+
+std::unique_ptr<WavFile> WavFile::open(const std::string& file)
 {
     const int fresh = isNew(file) ? O_TRUNC : 0;
     const int fd = ::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | fresh, 0666);
@@ -60,67 +68,49 @@ std::unique_ptr<WavOutput> WavOutput::open(SampleQueue& queue, const std::string
         std::fprintf(stderr, "speech: cannot write %s: %s\n", file.c_str(), std::strerror(errno));
         return nullptr;
     }
-    return std::unique_ptr<WavOutput>(new WavOutput(queue, fd, pace));
+    return std::unique_ptr<WavFile>(new WavFile(fd));
 }
 
-WavOutput::WavOutput(SampleQueue& queue, int fd, double pace)
-    : m_queue(queue), m_fd(fd), m_pace(pace)
+WavFile::WavFile(int fd) : m_fd(fd)
 {
     WavHeader old;
     if (::pread(m_fd, &old, sizeof old, 0) == sizeof old)
-        m_bytes = old.dataBytes;
-    m_broken = !writeHeader();
-    m_queue.setPace(m_pace);
-    m_thread = std::thread(&WavOutput::work, this);
+        m_bytes = std::min(old.dataBytes, MostBytes);
+    m_ended = !writeHeader();
 }
 
-WavOutput::~WavOutput()
+WavFile::~WavFile()
 {
-    m_closing = true;
-    m_queue.wake();
-    m_thread.join();
     ::close(m_fd);
 }
 
-void WavOutput::work()
-{
-    using Clock = std::chrono::steady_clock;
-    std::array<std::int16_t, BlockSamples> block;
-    Clock::time_point next = Clock::now();
-    while (!m_closing) {
-        m_queue.waitForSamples(m_closing);
-        const Clock::time_point now = Clock::now();
-        if (next < now)
-            next = now;
-        const std::size_t used = m_queue.fill(block);
-        write(std::span(block).first(used));
-        const std::chrono::duration<double> length(static_cast<double>(used)
-                                                   / (SampleRate * m_pace));
-        next += std::chrono::duration_cast<Clock::duration>(length);
-        std::this_thread::sleep_until(next);
-    }
-}
-
 /* Samples first, then the sizes: the file is valid in between. */
-void WavOutput::write(std::span<const std::int16_t> samples)
+void WavFile::write(std::span<const std::int16_t> samples)
 {
-    if (samples.empty() || m_broken)
+    const auto fitting = samples.first(samplesThatFit(m_bytes, samples.size()));
+    if (m_ended || samples.empty())
         return;
-    const auto at = static_cast<off_t>(sizeof(WavHeader)) + m_bytes;
-    m_broken = !writeAt(m_fd, samples.data(), samples.size_bytes(), at);
-    if (!m_broken) {
-        m_bytes += static_cast<std::uint32_t>(samples.size_bytes());
-        m_broken = !writeHeader();
+    if (fitting.size() < samples.size()) {
+        m_ended = true;
+        std::fprintf(stderr, "speech: the sound file is full\n");
     }
-    if (m_broken)
+    const auto at = static_cast<off_t>(sizeof(WavHeader)) + m_bytes;
+    bool written = writeAt(m_fd, fitting.data(), fitting.size_bytes(), at);
+    if (written) {
+        m_bytes += static_cast<std::uint32_t>(fitting.size_bytes());
+        written = writeHeader();
+    }
+    if (!written) {
+        m_ended = true;
         std::fprintf(stderr, "speech: cannot write the sound file: %s\n", std::strerror(errno));
+    }
 }
 
-bool WavOutput::writeHeader()
+bool WavFile::writeHeader()
 {
     WavHeader header;
     header.dataBytes = m_bytes;
-    header.riffBytes = static_cast<std::uint32_t>(sizeof header) - 8 + m_bytes;
+    header.riffBytes = HeaderBytesInRiff + m_bytes;
     return writeAt(m_fd, &header, sizeof header, 0);
 }
 

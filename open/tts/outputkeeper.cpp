@@ -1,0 +1,156 @@
+#include "open/tts/outputkeeper.h"
+
+#include "open/tts/pacedoutput.h"
+
+#include <condition_variable>
+#include <cstdio>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+namespace tts {
+
+/* Closes an output and opens one, on a thread that may take as long as it likes. */
+class OutputKeeper::Work
+{
+public:
+    using Task = std::function<std::unique_ptr<AudioOutput>()>;
+
+    explicit Work(Task task)
+        : m_thread([result = m_result, task = std::move(task)] {
+              auto output = task();
+              const std::lock_guard lock(result->mutex);
+              result->output = std::move(output);
+              result->done = true;
+              result->changed.notify_all();
+          })
+    {
+    }
+    ~Work()
+    {
+        if (waitFor(std::chrono::milliseconds(0)))
+            m_thread.join();
+        else
+            m_thread.detach();
+    }
+    Work(const Work&) = delete;
+    Work& operator=(const Work&) = delete;
+
+    /* False when it is not done by then. */
+    bool waitFor(std::chrono::milliseconds time)
+    {
+        std::unique_lock lock(m_result->mutex);
+        return m_result->changed.wait_for(lock, time, [this] { return m_result->done; });
+    }
+    std::unique_ptr<AudioOutput> takeOutput()
+    {
+        const std::lock_guard lock(m_result->mutex);
+        return std::move(m_result->output);
+    }
+
+private:
+    struct Result
+    {
+        std::mutex mutex;
+        std::condition_variable changed;
+        bool done = false;
+        std::unique_ptr<AudioOutput> output;
+    };
+
+    std::shared_ptr<Result> m_result = std::make_shared<Result>();
+    std::thread m_thread;
+};
+
+OutputKeeper::OutputKeeper(SampleQueue& queue, Factory open, const Patience& patience)
+    : m_queue(queue), m_open(std::move(open)), m_patience(patience)
+{
+}
+
+OutputKeeper::~OutputKeeper() = default;
+
+bool OutputKeeper::open()
+{
+    // What hung when it was closed may have ended since, and even have opened something.
+    if (m_work && wait(m_patience.start) && adopt())
+        return true;
+    if (!m_work) {
+        work(true);
+        if (wait(m_patience.start))
+            return adopt();
+    }
+    standIn();
+    return true;
+}
+
+void OutputKeeper::close()
+{
+    if (m_work && wait(m_patience.closing))
+        adopt();
+    if (!m_work)
+        work(false);
+    if (wait(m_patience.closing))
+        m_work.reset();
+    m_output.reset();
+}
+
+void OutputKeeper::prepare()
+{
+    if (m_work && wait(std::chrono::milliseconds(0)))
+        adopt();
+    if (m_work || !m_output->isLost() || Clock::now() < m_nextTry)
+        return;
+    work(true);
+    if (!wait(m_patience.reopening) || !adopt())
+        standIn();
+}
+
+void OutputKeeper::giveUp()
+{
+    if (m_work)
+        return;
+    std::fprintf(stderr, "speech: the sound output hangs, speaking on without sound\n");
+    work(true);
+    standIn();
+}
+
+/* Closes the output and, if asked to, opens another. */
+void OutputKeeper::work(bool opens)
+{
+    m_nextTry = Clock::now() + m_patience.between;
+    if (m_output)
+        m_output->disconnect();
+    auto task = [old = std::shared_ptr(std::move(m_output)), queue = &m_queue,
+                 open = opens ? m_open : nullptr]() mutable -> std::unique_ptr<AudioOutput> {
+        old.reset();
+        return open ? open(*queue) : nullptr;
+    };
+    m_work = std::make_unique<Work>(std::move(task));
+}
+
+/* False when the work is not done by then. */
+bool OutputKeeper::wait(std::chrono::milliseconds time)
+{
+    return m_work->waitFor(time);
+}
+
+/* Takes what the work has opened, which is done. False when that is nothing. */
+bool OutputKeeper::adopt()
+{
+    auto output = m_work->takeOutput();
+    m_work.reset();
+    if (!output)
+        return false;
+    if (m_output)
+        m_output->disconnect();
+    m_output = std::move(output);
+    m_output->connect();
+    return true;
+}
+
+void OutputKeeper::standIn()
+{
+    m_output = std::make_unique<PacedOutput>(m_queue, 1, nullptr);
+    m_output->connect();
+}
+
+} // namespace tts
