@@ -2,6 +2,7 @@
 
 #include "open/tts/pacedoutput.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>
@@ -62,7 +63,7 @@ private:
 };
 
 OutputKeeper::OutputKeeper(SampleQueue& queue, Factory open, const Patience& patience)
-    : m_queue(queue), m_open(std::move(open)), m_patience(patience)
+    : m_queue(queue), m_open(std::move(open)), m_patience(patience), m_between(patience.between)
 {
 }
 
@@ -116,7 +117,8 @@ void OutputKeeper::giveUp()
 /* Closes the output and, if asked to, opens another. */
 void OutputKeeper::work(bool opens)
 {
-    m_nextTry = Clock::now() + m_patience.between;
+    m_nextTry = Clock::now() + m_between;
+    m_between = std::min<std::chrono::milliseconds>(2 * m_between, std::chrono::minutes(5));
     if (m_output)
         m_output->disconnect();
     auto task = [old = std::shared_ptr(std::move(m_output)), queue = &m_queue,
@@ -144,6 +146,8 @@ bool OutputKeeper::adopt()
         m_output->disconnect();
     m_output = std::move(output);
     m_output->connect();
+    if (!m_output->isLost())
+        m_between = m_patience.between;
     return true;
 }
 

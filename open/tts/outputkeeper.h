@@ -30,7 +30,7 @@ public:
         std::chrono::milliseconds start{3000};
         std::chrono::milliseconds reopening{300}; // a text waits for it
         std::chrono::milliseconds closing{2000};
-        std::chrono::milliseconds between{5000}; // two tries
+        std::chrono::milliseconds between{5000}; // two tries; longer with every failure
     };
 
     OutputKeeper(SampleQueue& queue, Factory open, const Patience& patience);
@@ -62,6 +62,7 @@ private:
     std::unique_ptr<AudioOutput> m_output; // connected
     std::unique_ptr<Work> m_work;          // closing, opening, or both; null when done
     Clock::time_point m_nextTry;
+    std::chrono::milliseconds m_between; // this try and the next
 };
 
 } // namespace tts

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdio>
 #include <span>
+#include <string>
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
@@ -19,23 +20,39 @@ void tellOnce(const char* reason)
     told = true;
 }
 
+/* Starts the driver that the environment names, or SDL's choice. It stays started: a device that
+ * was lost is opened anew without starting the driver again, which would take another when a sound
+ * server is away for a moment, and end the process when PulseAudio has no sink just then. */
+bool startDriver()
+{
+    static std::string started;
+    const char* variable = SDL_getenv("SDL_AUDIODRIVER");
+    const std::string wanted = variable ? variable : "";
+    if (SDL_GetCurrentAudioDriver() && started == wanted)
+        return true;
+    started = wanted;
+    // Only the audio part of SDL: the rest would take the signals of the process.
+    return SDL_AudioInit(wanted.empty() ? nullptr : wanted.c_str()) == 0;
+}
+
 } // namespace
 
 std::unique_ptr<SdlOutput> SdlOutput::open(SampleQueue& queue)
 {
     std::unique_ptr<SdlOutput> output(new SdlOutput(queue));
-    // Only the audio part of SDL is started: the rest would take the signals of the process.
-    if (SDL_AudioInit(SDL_getenv("SDL_AUDIODRIVER")) == 0 && output->openDevice())
-        return output;
-    tellOnce(SDL_GetError());
-    return nullptr;
+    if (!startDriver() || !output->openDevice()) {
+        tellOnce(SDL_GetError());
+        output.reset();
+    }
+    SDL_TLSCleanup(); // what SDL keeps for this thread, which ends soon
+    return output;
 }
 
 SdlOutput::~SdlOutput()
 {
     if (m_device != 0)
         SDL_CloseAudioDevice(m_device);
-    SDL_AudioQuit();
+    SDL_TLSCleanup();
 }
 
 void SdlOutput::fill(void* output, std::uint8_t* bytes, int count)
