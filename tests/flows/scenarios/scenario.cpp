@@ -94,7 +94,7 @@ std::optional<int> keyOf(const QString& name)
 void readGiven(Step& step, Words& words)
 {
     const QString what = words.oneOf({"file", "files", "setting", "free-space", "no-card", "raw",
-                                      "dictionary", "damaged", "word"});
+                                      "dictionary", "damaged", "word", "language"});
     if (what == QLatin1String("file")) {
         step.name = words.take("the name");
         step.verb = words.takeIf("units") ? Verb::GivenUnits : Verb::GivenFile;
@@ -121,6 +121,9 @@ void readGiven(Step& step, Words& words)
         step.name = words.take("the dictionary");
         step.text = words.take("the word");
         step.texts = QStringList{words.take("the definition")};
+    } else if (what == QLatin1String("language")) {
+        step.verb = Verb::GivenLanguage;
+        step.name = words.take("the name");
     } else if (what == QLatin1String("raw")) {
         step.verb = Verb::GivenRaw;
         step.name = words.take("the path");

@@ -22,6 +22,7 @@ struct ScenarioStep
         GivenDictionary, // name, text: languages, "eng-deu"
         GivenDamaged,    // as above; it cannot be opened
         GivenWord,       // name: dictionary, text: word, texts: definition
+        GivenLanguage,   // name: of the interface, "German"
         GivenRaw,        // name: path on the pen, text: written as UTF-8
         // What is done.
         Start,

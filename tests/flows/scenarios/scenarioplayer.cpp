@@ -4,6 +4,7 @@
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/penlanguage.h"
 
 #include <QDir>
 
@@ -98,6 +99,10 @@ void ScenarioPlayer::given(const Step& step)
             if (dictionary.name == step.name)
                 dictionary.entries.append({step.text, step.texts.first()});
         }
+        break;
+    case Verb::GivenLanguage:
+        if (!setPenLanguage(root, step.name))
+            fail(QStringLiteral("there is no interface in %1").arg(step.name));
         break;
     default:
         root.write(step.name, step.text.toUtf8());

@@ -36,6 +36,7 @@ void TestScenario::readsEachCommand_data()
     row("given dictionary Small eng-deu", Verb::GivenDictionary);
     row("given damaged Broken eng-deu", Verb::GivenDamaged);
     row("given word Small house Haus", Verb::GivenWord);
+    row("given language \"Traditional Chinese\"", Verb::GivenLanguage);
     row("given raw /apps/config/filelist.cfg \"0\\n\"", Verb::GivenRaw);
     row("start", Verb::Start);
     row("key OK", Verb::Key);
