@@ -4,12 +4,15 @@
  * language on ordinary hands, then for each fault, then what becomes of swipes that cannot be read,
  * then other ways to join frames beside the engine's.
  */
+#include "bench/handmodel/videofile.h"
 #include "bench/scan/generator.h"
 #include "bench/scan/peers.h"
 #include "bench/scan/refusals.h"
 #include "bench/scan/trial.h"
 
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QTextStream>
 
@@ -30,6 +33,7 @@ public:
         m_trial.verbose = options.isSet("verbose");
         m_trial.dumpFolder = options.value("dump");
         m_first = options.value("first").toInt();
+        m_videoFolder = options.value("video");
     }
 
     void byLanguage(int count)
@@ -88,12 +92,26 @@ private:
             return tally;
         for (int i = m_first; i < m_first + count; ++i) {
             const SwipeCase swiped = swipeCase(language, fault, i, m_seed);
-            const LineResult result = join(swiped, language.han, framesOf(swiped));
-            m_trial.judge(language, swiped, result,
-                          QString("%1-%2-%3").arg(fault.name.left(14), language.code).arg(i),
-                          tally);
+            const std::vector<Frame> frames = framesOf(swiped);
+            const LineResult result = join(swiped, language.han, frames);
+            const auto name = QString("%1-%2-%3").arg(fault.name.left(14), language.code).arg(i);
+            m_trial.judge(language, swiped, result, name, tally);
+            keepVideo(name, swiped, frames);
         }
         return tally;
+    }
+
+    /* Of a pen in the left hand "-left" is part of the name: the pen has to be told. */
+    void keepVideo(const QString& name, const SwipeCase& swiped, const std::vector<Frame>& frames)
+    {
+        if (m_videoFolder.isEmpty())
+            return;
+        const char* hand = swiped.swipe.camera.mount.leftHand ? "-left" : "";
+        QFile file(QDir(m_videoFolder).filePath(name + hand + ".y4m"));
+        const QByteArray video = videoOf(frames, frameRate(frames));
+        if (!file.open(QIODevice::WriteOnly) || file.write(video) != video.size())
+            qFatal("cannot write %s", qPrintable(file.fileName()));
+        m_out << file.fileName() << ": " << swiped.text << Qt::endl;
     }
 
     Tally allLanguages(const Fault& fault, int count, Joiner join)
@@ -152,6 +170,7 @@ private:
     QString m_language;
     std::uint32_t m_seed;
     int m_first = 0;
+    QString m_videoFolder; // empty: none are kept
 };
 
 } // namespace
@@ -172,6 +191,7 @@ int main(int argc, char** argv)
                        {"language", "This language only.", "code"},
                        {"fault", "Only faults with this in their name.", "name"},
                        {"verbose", "Show the lines that are worse than the clean picture."},
+                       {"video", "Keep the camera's frames in this folder, as videos.", "folder"},
                        {"dump", "Write the line pictures to this folder.", "folder"}});
     parser.process(application);
     cv::setNumThreads(1);

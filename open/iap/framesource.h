@@ -36,7 +36,8 @@ public:
     virtual void report(const SwipeReport& report) = 0;
 };
 
-/* The source that the environment names: a folder of pictures (SWIPELINE_FRAMES), else the desk. */
+/* The source that the environment names: a folder of pictures (SWIPELINE_FRAMES), a camera
+ * (SWIPELINE_CAMERA), else the desk. */
 std::unique_ptr<FrameSource> makeFrameSource();
 
 #endif

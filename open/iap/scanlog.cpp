@@ -7,5 +7,10 @@ void scanLog(const std::string& line)
 {
     static const bool wanted = std::getenv("SWIPELINE_LOG") != nullptr;
     if (wanted)
-        std::fprintf(stderr, "scan engine: %s\n", line.c_str());
+        scanError(line);
+}
+
+void scanError(const std::string& line)
+{
+    std::fprintf(stderr, "scan engine: %s\n", line.c_str());
 }

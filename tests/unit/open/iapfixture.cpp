@@ -27,6 +27,7 @@ void IapFixture::cleanup()
     ZEMBRA_IAP_SetStopSignal(0);
     m_desk.reset();
     qunsetenv("SWIPELINE_FRAMES");
+    qunsetenv("SWIPELINE_CAMERA");
 }
 
 void IapFixture::start(int hand)

@@ -1,3 +1,4 @@
+#include "bench/handmodel/videofile.h"
 #include "tests/unit/open/iapfixture.h"
 
 #include <QFile>
@@ -29,6 +30,8 @@ private slots:
     void newDeskAfterTheOldOneHasGone();
     void folderOfPictures();
     void folderWithoutPictures();
+    void video();
+    void videoThatIsNone();
 };
 
 void TestIapEngine::withoutAnySource()
@@ -287,6 +290,30 @@ void TestIapEngine::folderWithoutPictures()
     QVERIFY(ZEMBRA_IAP_Initialize(1, 0, 0, 0) != 0);
     qputenv("SWIPELINE_FRAMES", "/nowhere/at/all");
     QVERIFY(ZEMBRA_IAP_Initialize(1, 0, 0, 0) != 0);
+}
+
+void TestIapEngine::video()
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath("swipe.y4m"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(videoOf(lineFrames(), frameRate(lineFrames())));
+    file.close();
+    qputenv("SWIPELINE_CAMERA", file.fileName().toUtf8());
+    Receiver receiver;
+    ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, Receiver::callback);
+    QCOMPARE(ZEMBRA_IAP_Initialize(1, 0, 0, 0), 0);
+    const auto delivery = receiver.delivery();
+    QVERIFY(delivery && !delivery->isNull);
+    QVERIFY(likeness(cleanLine(), delivery->image) > 0.85);
+    QTRY_COMPARE(workState(), int(ZEMBRA_IAP_IDLE));
+}
+
+void TestIapEngine::videoThatIsNone()
+{
+    qputenv("SWIPELINE_CAMERA", "/nowhere/at/all");
+    QVERIFY(ZEMBRA_IAP_Initialize(1, 0, 0, 0) != 0);
+    QCOMPARE(workState(), -1);
 }
 
 QTEST_MAIN(TestIapEngine)
