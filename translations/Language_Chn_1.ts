@@ -455,7 +455,7 @@
     </message>
     <message>
         <source>No text.</source>
-        <translation>没有文本。</translation>
+        <translation>没有文字。</translation>
     </message>
     <message>
         <source>Rename</source>

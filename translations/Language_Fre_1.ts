@@ -156,11 +156,11 @@
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
-        <translation>Appuyez sur OK pour supprimer, ou à droite pour annuler.</translation>
+        <translation>Appuyez sur OK pour supprimer, ou flèche droite pour annuler.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to delete.</source>
-        <translation>Appuyez sur OK pour annuler, ou à gauche pour supprimer.</translation>
+        <translation>Appuyez sur OK pour annuler, ou flèche gauche pour supprimer.</translation>
     </message>
     <message>
         <source>The file cannot be deleted.</source>
@@ -184,7 +184,7 @@
     </message>
     <message>
         <source>Press left or right for the languages, up or down for the dictionary, OK to go back.</source>
-        <translation>Appuyez à gauche ou à droite pour les langues, en haut ou en bas pour le dictionnaire, sur OK pour revenir.</translation>
+        <translation>Flèche gauche ou droite pour les langues, haut ou bas pour le dictionnaire, OK pour revenir.</translation>
     </message>
     <message>
         <source>The dictionary cannot be opened. Please select another one.</source>
@@ -296,11 +296,11 @@
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
-        <translation>Appuyez sur OK pour renommer, ou à droite pour annuler.</translation>
+        <translation>Appuyez sur OK pour renommer, ou flèche droite pour annuler.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to rename.</source>
-        <translation>Appuyez sur OK pour annuler, ou à gauche pour renommer.</translation>
+        <translation>Appuyez sur OK pour annuler, ou flèche gauche pour renommer.</translation>
     </message>
     <message>
         <source>File exists.</source>
@@ -392,19 +392,19 @@
     </message>
     <message>
         <source>Press left or right to change, OK to go back.</source>
-        <translation>Appuyez à gauche ou à droite pour changer, sur OK pour revenir.</translation>
+        <translation>Flèche gauche ou droite pour changer, OK pour revenir.</translation>
     </message>
     <message>
         <source>Press OK to select, or down for other options.</source>
-        <translation>Appuyez sur OK pour choisir, ou en bas pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, ou flèche bas pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Press OK to select, or up or down for more options.</source>
-        <translation>Appuyez sur OK pour choisir, ou en haut ou en bas pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, ou flèche haut ou bas pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Press OK to select, or Up for other options.</source>
-        <translation>Appuyez sur OK pour choisir, ou en haut pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, ou flèche haut pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Scan to File mode. </source>
@@ -443,7 +443,7 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>Le fichier est trop gros. Ne le modifiez pas sur un ordinateur.</translation>
+        <translation>Le fichier est trop volumineux. Ne le modifiez pas sur un ordinateur.</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
@@ -467,7 +467,7 @@
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
-        <translation>Le fichier est trop gros. Créez un nouveau fichier.</translation>
+        <translation>Le fichier est trop volumineux. Créez un nouveau fichier.</translation>
     </message>
     <message>
         <source>Start of text.</source>

@@ -324,7 +324,7 @@
     </message>
     <message>
         <source>Vertical Text Scan Mode!</source>
-        <translation>Scan von senkrechtem Text!</translation>
+        <translation>Scanmodus: senkrechter Text!</translation>
     </message>
     <message>
         <source>none</source>

@@ -320,7 +320,7 @@
     </message>
     <message>
         <source>The file is missing.</source>
-        <translation>Il file non si trova.</translation>
+        <translation>File non trovato.</translation>
     </message>
     <message>
         <source>Vertical Text Scan Mode!</source>

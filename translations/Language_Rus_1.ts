@@ -156,11 +156,11 @@
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
-        <translation>Нажмите OK для удаления, вправо для отмены.</translation>
+        <translation>Нажмите OK для удаления или вправо для отмены.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to delete.</source>
-        <translation>Нажмите OK для отмены, влево для удаления.</translation>
+        <translation>Нажмите OK для отмены или влево для удаления.</translation>
     </message>
     <message>
         <source>The file cannot be deleted.</source>
@@ -212,7 +212,7 @@
     </message>
     <message>
         <source>Read translation</source>
-        <translation>Читать перевод</translation>
+        <translation>Чтение перевода</translation>
     </message>
     <message>
         <source>There are no new words.</source>
@@ -296,11 +296,11 @@
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
-        <translation>Нажмите OK для переименования, вправо для отмены.</translation>
+        <translation>Нажмите OK для переименования или вправо для отмены.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to rename.</source>
-        <translation>Нажмите OK для отмены, влево для переименования.</translation>
+        <translation>Нажмите OK для отмены или влево для переименования.</translation>
     </message>
     <message>
         <source>File exists.</source>
@@ -388,23 +388,23 @@
     </message>
     <message>
         <source>Read OK</source>
-        <translation>Читать слово</translation>
+        <translation>Чтение слова</translation>
     </message>
     <message>
         <source>Press left or right to change, OK to go back.</source>
-        <translation>Нажмите влево или вправо для изменения, OK для возврата.</translation>
+        <translation>Нажмите влево или вправо для изменения или OK для возврата.</translation>
     </message>
     <message>
         <source>Press OK to select, or down for other options.</source>
-        <translation>Нажмите OK для выбора, вниз для других пунктов.</translation>
+        <translation>Нажмите OK для выбора или вниз для других пунктов.</translation>
     </message>
     <message>
         <source>Press OK to select, or up or down for more options.</source>
-        <translation>Нажмите OK для выбора, вверх или вниз для других пунктов.</translation>
+        <translation>Нажмите OK для выбора или вверх либо вниз для других пунктов.</translation>
     </message>
     <message>
         <source>Press OK to select, or Up for other options.</source>
-        <translation>Нажмите OK для выбора, вверх для других пунктов.</translation>
+        <translation>Нажмите OK для выбора или вверх для других пунктов.</translation>
     </message>
     <message>
         <source>Scan to File mode. </source>

@@ -128,7 +128,7 @@
     </message>
     <message>
         <source>Scan to file</source>
-        <translation>Escanear a archivo</translation>
+        <translation>Escanear a un archivo</translation>
     </message>
     <message>
         <source>New file</source>
@@ -408,7 +408,7 @@
     </message>
     <message>
         <source>Scan to File mode. </source>
-        <translation>Escanear a archivo. </translation>
+        <translation>Escanear a un archivo. </translation>
     </message>
     <message>
         <source>Scan or press Menu for options.</source>
