@@ -113,15 +113,14 @@ public:
 
     double mean(double left, double top, double side) const
     {
-        const int x0 = static_cast<int>(left);
-        const int y0 = static_cast<int>(top);
-        const int x1 = std::max(x0 + 1, static_cast<int>(left + side));
-        const int y1 = std::max(y0 + 1, static_cast<int>(top + side));
         double sum = 0;
-        for (int y = y0; y < y1; ++y)
-            for (int x = x0; x < x1; ++x)
-                sum += at(x, y);
-        return sum / ((x1 - x0) * (y1 - y0));
+        for (int y = static_cast<int>(top); y < top + side; ++y) {
+            double row = 0;
+            for (int x = static_cast<int>(left); x < left + side; ++x)
+                row += at(x, y) * covered(x, left, side);
+            sum += row * covered(y, top, side);
+        }
+        return sum / (side * side);
     }
 
     double between(double x, double y) const
@@ -137,6 +136,12 @@ public:
     }
 
 private:
+    /* How much of pixel `at` lies between `from` and `from` + `length`. */
+    static double covered(int at, double from, double length)
+    {
+        return std::min(at + 1.0, from + length) - std::max<double>(at, from);
+    }
+
     int at(int x, int y) const
     {
         const int cx = std::clamp(x, 0, m_box.width() - 1) + m_box.left;
@@ -150,9 +155,9 @@ private:
     const Box m_box;
 };
 
-GreyPicture zoomedWithMargin(const std::vector<std::uint8_t>& pixels, int width, const Box& box)
+GreyPicture zoomedWithMargin(const std::vector<std::uint8_t>& pixels, int width, const Box& box,
+                             double zoom)
 {
-    const double zoom = zoomFor(box);
     const int innerWidth = std::max(1, static_cast<int>(std::lround(box.width() * zoom)));
     const int innerHeight = std::max(1, static_cast<int>(std::lround(box.height() * zoom)));
     GreyPicture result = {innerWidth + 2 * Margin, innerHeight + 2 * Margin, {}};
@@ -194,7 +199,16 @@ GreyPicture prepareLine(const std::uint8_t* image, int width, int height)
     if (box.height() < MinimumInkHeight || box.width() < 2
         || box.width() > LongestLine * box.height())
         return {};
-    return zoomedWithMargin(pixels, width, box);
+    return zoomedWithMargin(pixels, width, box, zoomFor(box));
+}
+
+GreyPicture reducedTo(int height, const GreyPicture& line)
+{
+    const Box box = {Margin, Margin, line.width - Margin, line.height - Margin};
+    if (box.height() <= height)
+        return line;
+    return zoomedWithMargin(line.pixels, line.width, box,
+                            static_cast<double>(height) / box.height());
 }
 
 } // namespace ocr

@@ -33,6 +33,9 @@ bool isPlausibleSize(int width, int height);
  */
 GreyPicture prepareLine(const std::uint8_t* image, int width, int height);
 
+/* A prepared line of which the print, without the margin, is no more than `height` pixels high. */
+GreyPicture reducedTo(int height, const GreyPicture& line);
+
 } // namespace ocr
 
 #endif

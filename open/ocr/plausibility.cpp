@@ -28,7 +28,9 @@ bool isMark(char32_t c)
     const bool plain = c < 0x80;
     if (plain)
         return !((c >= U'0' && c <= U'9') || (c >= U'A' && c <= U'Z') || (c >= U'a' && c <= U'z'));
-    return c < 0xc0 || c == 0xd7 || c == 0xf7 || (c >= 0x2000 && c < 0x2e80)
+    constexpr char32_t One = U'一'; // and any other horizontal line
+    constexpr char32_t Two = U'二';
+    return c == One || c == Two || c < 0xc0 || c == 0xd7 || c == 0xf7 || (c >= 0x2000 && c < 0x2e80)
            || (c >= 0x3000 && c < 0x3040) || (c >= 0xff00 && c < 0xff10);
 }
 

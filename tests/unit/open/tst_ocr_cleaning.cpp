@@ -135,6 +135,8 @@ void TstOcrCleaning::dropsWhatIsNoPrint_data()
     add("doubtful Russian", "Тихнй дожль палал", 50, true);
     add("doubtful Chinese", "细雨落在屋顶上也装满", 50, true);
     add("Chinese marks", "一。，，“二", 64, false);
+    add("Chinese strokes", "一全一研一", 65, false);
+    add("sure Chinese strokes", "一二", 80, true);
     add("accents count as letters", "été où çà là élève", 50, true);
 }
 

@@ -172,6 +172,16 @@ void TstOcrReading::readsPrint_data()
         "Он сказал: \"Good morning, sir\", и ушёл.");
     add("Russian with names", ZEMBRA_OCR_LANG_CYRILLIC, SansFont,
         "Компания Microsoft выпустила новую версию Windows.");
+    const int russian = ZEMBRA_OCR_LANG_CYRILLIC;
+    add("Russian with English abbreviations", russian, SerifFont,
+        "Учёные изучают DNA и RNA в клетках.");
+    add("Russian abbreviations", russian, SerifFont, "В США и СССР строили ракеты.");
+    add("Russian capitals that English has, too", russian, SansFont,
+        "ОНА пошла домой, и РОТА ушла.");
+    add("Russian heading", russian, SerifFont, "МОСКВА И ТВЕРЬ РАСТУТ");
+    add("Russian with an English title", russian, SansFont,
+        "В книге War and Peace более тысячи страниц.");
+    add("Russian with a roman number", russian, SansFont, "Глава XIV начинается на странице 352.");
     add("Chinese with English words", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
         "我的电脑用的是Linux系统，不是Windows。");
     add("Chinese with an English title", ZEMBRA_OCR_LANG_CHINESE, ChineseFont,
