@@ -79,7 +79,7 @@ void CaptionView::paintEvent(QPaintEvent*)
 
 void CaptionView::paintSpeaker(QPainter& painter) const
 {
-    const QColor colour = m_speaking ? desklook::Accent : desklook::BodyEdge;
+    const QColor colour = m_speaking ? desklook::colours().accent : desklook::colours().faintText;
     painter.save();
     painter.translate(22, Height / 2.0);
     QPainterPath cone;
@@ -106,7 +106,7 @@ void CaptionView::paintText(QPainter& painter) const
     painter.setFont(font);
     const QRectF area(TextLeft, 0, width() - TextLeft - 12, Height);
     if (m_text.isEmpty()) {
-        painter.setPen(desklook::QuietText);
+        painter.setPen(desklook::colours().quietText);
         painter.drawText(area, Qt::AlignVCenter, tr("What the pen says appears here"));
         return;
     }
@@ -119,11 +119,19 @@ void CaptionView::paintText(QPainter& painter) const
 
     painter.setClipRect(area);
     painter.translate(area.left() - shift, 0);
+    const QRectF word(wordLeft - 3, 7, wordWidth + 6, Height - 14);
     if (m_wordLength > 0) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(desklook::Spoken);
-        painter.drawRoundedRect(QRectF(wordLeft - 3, 7, wordWidth + 6, Height - 14), 5, 5);
+        painter.drawRoundedRect(word, 5, 5);
     }
-    painter.setPen(m_speaking ? desklook::Text : desklook::QuietText);
-    painter.drawText(QRectF(0, 0, whole + 10, Height), Qt::AlignVCenter, m_text);
+    const QRectF line(0, 0, whole + 10, Height);
+    painter.setPen(m_speaking ? desklook::colours().text : desklook::colours().quietText);
+    painter.drawText(line, Qt::AlignVCenter, m_text);
+    if (m_wordLength == 0)
+        return;
+    // The mark is bright on every desk: its word is dark.
+    painter.setClipRect(word, Qt::IntersectClip);
+    painter.setPen(desklook::SpokenText);
+    painter.drawText(line, Qt::AlignVCenter, m_text);
 }

@@ -48,10 +48,16 @@ void addOptions(QCommandLineParser& parser)
     add("lang", "Language of --text, two letters.", "xx");
     add("dpi", "Resolution of a picture given with --page (300).", "DPI");
     add("pdf-page", "Page of a PDF file, from 1.", "N");
+    parser.addOption(
+        {QStringLiteral("forget"),
+         tr("Opens the desk as it is at first: does not recall page, hand and window of "
+            "the last time, and does not remember them.")});
     add("wav", "Writes the pen's sound to a file instead of playing it.", "FILE");
     add("headless", "Carries out a script without a display.", "SCRIPT");
     add("out", "With --headless: folder for pictures and sound (desk-out).", "DIR");
     add("desk-shot", "Writes a picture of the desk at the end (a PNG file).", "FILE");
+    add("record", "Writes what was done on the desk to a script for --headless, at the end.",
+        "FILE");
     add("frames", "With --headless: writes a film of the desk, a PNG file a picture.", "DIR");
     add("frames-every", "Milliseconds between two pictures of the film (100).", "MS");
     add("frames-of", "What the film shows: desk, or pen (pen and caption only).", "PART");
@@ -159,10 +165,14 @@ DeskOptions DeskOptions::parse(const QStringList& arguments, const QString& prog
     if (options.wav.isEmpty() && options.isHeadless())
         options.wav = options.out + QLatin1String("/speech.wav");
     options.deskShot = path("desk-shot");
+    options.record = path("record");
     options.fonts = path("fonts");
     const QString rootFonts = options.root + QLatin1String("/apps/res/fonts.conf");
     if (options.fonts.isEmpty() && QFileInfo(rootFonts).isFile())
         options.fonts = rootFonts;
+    options.forget = parser.isSet(QStringLiteral("forget"));
+    options.pageGiven =
+        parser.isSet(QStringLiteral("page")) || parser.isSet(QStringLiteral("text"));
     options.error = readPage(parser, options.page);
     if (options.error.isEmpty())
         options.error = readFrames(parser, options);

@@ -20,7 +20,10 @@ struct DeskOptions
     int framesMs = 100;       // a picture every so many milliseconds
     bool framesOfPen = false; // of the pen and what it says only
     QString language;         // of the pen's interface; empty: as its settings say
+    QString record;           // the session is written there as a script; empty: it is not
     PageSource page;
+    bool pageGiven = false; // the page was named, else it is the usual one
+    bool forget = false;    // the desk neither recalls nor remembers anything
     bool helpWanted = false;
     QString help;  // the text of --help
     QString error; // empty when the desk can be opened

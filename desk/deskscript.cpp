@@ -7,12 +7,15 @@
 #include "desk/swipereport.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QStringList>
 #include <array>
 
 namespace {
 
 using Verb = DeskCommand::Verb;
+
+constexpr qint64 MaxScriptBytes = 4 * 1024 * 1024;
 
 QString tr(const char* text)
 {
@@ -267,5 +270,20 @@ DeskScript DeskScript::parse(const QString& text)
         }
         script.commands.append(command);
     }
+    return script;
+}
+
+DeskScript DeskScript::read(const QString& path)
+{
+    DeskScript script;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        script.error = tr("%1 cannot be read: %2").arg(path, file.errorString());
+    else if (file.size() > MaxScriptBytes)
+        script.error = tr("%1 is too long for a script").arg(path);
+    else
+        script = parse(QString::fromUtf8(file.readAll()));
+    if (file.isOpen() && !script.error.isEmpty() && !script.error.startsWith(path))
+        script.error.prepend(path + QLatin1String(", "));
     return script;
 }

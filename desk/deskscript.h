@@ -81,6 +81,8 @@ struct DeskScript
     QString error; // empty when the script is sound; else "line 3: ..."
 
     static DeskScript parse(const QString& text);
+    /* The script in a file; the error names the file. */
+    static DeskScript read(const QString& path);
 };
 
 #endif

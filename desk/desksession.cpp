@@ -23,6 +23,9 @@ DeskSession::DeskSession(DeskSetting setting, QObject* parent)
       m_screen(penpicture::toOneBit(QImage()))
 {
     m_quiet.start();
+    // Before anybody else hears of it.
+    connect(&m_storage, &PenStorage::cardChanged, this, &DeskSession::stir);
+    connect(&m_storage, &PenStorage::fullChanged, this, &DeskSession::stir);
 }
 
 DeskSession::~DeskSession()
@@ -138,6 +141,12 @@ void DeskSession::connectFeeder()
     });
 }
 
+void DeskSession::stir()
+{
+    m_quietBeforeMs = quietMs();
+    m_quiet.restart();
+}
+
 qint64 DeskSession::quietMs() const
 {
     const bool busy = m_transcript.isSpeaking() || m_feeder.isSwiping() || m_pageLoader.isLoading();
@@ -149,6 +158,7 @@ void DeskSession::startPen()
     if (m_pen->isRunning())
         return;
     m_refreshing = true;
+    stir();
     ++m_penRuns;
     m_pen->start();
     emit startWanted();
@@ -230,6 +240,7 @@ bool DeskSession::swipe(const std::vector<PathPoint>& path)
     stir();
     if (!m_feeder.swipe(m_camera, HandPath::through(path)))
         return false;
+    emit handTouches();
     emit handSwiped(path);
     return true;
 }
@@ -247,6 +258,7 @@ bool DeskSession::beginSwipe(QPointF mm)
     m_trace.clear();
     m_traceClock.start();
     m_trace.push_back({0.0, mm});
+    emit handTouches();
     return true;
 }
 

@@ -61,6 +61,8 @@ public:
     quint64 screenChanges() const { return m_screenChanges; }
     /* Milliseconds since screen, speech, swipe or messages last changed. */
     qint64 quietMs() const;
+    /* The same for the moment before the last action. */
+    qint64 quietBeforeMs() const { return m_quietBeforeMs; }
 
     /* The pen shows something: keys reach it. */
     bool hasWindow() const { return m_compositor->hasWindow(); }
@@ -109,6 +111,7 @@ signals:
     void languageFailed(const QString& error);
     void lineSwiped(int line, double speedMmPerS);
     void waySwiped(QPointF fromMm, QPointF toMm, double speedMmPerS);
+    void handTouches();
     void handSwiped(const std::vector<PathPoint>& path);
     void pageFailed(const QString& error);
     void penStarted();
@@ -124,7 +127,7 @@ private:
     void makeCamera();
     bool move(const QLineF& way, double speedMmPerS);
     void trace(QPointF mm);
-    void stir() { m_quiet.restart(); }
+    void stir();
 
     DeskSetting m_setting;
     QString m_error;
@@ -150,6 +153,7 @@ private:
     quint32 m_swipes = 0;
     QVector<SwipeReport> m_swipeReports;
     QElapsedTimer m_quiet;
+    qint64 m_quietBeforeMs = 0;
 };
 
 #endif

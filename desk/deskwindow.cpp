@@ -3,71 +3,44 @@
 #include "desk/captionview.h"
 #include "desk/desklook.h"
 #include "desk/desksession.h"
-#include "desk/keybutton.h"
+#include "desk/handview.h"
 #include "desk/launcherview.h"
+#include "desk/pagebar.h"
 #include "desk/pageview.h"
-#include "desk/penkeys.h"
 #include "desk/penview.h"
+#include "desk/scriptview.h"
+#include "desk/typedialog.h"
 
 #include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QPushButton>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
 namespace {
 
-constexpr int LargeFactor = 4;
-constexpr int SmallFactor = 3;
-constexpr QSize LargeWindow(1240, 980);
+constexpr QSize UsualWindow(1240, 980);
+constexpr QSize LeastWindow(960, 560);
 constexpr int LeaveMs = 3000;
-constexpr int LauncherWidth = 420;
 
-/* The display keeps its fourfold size where the screen leaves room for the page below it. */
-int factorFor(const QScreen* screen)
+/* From which size of the window on the display is magnified so many times. */
+struct Fit
 {
-    // Without a screen of its own (headless) the desk need not fit one.
-    if (!screen || QGuiApplication::platformName() == QLatin1String("offscreen"))
-        return LargeFactor;
-    const QSize room = screen->availableSize();
-    return room.width() >= LargeWindow.width() && room.height() >= 860 ? LargeFactor : SmallFactor;
-}
-
-QString deskStyle()
-{
-    return QStringLiteral(
-               "DeskWindow { background: %1; color: %2; }"
-               "QWidget#card { background: %3; border: 1px solid %4; border-radius: 12px; }"
-               "QPushButton { background: #f6f7f9; border: 1px solid %4; border-radius: 7px;"
-               " padding: 6px 10px; color: %2; }"
-               "QPushButton:hover { background: #eef1f5; }"
-               "QPushButton:focus { border: 2px solid %5; padding: 5px 9px; }"
-               "QPushButton:checked { background: %5; color: white; }"
-               "QPushButton:pressed { background: #dfe4ea; }"
-               "QPushButton:disabled { color: #aab1ba; }"
-               "QListWidget, QPlainTextEdit { border: 0; background: %3; color: %2;"
-               " font-size: 12px; }"
-               "PageView { background: %3; }"
-               "QTabWidget::pane { border: 1px solid %4; border-radius: 6px; top: -1px; }"
-               "QTabBar::tab { padding: 5px 14px; border: 1px solid transparent; color: %6; }"
-               "QTabBar::tab:selected { color: %2; border-bottom: 2px solid %5; }"
-               "QTabBar::tab:focus { border: 1px solid %5; border-radius: 4px; }"
-               "QScrollBar:vertical { background: transparent; width: 10px; margin: 2px; }"
-               "QScrollBar::handle:vertical { background: #c3c9d1; border-radius: 3px;"
-               " min-height: 30px; }"
-               "QScrollBar::handle:vertical:hover { background: #a4adb8; }"
-               "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
-               "QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }")
-        .arg(desklook::Desk.name(), desklook::Text.name(), desklook::Panel.name(),
-             desklook::PanelEdge.name(), desklook::Accent.name(), desklook::QuietText.name());
-}
+    QSize window;
+    int factor;
+};
+constexpr Fit Fits[] = {{{1232, 840}, 4}, {{960, 670}, 3}};
+constexpr int LeastFactor = 2;
+constexpr int CompactHeight = 720;
+constexpr int LauncherShare = 3; // a third of the window
+constexpr int MostLauncher = 420;
 
 QWidget* card()
 {
@@ -82,42 +55,40 @@ QWidget* card()
 DeskWindow::DeskWindow(DeskSession& session, QWidget* parent)
     : QWidget(parent),
       m_session(session),
-      m_pen(new PenView(factorFor(screen()))),
+      m_recorder(session),
+      m_player(session, [this] { return picture(); }),
+      m_pen(new PenView(LeastFactor)),
+      m_keyboard(session, *m_pen),
       m_caption(new CaptionView),
       m_page(new PageView),
-      m_launcher(new LauncherView(session.launcher(), session.setting().root))
+      m_pageBar(new PageBar),
+      m_hand(new HandView),
+      m_script(new ScriptView(m_recorder)),
+      m_launcher(new LauncherView(session.launcher(), session.storage(), session.setting().root))
 {
     setWindowTitle(tr("Swipeline desk"));
     setAttribute(Qt::WA_StyledBackground);
-    setStyleSheet(deskStyle());
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(20, 18, 20, 18);
-    column->setSpacing(14);
-    column->addWidget(m_pen, 0, Qt::AlignHCenter);
+    setStyleSheet(desklook::styleSheet());
+    setAcceptDrops(true);
+    setMinimumSize(LeastWindow);
+    m_column = new QVBoxLayout(this);
+    m_column->addWidget(m_pen, 0, Qt::AlignHCenter);
+    m_column->addWidget(makeCaptionCard());
+    m_row = new QHBoxLayout;
+    m_row->addWidget(makePageCard(), 1);
+    m_row->addWidget(makeLauncherCard());
+    m_column->addLayout(m_row, 1);
 
-    QWidget* const captionCard = card();
-    auto* const captionRow = new QHBoxLayout(captionCard);
-    captionRow->setContentsMargins(8, 2, 8, 2);
-    captionRow->addWidget(m_caption);
-    column->addWidget(captionCard);
-
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(14);
-    row->addWidget(makePageCard(), 1);
-    QWidget* const launcherCard = card();
-    launcherCard->setFixedWidth(LauncherWidth);
-    auto* const launcherColumn = new QVBoxLayout(launcherCard);
-    launcherColumn->setContentsMargins(0, 0, 0, 0);
-    launcherColumn->addWidget(m_launcher);
-    row->addWidget(launcherCard);
-    column->addLayout(row, 1);
-
+    makeShortcuts();
     connectPen();
     connectPage();
+    connectLauncher();
     showPen();
-    resize(LargeWindow);
+    // Without a screen of its own (headless) the desk need not fit one.
+    const bool shown = QGuiApplication::platformName() != QLatin1String("offscreen");
+    resize(shown && screen() ? UsualWindow.boundedTo(screen()->availableSize()) : UsualWindow);
+    fit();
     m_pen->display().setFocus();
-    qApp->installEventFilter(this);
 }
 
 DeskWindow::~DeskWindow() = default;
@@ -133,53 +104,48 @@ QImage DeskWindow::penPicture()
     return grab(m_pen->geometry().united(caption)).toImage();
 }
 
+QWidget* DeskWindow::makeCaptionCard()
+{
+    QWidget* const captions = card();
+    auto* const row = new QHBoxLayout(captions);
+    row->setContentsMargins(8, 2, 8, 2);
+    row->addWidget(m_caption);
+    return captions;
+}
+
 QWidget* DeskWindow::makePageCard()
 {
     QWidget* const page = card();
     auto* const column = new QVBoxLayout(page);
     column->setContentsMargins(12, 10, 4, 4);
     column->setSpacing(6);
-    column->addWidget(makePageBar());
+    column->addWidget(m_pageBar);
     column->addWidget(m_page, 1);
     return page;
 }
 
-QWidget* DeskWindow::makePageBar()
+QWidget* DeskWindow::makeLauncherCard()
 {
-    auto* const bar = new QWidget;
-    auto* const row = new QHBoxLayout(bar);
-    row->setContentsMargins(4, 0, 8, 0);
-    auto* const label = new QLabel(tr("&Page"));
-    m_pages = new QComboBox;
-    m_pages->setAccessibleName(tr("Sample page"));
-    for (const QString& sample : PageLoader::samples())
-        m_pages->addItem(sample.at(0).toUpper() + sample.mid(1), sample);
-    label->setBuddy(m_pages);
-    auto* const open = new QPushButton(tr("&Open..."));
-    open->setToolTip(tr("A picture or a PDF file as the page"));
-    auto* const ruler = new QCheckBox(tr("&Ruler"));
-    ruler->setToolTip(tr("A drag follows the line on which it began"));
-    ruler->setChecked(true);
-    auto* const hand = new QCheckBox(tr("&Left hand"));
-    hand->setToolTip(tr("The pen is held in the left hand: its camera looks the other way up"));
-    auto* const hint = new QLabel(tr("Drag over a line to swipe it, or double-click it"));
-    hint->setStyleSheet(QStringLiteral("color: %1").arg(desklook::QuietText.name()));
-    row->addWidget(label);
-    row->addWidget(m_pages);
-    row->addWidget(open);
-    row->addWidget(ruler);
-    row->addWidget(hand);
-    row->addStretch();
-    row->addWidget(hint);
-    connect(m_pages, &QComboBox::activated, this, &DeskWindow::choosePage);
-    connect(open, &QPushButton::clicked, this, &DeskWindow::openPage);
-    connect(ruler, &QCheckBox::toggled, m_page, &PageView::setRuler);
-    connect(hand, &QCheckBox::toggled, &m_session, [this](bool left) {
-        HandModel model = m_session.hand();
-        model.left = left;
-        m_session.setHand(model);
-    });
-    return bar;
+    m_launcher->addTab(m_hand, tr("&Hand"));
+    m_launcher->addTab(m_script, tr("&Script"));
+    m_launcherCard = card();
+    auto* const column = new QVBoxLayout(m_launcherCard);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_launcher);
+    return m_launcherCard;
+}
+
+void DeskWindow::makeShortcuts()
+{
+    const auto shortcut = [this](const QKeySequence& keys, auto&& act) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+    };
+    shortcut(QKeySequence::Open, [this] { m_pageBar->openPage(); });
+    shortcut(Qt::CTRL | Qt::Key_T, [this] { typePage(); });
+    shortcut(QKeySequence::Save, [this] { m_script->save(); });
+    shortcut(Qt::CTRL | Qt::Key_R, [this] { m_script->open(); });
+    shortcut(Qt::Key_F6, [this] { moveFocus(); });
+    shortcut(Qt::Key_F1, [this] { showHelp(); });
 }
 
 void DeskWindow::connectPen()
@@ -197,16 +163,6 @@ void DeskWindow::connectPen()
     });
     connect(&m_session, &DeskSession::cameraSwitched, m_pen, &PenView::setCameraOn);
     connect(&m_session, &DeskSession::cameraSwitched, this, &DeskWindow::showPen);
-    connect(m_launcher, &LauncherView::languageWanted, &m_session, [this](int row) {
-        m_session.chooseLanguage(row);
-        m_pen->display().setFocus();
-    });
-    connect(&m_session, &DeskSession::languageFailed, this,
-            [this](const QString& error) { m_launcher->setStatus(error, true); });
-    connect(m_launcher, &LauncherView::startWanted, &m_session, [this] {
-        m_session.startPen();
-        m_pen->display().setFocus();
-    });
 }
 
 void DeskWindow::connectPage()
@@ -214,10 +170,18 @@ void DeskWindow::connectPage()
     m_page->setNotice(tr("The page is being printed..."));
     connect(&m_session, &DeskSession::pageChanged, this, [this] {
         m_page->setPage(m_session.page());
-        // A page of the user's own is named, but is not among the samples.
-        m_pages->setPlaceholderText(m_session.page().name);
-        m_pages->setCurrentIndex(m_pages->findText(m_session.page().name));
+        m_pageBar->showPage(m_session.page(), m_session.pageLoader().source());
     });
+    connect(m_pageBar, &PageBar::pageWanted, this, &DeskWindow::layPage);
+    connect(m_pageBar, &PageBar::typingWanted, this, &DeskWindow::typePage);
+    connect(m_pageBar, &PageBar::rulerChanged, m_page, &PageView::setRuler);
+    connect(m_pageBar, &PageBar::helpWanted, this, &DeskWindow::showHelp);
+    connect(m_pageBar, &PageBar::darkChanged, this, [this](bool dark) {
+        m_dark = dark;
+        setDark(dark);
+    });
+    m_pageBar->setDark(desklook::isDark());
+    m_dark.reset();
     connect(&m_session, &DeskSession::pageFailed, m_page, &PageView::setNotice);
     connect(m_page, &PageView::swipeBegins, &m_session, &DeskSession::beginSwipe);
     connect(m_page, &PageView::swipeBegins, this, &DeskWindow::tellWhenCameraIsOff);
@@ -238,98 +202,192 @@ void DeskWindow::connectPage()
 void DeskWindow::tellWhenCameraIsOff()
 {
     if (!m_session.link().isCameraOn())
-        m_launcher->setStatus(
-            tr("The pen's camera is off: open a file first, for instance with \"New file\""), true);
+        tell(tr("The pen's camera is off: open a file first, for instance with \"New file\""),
+             true);
 }
 
 void DeskWindow::tellSwipe(const SwipeReport& report)
 {
     switch (report.outcome) {
     case desklink::SwipeOutcome::Delivered:
-        m_launcher->setStatus(tr("A line was scanned (%1 pictures)").arg(report.frames), false);
+        tell(tr("A line was scanned (%1 pictures)").arg(report.frames), false);
         break;
     case desklink::SwipeOutcome::NoPrint:
-        m_launcher->setStatus(tr("No print was found under the pen"), true);
+        tell(tr("No print was found under the pen"), true);
         break;
     case desklink::SwipeOutcome::BadMotion:
-        m_launcher->setStatus(tr("The swipe cannot be read: too fast, or off the line"), true);
+        tell(tr("The swipe cannot be read: too fast, or off the line"), true);
         break;
     case desklink::SwipeOutcome::Stopped:
-        m_launcher->setStatus(tr("The pen did not want a swipe just now"), false);
+        tell(tr("The pen did not want a swipe just now"), false);
         break;
     }
 }
 
-void DeskWindow::choosePage()
+void DeskWindow::connectLauncher()
 {
-    PageSource source;
-    source.name = m_pages->currentData().toString();
+    connect(m_launcher, &LauncherView::startWanted, &m_session, [this] {
+        m_session.startPen();
+        m_pen->display().setFocus();
+    });
+    connect(m_launcher, &LauncherView::languageWanted, &m_session, [this](int row) {
+        m_session.chooseLanguage(row);
+        m_pen->display().setFocus();
+    });
+    connect(&m_session, &DeskSession::languageFailed, this,
+            [this](const QString& error) { tell(error, true); });
+    connect(m_hand, &HandView::handWanted, &m_session, &DeskSession::setHand);
+    connect(&m_session, &DeskSession::handChanged, this,
+            [this] { m_hand->showHand(m_session.hand()); });
+    connect(m_script, &ScriptView::told, this, &DeskWindow::tell);
+    connect(m_script, &ScriptView::playWanted, this, &DeskWindow::play);
+    connect(m_script, &ScriptView::stopWanted, &m_player, &DeskPlayer::stop);
+    connect(&m_player, &DeskPlayer::began, this, [this] { m_script->setPlaying(true); });
+    connect(&m_player, &DeskPlayer::finished, this, [this](bool ok, const QString& told) {
+        m_script->setPlaying(false);
+        tell(told, !ok);
+    });
+}
+
+void DeskWindow::tell(const QString& text, bool alarm)
+{
+    m_launcher->setStatus(text, alarm);
+}
+
+void DeskWindow::layPage(const PageSource& source)
+{
+    if (source.kind != PageSource::Kind::Typed)
+        m_page->setNotice(tr("The page is being printed..."));
     m_session.pageLoader().load(source);
 }
 
-void DeskWindow::openPage()
+void DeskWindow::typePage()
 {
-    auto* const dialog = new QFileDialog(this, tr("Open a page"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilter(tr("Pages (*.png *.jpg *.jpeg *.pdf)"));
-    connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& path) {
-        PageSource source;
-        source.kind = PageSource::Kind::File;
-        source.name = path;
-        m_page->setNotice(tr("The page is being printed..."));
-        m_session.pageLoader().load(source);
-    });
-    dialog->open();
+    if (!m_typing) {
+        m_typing = new TypeDialog(m_session.pageLoader().source(), m_session.page().language, this);
+        m_typing->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_typing, &TypeDialog::pageWanted, this, &DeskWindow::layPage);
+    }
+    m_typing->show();
+    m_typing->raise();
+    m_typing->activateWindow();
 }
 
-/* Whether a key belongs to the pen, with the focus where it is. */
-bool DeskWindow::goesToPen(int key) const
+void DeskWindow::play(const QString& path)
 {
-    if (key == Qt::Key_Escape || (key >= Qt::Key_F7 && key <= Qt::Key_F12))
-        return true;
-    const QWidget* const focus = QApplication::focusWidget();
-    if (key == Qt::Key_Space && qobject_cast<const KeyButton*>(focus))
-        return false; // it presses the button
-    return focus == &m_pen->display() || qobject_cast<const KeyButton*>(focus) || !focus;
-}
-
-bool DeskWindow::eventFilter(QObject* watched, QEvent* event)
-{
-    const bool press = event->type() == QEvent::KeyPress;
-    if ((!press && event->type() != QEvent::KeyRelease) || !isActiveWindow()
-        || !watched->isWidgetType() || QApplication::activePopupWidget()
-        || QApplication::activeModalWidget())
-        return QWidget::eventFilter(watched, event);
-    auto* const keyEvent = static_cast<QKeyEvent*>(event);
-    const auto key = penkeys::fromKeyboard(keyEvent->key());
-    if (!key || (press && !goesToPen(keyEvent->key())) || (!press && !m_down.contains(*key)))
-        return QWidget::eventFilter(watched, event);
-    // The pen's own display server repeats keys that stay down.
-    if (!keyEvent->isAutoRepeat())
-        pressKey(*key, press);
-    return true;
-}
-
-void DeskWindow::pressKey(Qt::Key key, bool pressed)
-{
-    if (pressed)
-        m_down.insert(key);
+    const QString error = m_player.play(path);
+    if (!error.isEmpty())
+        tell(error, true);
     else
-        m_down.remove(key);
-    m_pen->showKey(key, pressed);
-    m_session.sendKey(key, pressed);
+        m_pen->display().setFocus();
+}
+
+void DeskWindow::setDark(bool dark)
+{
+    if (dark == desklook::isDark())
+        return;
+    desklook::apply(dark);
+    setStyleSheet(desklook::styleSheet());
+}
+
+void DeskWindow::recall(const DeskMemory& memory)
+{
+    restoreGeometry(memory.geometry);
+    m_pageBar->setRuler(memory.ruler);
+    m_dark = memory.dark;
+    if (m_dark) {
+        setDark(*m_dark);
+        m_pageBar->setDark(*m_dark);
+    }
+    m_launcher->setTab(memory.tab);
+    m_session.setHand(memory.hand);
+}
+
+DeskMemory DeskWindow::memory() const
+{
+    DeskMemory memory;
+    memory.geometry = saveGeometry();
+    memory.page = m_session.pageLoader().source();
+    memory.hand = m_session.hand();
+    memory.ruler = m_pageBar->hasRuler();
+    memory.dark = m_dark;
+    memory.tab = m_launcher->tab();
+    return memory;
+}
+
+/* Makes things as large as the window has room for. */
+void DeskWindow::fit()
+{
+    int factor = LeastFactor;
+    for (const Fit& each : Fits) {
+        if (width() >= each.window.width() && height() >= each.window.height())
+            factor = std::max(factor, each.factor);
+    }
+    const bool compact = height() < CompactHeight;
+    m_pen->setFactor(factor, compact);
+    m_column->setContentsMargins(compact ? 12 : 20, compact ? 8 : 18, compact ? 12 : 20,
+                                 compact ? 8 : 18);
+    m_column->setSpacing(compact ? 6 : 14);
+    m_row->setSpacing(compact ? 8 : 14);
+    m_launcher->setCompact(compact);
+    m_launcherCard->setFixedWidth(std::min(MostLauncher, width() / LauncherShare + 40));
+}
+
+void DeskWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    fit();
+}
+
+void DeskWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() == 1 && urls.first().isLocalFile()
+        && PageLoader::canBePage(urls.first().toLocalFile()))
+        event->acceptProposedAction();
+}
+
+void DeskWindow::dropEvent(QDropEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (urls.size() != 1)
+        return;
+    layPage(PageLoader::named(urls.first().toLocalFile()));
+    event->acceptProposedAction();
+}
+
+/* From the pen to the page, and back. */
+void DeskWindow::moveFocus()
+{
+    if (m_page->hasFocus())
+        m_pen->display().setFocus(Qt::ShortcutFocusReason);
+    else
+        m_page->setFocus(Qt::ShortcutFocusReason);
+}
+
+void DeskWindow::showHelp()
+{
+    auto* const box = new QMessageBox(
+        QMessageBox::NoIcon, tr("Keys and hints"),
+        tr("On the pen: the arrow keys, Return (OK), Escape, Space (say it again), F7 and F8 "
+           "(seek), "
+           "F9 (more settings), F10 (where am I?), F11 (rename), F12 (quick menu).\n\n"
+           "On the page: drag over a line to swipe it, or double-click it. With the keyboard: Up, "
+           "Down, Home and End choose a line, Return swipes it.\n\n"
+           "F6 goes from the pen to the page and back, Tab through everything.\n"
+           "Ctrl+O opens a page, Ctrl+T types one; a picture or a PDF file can be dropped on the "
+           "desk.\n"
+           "Ctrl+S saves what was done as a script, Ctrl+R plays one."),
+        QMessageBox::Close, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 void DeskWindow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    // The release of a key that is still down would go to another window.
-    if (event->type() != QEvent::ActivationChange || isActiveWindow())
-        return;
-    const QSet<Qt::Key> down = m_down;
-    for (const Qt::Key key : down)
-        pressKey(key, false);
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow())
+        m_keyboard.releaseAll();
 }
 
 void DeskWindow::closeEvent(QCloseEvent* event)
@@ -359,12 +417,11 @@ void DeskWindow::showPen()
     const bool running = pen.isRunning();
     m_launcher->setPenRunning(running);
     if (running) {
-        m_launcher->setStatus(m_session.link().isCameraOn() ? tr("The pen waits for a swipe")
-                                                            : tr("The pen is on"),
-                              false);
+        tell(m_session.link().isCameraOn() ? tr("The pen waits for a swipe") : tr("The pen is on"),
+             false);
         return;
     }
     const QString how = pen.lastEnd().isEmpty() ? tr("The pen is off") : pen.lastEnd();
     m_pen->display().setNotice(how);
-    m_launcher->setStatus(how, !pen.endedWell());
+    tell(how, !pen.endedWell());
 }

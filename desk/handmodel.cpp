@@ -10,17 +10,16 @@ namespace {
 constexpr double DegPerWobbleMm = 4.0; // a hand that sways by 0.15 mm turns by 0.6 degrees
 
 constexpr auto Traits = std::to_array<HandModel::Trait>({
-    {"speed", QT_TRANSLATE_NOOP("HandModel", "&Speed"), QT_TRANSLATE_NOOP("HandModel", " mm/s"),
+    {"speed", QT_TRANSLATE_NOOP("HandModel", "Speed"), QT_TRANSLATE_NOOP("HandModel", " mm/s"),
      20.0, 800.0, 10.0, 0, &HandModel::speedMmPerS},
-    {"wobble", QT_TRANSLATE_NOOP("HandModel", "&Wobble"), QT_TRANSLATE_NOOP("HandModel", " mm"),
-     0.0, 1.0, 0.05, 2, &HandModel::wobbleMm},
-    {"tilt", QT_TRANSLATE_NOOP("HandModel", "T&ilt"), "°", -20.0, 20.0, 1.0, 0,
-     &HandModel::tiltDeg},
-    {"shade", QT_TRANSLATE_NOOP("HandModel", "S&hade"), " %", 0.0, 90.0, 5.0, 0,
+    {"wobble", QT_TRANSLATE_NOOP("HandModel", "Wobble"), QT_TRANSLATE_NOOP("HandModel", " mm"), 0.0,
+     1.0, 0.05, 2, &HandModel::wobbleMm},
+    {"tilt", QT_TRANSLATE_NOOP("HandModel", "Tilt"), "°", -20.0, 20.0, 1.0, 0, &HandModel::tiltDeg},
+    {"shade", QT_TRANSLATE_NOOP("HandModel", "Shade"), " %", 0.0, 90.0, 5.0, 0,
      &HandModel::shadePercent},
-    {"noise", QT_TRANSLATE_NOOP("HandModel", "&Noise"), "", 0.0, 20.0, 1.0, 0,
+    {"noise", QT_TRANSLATE_NOOP("HandModel", "Noise"), "", 0.0, 20.0, 1.0, 0,
      &HandModel::noiseLevels},
-    {"blur", QT_TRANSLATE_NOOP("HandModel", "&Blur"), QT_TRANSLATE_NOOP("HandModel", " px"), 0.0,
+    {"blur", QT_TRANSLATE_NOOP("HandModel", "Blur"), QT_TRANSLATE_NOOP("HandModel", " px"), 0.0,
      2.5, 0.1, 1, &HandModel::blurPx},
 });
 

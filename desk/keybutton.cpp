@@ -83,7 +83,7 @@ void KeyButton::paintEvent(QPaintEvent*)
     gradient.setColorAt(1.0, down ? desklook::KeyPressed : desklook::KeyBottom);
     painter.setBrush(gradient);
     if (hasFocus())
-        painter.setPen(QPen(desklook::Accent, 2));
+        painter.setPen(QPen(desklook::Focus, 2));
     painter.drawRoundedRect(face, Radius, Radius);
     paintSymbol(painter, face);
 }

@@ -3,6 +3,7 @@
 #include "desk/desklook.h"
 #include "desk/penfiles.h"
 #include "desk/penlanguages.h"
+#include "desk/penstorage.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -11,6 +12,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -20,6 +22,7 @@ namespace {
 
 constexpr int MaxMessages = 500;
 constexpr int FilesEveryMs = 1000;
+constexpr int SentRole = Qt::UserRole;
 
 QString filesOnPen(const QString& root)
 {
@@ -32,14 +35,16 @@ QString filesOnPen(const QString& root)
 
 } // namespace
 
-LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
+LauncherView::LauncherView(Launcher& launcher, PenStorage& storage, QString root, QWidget* parent)
     : QWidget(parent),
       m_launcher(launcher),
+      m_storage(storage),
       m_root(std::move(root)),
       m_status(new QLabel),
       m_start(nullptr),
       m_usb(nullptr),
       m_languages(new QComboBox),
+      m_tabs(new QTabWidget),
       m_messages(new QListWidget),
       m_files(new QPlainTextEdit)
 {
@@ -48,18 +53,19 @@ LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
     column->setSpacing(10);
     m_status->setWordWrap(true);
     m_status->setTextFormat(Qt::PlainText);
+    m_status->setObjectName(QStringLiteral("status"));
+    m_status->setAccessibleName(tr("How things stand"));
     column->addWidget(m_status);
     column->addWidget(makeSwitches());
 
-    auto* const tabs = new QTabWidget;
     m_messages->setAccessibleName(tr("Messages between launcher and pen"));
     m_messages->setUniformItemSizes(true);
     m_files->setAccessibleName(tr("Files on the pen's card"));
     m_files->setReadOnly(true);
     m_files->setTabChangesFocus(true);
-    tabs->addTab(m_messages, tr("Messages"));
-    tabs->addTab(m_files, tr("Card"));
-    column->addWidget(tabs, 1);
+    m_tabs->addTab(m_messages, tr("&Messages"));
+    m_tabs->addTab(m_files, tr("&Card"));
+    column->addWidget(m_tabs, 1);
 
     connect(&m_launcher, &Launcher::logged, this, &LauncherView::addMessage);
     connect(&m_launcher, &Launcher::usbChanged, m_usb, &QPushButton::setChecked);
@@ -68,7 +74,7 @@ LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
         if (m_files->isVisible())
             readFiles();
     });
-    connect(tabs, &QTabWidget::currentChanged, this, &LauncherView::readFiles);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &LauncherView::readFiles);
     connect(&m_filesReader, &QFutureWatcher<QString>::finished, this, &LauncherView::showFiles);
     timer->start(FilesEveryMs);
     readFiles();
@@ -76,9 +82,9 @@ LauncherView::LauncherView(Launcher& launcher, QString root, QWidget* parent)
 
 QWidget* LauncherView::makeSwitches()
 {
-    m_start = addSwitch(tr("Start the pen"), tr("Starts the pen's application"));
+    m_start = addSwitch(tr("Start the pe&n"), tr("Starts the pen's application"));
     connect(m_start, &QPushButton::clicked, this, &LauncherView::startWanted);
-    m_usb = addSwitch(tr("USB cable"), tr("Plugs a USB cable into the pen, or pulls it out"));
+    m_usb = addSwitch(tr("&USB cable"), tr("Plugs a USB cable into the pen, or pulls it out"));
     m_usb->setCheckable(true);
     connect(m_usb, &QPushButton::clicked, this, [this](bool plugged) {
         if (plugged)
@@ -86,13 +92,31 @@ QWidget* LauncherView::makeSwitches()
         else
             m_launcher.unplugUsb();
     });
-    auto* const power = addSwitch(tr("Power key"), tr("Presses the power key: the pen is silent"));
+    auto* const power = addSwitch(tr("Po&wer key"), tr("Presses the power key: the pen is silent"));
     connect(power, &QPushButton::clicked, &m_launcher, &Launcher::pressPower);
-    auto* const save = addSwitch(tr("Save"), tr("Asks the pen to save the open file"));
+    auto* const save = addSwitch(tr("Sa&ve"), tr("Asks the pen to save the open file"));
     connect(save, &QPushButton::clicked, &m_launcher, &Launcher::save);
-    auto* const stop = addSwitch(tr("Stop"), tr("Asks the pen to save and close"));
+    auto* const stop = addSwitch(tr("S&top"), tr("Asks the pen to save and close"));
     connect(stop, &QPushButton::clicked, &m_launcher, &Launcher::stop);
     m_whileRunning = {m_usb, power, save, stop};
+
+    m_card =
+        addSwitch(tr("C&ard out"), tr("Takes the memory card out of the pen, or puts it back"));
+    m_card->setCheckable(true);
+    connect(m_card, &QPushButton::clicked, this, [this](bool out) {
+        if (!m_storage.setCardOut(out))
+            setStatus(m_storage.errorString(), true);
+        m_card->setChecked(m_storage.isCardOut());
+    });
+    connect(&m_storage, &PenStorage::cardChanged, m_card, &QPushButton::setChecked);
+    m_full = addSwitch(tr("Memory &full"), tr("Tells the pen that its memory is full, or free"));
+    m_full->setCheckable(true);
+    connect(m_full, &QPushButton::clicked, this, [this](bool full) {
+        if (!m_storage.setFull(full))
+            setStatus(m_storage.errorString(), true);
+        m_full->setChecked(m_storage.isFull());
+    });
+    connect(&m_storage, &PenStorage::fullChanged, m_full, &QPushButton::setChecked);
 
     auto* const switches = new QWidget;
     auto* const grid = new QGridLayout(switches);
@@ -102,6 +126,8 @@ QWidget* LauncherView::makeSwitches()
     for (int i = 0; i < m_whileRunning.size(); ++i)
         grid->addWidget(m_whileRunning.at(i), 1, i);
     addLanguages(*grid, 2);
+    grid->addWidget(m_card, 3, 0, 1, 2);
+    grid->addWidget(m_full, 3, 2, 1, 2);
     return switches;
 }
 
@@ -141,8 +167,44 @@ void LauncherView::setPenRunning(bool running)
 void LauncherView::setStatus(const QString& status, bool alarm)
 {
     m_status->setText(status);
-    m_status->setStyleSheet(QStringLiteral("color: %1; font-weight: 600")
-                                .arg((alarm ? desklook::Alarm : desklook::Text).name()));
+    m_status->setProperty("alarm", alarm);
+    m_status->style()->polish(m_status);
+}
+
+void LauncherView::addTab(QWidget* page, const QString& title)
+{
+    m_tabs->addTab(page, title);
+}
+
+int LauncherView::tab() const
+{
+    return m_tabs->currentIndex();
+}
+
+void LauncherView::setTab(int tab)
+{
+    m_tabs->setCurrentIndex(tab);
+}
+
+void LauncherView::setCompact(bool compact)
+{
+    layout()->setContentsMargins(16, compact ? 6 : 14, 16, compact ? 6 : 14);
+    layout()->setSpacing(compact ? 4 : 10);
+}
+
+void LauncherView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    for (int i = 0; i < m_messages->count(); ++i)
+        colour(*m_messages->item(i));
+}
+
+void LauncherView::colour(QListWidgetItem& item)
+{
+    const desklook::Colours& colours = desklook::colours();
+    item.setForeground(item.data(SentRole).toBool() ? colours.accent : colours.text);
 }
 
 void LauncherView::addMessage(const Launcher::Entry& entry)
@@ -153,7 +215,8 @@ void LauncherView::addMessage(const Launcher::Entry& entry)
         new QListWidgetItem(entry.time.toString(QStringLiteral("HH:mm:ss.zzz")) + arrow
                             + entry.message + QLatin1String("  ") + QString::fromUtf8(entry.payload)
                             + (entry.delivered ? QString() : tr("  (nobody listens)")));
-    item->setForeground(entry.sent ? desklook::Accent : desklook::Text);
+    item->setData(SentRole, entry.sent);
+    colour(*item);
     const QScrollBar* const bar = m_messages->verticalScrollBar();
     const bool atEnd = bar->value() == bar->maximum();
     m_messages->addItem(item);

@@ -2,6 +2,7 @@
  * The desk: a pen, a page of print and the launcher, on one screen or driven by a script.
  */
 #include "desk/desklook.h"
+#include "desk/deskmemory.h"
 #include "desk/deskoptions.h"
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
@@ -82,31 +83,37 @@ int runLoop(DeskWindow& window, const DeskOptions& options)
     const int result = QApplication::exec();
     if (!options.deskShot.isEmpty() && !window.picture().save(options.deskShot))
         return complain(tr("The picture %1 cannot be written.").arg(options.deskShot));
-    return result;
+    const QString error =
+        options.record.isEmpty() ? QString() : window.recorder().save(options.record);
+    return error.isEmpty() ? result : complain(error);
 }
 
 int runWindow(DeskSession& session, const DeskOptions& options)
 {
     DeskWindow window(session);
+    const QString memoryFile = options.forget ? QString() : DeskMemory::usualPath();
+    const DeskMemory memory = options.forget ? DeskMemory() : DeskMemory::read(memoryFile);
+    window.recall(memory);
     window.show();
     const UnixSignals signalsOfTheSystem;
     QObject::connect(&signalsOfTheSystem, &UnixSignals::endWanted, &window, &QWidget::close);
     QObject::connect(&session.pen(), &PenProcess::outputLine, [](const QString& line) {
         std::fprintf(stderr, "pen: %s\n", qUtf8Printable(line));
     });
-    session.pageLoader().load(options.page);
+    session.pageLoader().load(options.pageGiven || options.forget ? options.page : memory.page);
     session.startPen();
-    return runLoop(window, options);
+    const int result = runLoop(window, options);
+    if (!options.forget && !window.memory().write(memoryFile))
+        return complain(
+            tr("What the desk should remember cannot be written to %1.").arg(memoryFile));
+    return result;
 }
 
 int runScript(DeskSession& session, const DeskOptions& options)
 {
-    QFile file(options.script);
-    if (!file.open(QIODevice::ReadOnly))
-        return complain(tr("%1 cannot be read: %2").arg(options.script, file.errorString()));
-    DeskScript script = DeskScript::parse(QString::fromUtf8(file.readAll()));
+    const DeskScript script = DeskScript::read(options.script);
     if (!script.error.isEmpty())
-        return complain(options.script + QLatin1String(", ") + script.error);
+        return complain(script.error);
     if (!QDir().mkpath(options.out))
         return complain(tr("The folder %1 cannot be made.").arg(options.out));
 
@@ -180,7 +187,7 @@ int main(int argc, char** argv)
         runtimeDir.emplace();
 
     const QApplication application(argc, argv);
-    desklook::apply();
+    desklook::apply(windowed && desklook::isDesktopDark());
     const DeskOptions options =
         DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
     if (!options.error.isEmpty())

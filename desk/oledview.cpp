@@ -4,6 +4,7 @@
 #include "desk/penpicture.h"
 
 #include <QPainter>
+#include <algorithm>
 
 namespace {
 
@@ -23,7 +24,10 @@ OledView::OledView(int factor, QWidget* parent)
 void OledView::setScreen(const QImage& oneBit)
 {
     m_oneBit = oneBit;
-    m_picture = penpicture::luminous(oneBit, m_factor);
+    // Whole pixels of the screen make a pixel of the display, also where they are fine.
+    m_step = std::max(m_factor, qRound(m_factor * devicePixelRatioF()));
+    m_picture = penpicture::luminous(oneBit, m_step);
+    m_picture.setDevicePixelRatio(double(m_step) / m_factor);
     update();
 }
 
@@ -36,6 +40,8 @@ void OledView::setNotice(const QString& notice)
 
 void OledView::setFactor(int factor)
 {
+    if (factor == m_factor && !m_picture.isNull())
+        return;
     m_factor = factor;
     setFixedSize(sizeHint());
     setScreen(m_oneBit);
@@ -49,10 +55,13 @@ QSize OledView::sizeHint() const
 
 void OledView::paintEvent(QPaintEvent*)
 {
+    // The window may have gone to a screen with finer pixels.
+    if (m_step != std::max(m_factor, qRound(m_factor * devicePixelRatioF())))
+        setScreen(m_oneBit);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF glass = QRectF(rect()).adjusted(1, 1, -1, -1);
-    painter.setPen(hasFocus() ? QPen(desklook::Accent, 2) : QPen(desklook::GlassEdge, 1));
+    painter.setPen(hasFocus() ? QPen(desklook::Focus, 2) : QPen(desklook::GlassEdge, 1));
     painter.setBrush(desklook::Glass);
     painter.drawRoundedRect(glass, 10, 10);
     painter.drawImage(Glass, Glass, m_picture);

@@ -20,6 +20,8 @@ public:
     void setNotice(const QString& notice);
     void setFactor(int factor);
 
+    int factor() const { return m_factor; }
+
     QSize sizeHint() const override;
 
 protected:
@@ -27,6 +29,7 @@ protected:
 
 private:
     int m_factor;
+    int m_step = 0; // pixels of the screen for one of the display
     QImage m_oneBit;
     QImage m_picture;
     QString m_notice;

@@ -183,6 +183,14 @@ QStringList PageLoader::samples()
     return names;
 }
 
+QVector<PageLoader::Language> PageLoader::languages()
+{
+    QVector<Language> result;
+    for (const Sample& sample : Samples)
+        result.append({QLatin1String(sample.language), QLatin1String(sample.title)});
+    return result;
+}
+
 bool PageLoader::canBePage(const QString& path)
 {
     const QByteArray suffix = QFileInfo(path).suffix().toLower().toLatin1();

@@ -31,6 +31,14 @@ public:
      * "german", ... */
     static QStringList samples();
 
+    /* Those languages, in the order of the samples: two letters, and the name in English. */
+    struct Language
+    {
+        QString code;
+        QString title;
+    };
+    static QVector<Language> languages();
+
     /* Whether a file's name says that it can be a page: a picture or a PDF file. */
     static bool canBePage(const QString& path);
 

@@ -25,6 +25,8 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
     setAccessibleName(tr("The printed page"));
     setAccessibleDescription(
         tr("Up and Down choose a line, Return swipes it; a drag with the mouse is a swipe"));
+    setToolTip(tr("Drag over a line to swipe it, or double-click it. "
+                  "With the keyboard: F6, Up and Down, Return."));
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
@@ -152,10 +154,10 @@ void PageView::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(desklook::Mat);
+    painter.setBrush(desklook::colours().mat);
     painter.drawRoundedRect(viewport()->rect(), 8, 8);
     if (m_page.isEmpty() || !m_notice.isEmpty()) {
-        painter.setPen(desklook::QuietText);
+        painter.setPen(desklook::colours().quietText);
         painter.drawText(viewport()->rect().adjusted(40, 40, -40, -40),
                          Qt::AlignCenter | Qt::TextWordWrap, m_notice);
         return;
@@ -164,7 +166,7 @@ void PageView::paintEvent(QPaintEvent*)
     if (m_cameraShown)
         paintCamera(painter);
     if (hasFocus()) {
-        painter.setPen(QPen(desklook::Accent, 2));
+        painter.setPen(QPen(desklook::colours().accent, 2));
         painter.setBrush(Qt::NoBrush);
         painter.drawRoundedRect(QRectF(viewport()->rect()).adjusted(1, 1, -1, -1), 6, 6);
     }
@@ -184,8 +186,10 @@ void PageView::paintPaper(QPainter& painter)
         painter.drawImage(paper, m_scaled);
     if (m_line < 0 || m_line >= m_page.lines.size())
         return;
-    QColor mark = desklook::Accent;
-    mark.setAlpha(28);
+    QColor mark = desklook::Focus; // on paper, which is white on every desk
+    if (hasFocus())
+        painter.setPen(QPen(mark, 1.5));
+    mark.setAlpha(hasFocus() ? 40 : 28);
     painter.setBrush(mark);
     painter.drawRoundedRect(toViewport(m_page.lines.at(m_line).mm).adjusted(-6, -4, 6, 4), 5, 5);
 }
@@ -205,6 +209,17 @@ void PageView::paintCamera(QPainter& painter)
     painter.restore();
 }
 
+void PageView::showLine(int line)
+{
+    chooseLine(line);
+    const QRectF box = toViewport(m_page.lines.at(m_line).mm);
+    QScrollBar* const bar = verticalScrollBar();
+    if (box.top() < 30)
+        bar->setValue(bar->value() + int(box.top()) - 30);
+    else if (box.bottom() > viewport()->height() - 30)
+        bar->setValue(bar->value() + int(box.bottom()) - viewport()->height() + 30);
+}
+
 void PageView::keyPressEvent(QKeyEvent* event)
 {
     const int count = int(m_page.lines.size());
@@ -214,15 +229,14 @@ void PageView::keyPressEvent(QKeyEvent* event)
         const int step = event->key() == Qt::Key_Up ? -1 : 1;
         if (count == 0)
             return;
-        chooseLine(std::clamp(m_line + step, 0, count - 1));
-        const QRectF box = toViewport(m_page.lines.at(m_line).mm);
-        QScrollBar* const bar = verticalScrollBar();
-        if (box.top() < 30)
-            bar->setValue(bar->value() + int(box.top()) - 30);
-        else if (box.bottom() > viewport()->height() - 30)
-            bar->setValue(bar->value() + int(box.bottom()) - viewport()->height() + 30);
+        showLine(std::clamp(m_line + step, 0, count - 1));
         return;
     }
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        if (count > 0)
+            showLine(event->key() == Qt::Key_Home ? 0 : count - 1);
+        return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (m_line >= 0 && m_line < count)

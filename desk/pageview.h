@@ -58,6 +58,7 @@ private:
     QPointF handAt(QPointF viewportPoint) const;
     void endDrag(QPointF viewportPoint);
     void chooseLine(int line);
+    void showLine(int line);
     void paintPaper(QPainter& painter);
     void paintCamera(QPainter& painter);
 

@@ -59,6 +59,13 @@ std::optional<Qt::Key> fromKeyboard(int key)
     return found->key;
 }
 
+QString nameOf(Qt::Key key)
+{
+    const auto found =
+        std::ranges::find_if(Keys, [key](const PenKey& penKey) { return penKey.key == key; });
+    return found == Keys.end() ? QString() : QLatin1String(found->name);
+}
+
 QStringList names()
 {
     QStringList result;

@@ -30,6 +30,9 @@ std::optional<Qt::Key> fromName(const QString& name);
 /* The pen's key that a key of the keyboard stands for (Enter of the number pad is OK). */
 std::optional<Qt::Key> fromKeyboard(int key);
 
+/* What a key of the pen is called in scripts; empty for another key. */
+QString nameOf(Qt::Key key);
+
 /* All names, for messages. */
 QStringList names();
 

@@ -14,6 +14,8 @@ namespace {
 constexpr int TipLength = 78;
 constexpr int Shadow = 8;
 constexpr int BodyPadding = 20;
+constexpr int CompactPadding = 12;
+constexpr int KeyMiddle = 18; // of the row of keys, above the padding
 constexpr double BodyRadius = 46.0;
 constexpr int GrilleWidth = 96;
 
@@ -27,9 +29,6 @@ constexpr int SeekKeys = 7;
 PenView::PenView(int factor, QWidget* parent) : QWidget(parent), m_display(new OledView(factor))
 {
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(TipLength + BodyPadding, BodyPadding, BodyPadding + Shadow + 14,
-                               BodyPadding - 4 + Shadow);
-    column->setSpacing(12);
     column->addWidget(m_display, 0, Qt::AlignHCenter);
     auto* const row = new QHBoxLayout;
     row->setSpacing(8);
@@ -45,12 +44,24 @@ PenView::PenView(int factor, QWidget* parent) : QWidget(parent), m_display(new O
     row->addSpacing(GrilleWidth);
     column->addLayout(row);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setFactor(factor, false);
+}
+
+void PenView::setFactor(int factor, bool compact)
+{
+    m_display->setFactor(factor);
+    const int padding = compact ? CompactPadding : BodyPadding;
+    layout()->setContentsMargins(TipLength + BodyPadding, padding, BodyPadding + Shadow + 14,
+                                 padding - 4 + Shadow);
+    layout()->setSpacing(compact ? 6 : 12);
+    m_grilleRow = padding + KeyMiddle;
 }
 
 QLabel* PenView::makeBrand()
 {
     auto* const brand = new QLabel(QStringLiteral("swipeline"));
-    brand->setStyleSheet(QStringLiteral("color: #8b95a1; font-size: 13px; letter-spacing: 3px"));
+    brand->setStyleSheet(QStringLiteral("color: %1; font-size: 13px; letter-spacing: 3px")
+                             .arg(desklook::BodyText.name()));
     return brand;
 }
 
@@ -145,7 +156,7 @@ void PenView::paintBody(QPainter& painter, const QRectF& body) const
     }
     QLinearGradient shade(body.topLeft(), body.bottomLeft());
     shade.setColorAt(0.0, desklook::BodyLight);
-    shade.setColorAt(0.7, QColor(0xee, 0xf0, 0xf3));
+    shade.setColorAt(0.7, desklook::BodyMiddle);
     shade.setColorAt(1.0, desklook::BodyDark);
     painter.setBrush(shade);
     painter.setPen(QPen(desklook::BodyEdge, 1));
@@ -157,8 +168,8 @@ void PenView::paintBody(QPainter& painter, const QRectF& body) const
 
 void PenView::paintGrille(QPainter& painter, const QRectF& body) const
 {
-    const double row = height() - Shadow - BodyPadding - 18.0;
-    const QColor hole = m_speaking ? desklook::Accent : QColor(0x8b, 0x93, 0x9e);
+    const double row = height() - Shadow - m_grilleRow;
+    const QColor hole = m_speaking ? desklook::Focus : QColor(0x8b, 0x93, 0x9e);
     painter.setPen(Qt::NoPen);
     painter.setBrush(hole);
     for (int y = -2; y <= 2; ++y) {

@@ -22,6 +22,9 @@ public:
 
     OledView& display() { return *m_display; }
 
+    /* How many times the display is magnified; compact: with less body around it. */
+    void setFactor(int factor, bool compact);
+
     /* A key of the keyboard that stands for a key of the pen was pressed or released. */
     void showKey(Qt::Key key, bool pressed);
 
@@ -45,6 +48,7 @@ private:
 
     OledView* m_display;
     QMap<Qt::Key, KeyButton*> m_keys;
+    int m_grilleRow = 0; // above the body's lower edge
     bool m_cameraOn = false;
     bool m_tipPressed = false;
     bool m_speaking = false;

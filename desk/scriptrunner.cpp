@@ -308,6 +308,7 @@ QString ScriptRunner::savePicture(const QString& name, const QImage& picture)
     static const QRegularExpression unsafe(QStringLiteral("[^A-Za-z0-9_.-]"));
     QString safe = name;
     safe.replace(unsafe, QStringLiteral("_"));
+    QDir().mkpath(m_outDir);
     const QString path = QDir(m_outDir).absoluteFilePath(safe + QLatin1String(".png"));
     if (!picture.save(path))
         return QString();
@@ -361,7 +362,7 @@ void ScriptRunner::check()
 void ScriptRunner::quit()
 {
     m_next = m_script.commands.size();
-    if (!m_session.pen().isRunning()) {
+    if (m_window.keepsPen || !m_session.pen().isRunning()) {
         finish(true);
         return;
     }
@@ -388,6 +389,7 @@ void ScriptRunner::fail(const QString& reason)
         return;
     const QString picture = savePicture(QStringLiteral("failed-screen"),
                                         penpicture::magnified(m_session.screen(), Magnification));
+    m_failure = reason;
     m_report.failure(m_session, reason, picture);
     finish(false);
 }

@@ -28,6 +28,7 @@ public:
     {
         std::function<QImage()> picture;        // draws the desk
         std::function<void(bool)> switchFrames; // a film is being made; empty: none can be
+        bool keepsPen = false;                  // the end of the script does not end the pen
     };
 
     /* `outDir` takes the pictures. */
@@ -38,6 +39,9 @@ public:
 
     /* Ends the script as a failed one. */
     void breakOff();
+
+    /* Why the script failed; empty when it did not. */
+    QString failure() const { return m_failure; }
 
     /* Writes a picture as NAME.png in the output folder; the full path, empty on failure. */
     QString savePicture(const QString& name, const QImage& picture);
@@ -84,6 +88,7 @@ private:
     QTimer m_poll;
     QStringList m_pictures;
     qsizetype m_toldUtterances = 0;
+    QString m_failure;
     bool m_finished = false;
 };
 

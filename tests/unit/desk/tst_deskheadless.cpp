@@ -124,6 +124,68 @@ private slots:
         QVERIFY2(m_output.contains("line 2: there is no command \"kye\""), m_output.constData());
     }
 
+    void aSessionIsRecordedAndPlayedAgain()
+    {
+        const QString recorded = m_dir->filePath("recorded.desk");
+        QVERIFY2(run("page german\n"
+                     "wait message mainprocess Show(QString) scan\n"
+                     "hand tilt 3\n"
+                     "key Down\n"
+                     "wait spoken \"second half\"\n"
+                     "wait idle\n"
+                     "hold Up 600\n"
+                     "swipe line 2 speed 400\n"
+                     "wait swipe delivered\n"
+                     "swipe path 20,60@0 60,61@0.3 100,60@0.6\n"
+                     "wait swipe delivered\n"
+                     "usb plug\nusb unplug\npower\ncard out\ncard in\nstorage full\n"
+                     "type \"Two words\" en size 14\n"
+                     "send execute(QString) save\n"
+                     "language German\nkey Esc\nwait exit\nstart\nwait idle\n"
+                     "screenshot end\n",
+                     {"--record", recorded})
+                     == 0,
+                 m_output.constData());
+        QFile file(recorded);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray script = file.readAll();
+        for (const char* part :
+             {"\npage german\n", "\nhand tilt 3\n", "\nkey Down\nwait spoken \"Second half\"\n",
+              "\nhold Up 6", "\nswipe line 2 speed 400\nwait swipe delivered\n",
+              "\nswipe path 20,60@0 60,61@0.3 100,60@0.6\nwait swipe delivered\n", "\nusb plug\n",
+              "\nusb unplug\n", "\npower\n", "\ncard out\n", "\ncard in\n", "\nstorage full\n",
+              "\ntype \"Two words\" en size 14\n", "\nsend execute(QString) save\n",
+              "\nlanguage German\n", "\nkey Esc\nwait exit\n", "\nstart\n", "\nquit\n"})
+            QVERIFY2(script.contains(part), (QByteArray(part) + "\n--\n" + script).constData());
+
+        // What the recorded script does is recorded as the same.
+        const QString again = m_dir->filePath("again.desk");
+        QVERIFY2(run(script, {"--record", again}) == 0, m_output.constData());
+        QFile second(again);
+        QVERIFY(second.open(QIODevice::ReadOnly));
+        QCOMPARE(actions(second.readAll()), actions(script));
+    }
+
+    void aRecordThatCannotBeWrittenFails()
+    {
+        QCOMPARE(run("wait idle\n", {"--record", m_dir->filePath("nowhere/x.desk")}), 2);
+        QVERIFY2(m_output.contains("nowhere/x.desk cannot be written"), m_output.constData());
+    }
+
+    void aFilmIsMade()
+    {
+        QVERIFY2(
+            run("wait message mainprocess Show(QString) scan\nframes off\npause 0.2\n"
+                "frames on\nkey Down\nwait idle\n",
+                {"--frames", m_dir->filePath("film"), "--frames-of", "pen", "--frames-every", "50"})
+                == 0,
+            m_output.constData());
+        const QImage first(m_dir->filePath("film/frame-0001.png"));
+        QVERIFY(first.width() > 1000);
+        QVERIFY(first.height() < 500);
+        QVERIFY(QFile::exists(m_dir->filePath("film/frames.txt")));
+    }
+
     void aSignalLeavesNothingBehind()
     {
         QVERIFY(writeScript("wait spoken nonsense\n"));
@@ -187,6 +249,20 @@ private:
         return QSettings(m_dir->filePath("root/apps/config/config.ini"), QSettings::IniFormat)
             .value("SystemSet/Lan", -1)
             .toInt();
+    }
+
+    /* The lines that are no waits and no times. */
+    static QList<QByteArray> actions(const QByteArray& script)
+    {
+        QList<QByteArray> result;
+        for (const QByteArray& line : script.split('\n')) {
+            if (line.startsWith("hold "))
+                result.append(line.left(line.lastIndexOf(' '))); // the time is the clock's
+            else if (!line.startsWith('#') && !line.startsWith("wait ")
+                     && !line.startsWith("pause "))
+                result.append(line);
+        }
+        return result;
     }
 
     int run(const QByteArray& script, const QStringList& options = {})
