@@ -159,6 +159,7 @@ private slots:
             QVERIFY2(script.contains(part), (QByteArray(part) + "\n--\n" + script).constData());
 
         // What the recorded script does is recorded as the same.
+        QVERIFY(QFile::remove(m_dir->filePath("root/apps/config/config.ini"))); // in English again
         const QString again = m_dir->filePath("again.desk");
         QVERIFY2(run(script, {"--record", again}) == 0, m_output.constData());
         QFile second(again);
