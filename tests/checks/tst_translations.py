@@ -91,6 +91,14 @@ class Translations(unittest.TestCase):
     def test_missing_language(self):
         self.fails("is missing", **{"translations/Language_Tw_1.ts": None})
 
+    def test_damaged_file(self):
+        self.german("cannot be read", finished()[:-10])
+
+    def test_text_that_stands_there_twice(self):
+        self.german("twice in Menu", finished().replace(
+            "</context>", "<message><source>New file</source><translation>Neu</translation></message>"
+            "</context>"))
+
     def test_unfinished(self):
         self.german("is not translated", title='<translation type="unfinished">Neu</translation>')
 
