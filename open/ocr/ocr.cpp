@@ -3,6 +3,7 @@
  */
 #include "platform/zembra_ocr.h"
 
+#include "open/ocr/dotleaders.h"
 #include "open/ocr/linepicture.h"
 #include "open/ocr/modelshelf.h"
 #include "open/ocr/plausibility.h"
@@ -99,6 +100,8 @@ int recognise(Engine& engine, const unsigned char* image, int width, int height,
         return ZEMBRA_OCR_OK;
     if (direction == ZEMBRA_OCR_VERTICAL)
         ocr::setMarksHorizontally(line);
+    else
+        ocr::shortenDotLeaders(line);
     const ocr::Reading reading = reader->read(ocr::reducedTo(readingHeight(language), line));
     const std::u32string cleaned = ocr::cleanResult(reading.text, language == Language::Chinese);
     if (!ocr::isPlausible(cleaned, reading.confidence))

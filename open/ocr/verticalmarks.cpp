@@ -1,5 +1,7 @@
 #include "open/ocr/verticalmarks.h"
 
+#include "open/ocr/linepieces.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdlib>
@@ -21,26 +23,18 @@ constexpr double LeastBracket = 0.45; // length of a lying bracket
 constexpr double FlattestTurn = 1.3;  // a lying bracket is longer than high by this factor
 constexpr double OffMiddle = 0.15;    // its middle is that far from the square's; a dash's is not
 
-/* Ink between two empty columns. Right and bottom are past the last. */
-struct Piece
-{
-    int left;
-    int right;
-    int top;
-    int bottom;
-
-    int width() const { return right - left; }
-    int height() const { return bottom - top; }
-};
-
 class Row
 {
 public:
-    explicit Row(GreyPicture& picture) : m_picture(picture) { findPieces(); }
+    explicit Row(GreyPicture& picture) : m_picture(picture), m_pieces(piecesOf(picture))
+    {
+        if (!m_pieces.empty())
+            m_box = boxAround(m_pieces);
+    }
 
     const std::vector<Piece>& pieces() const { return m_pieces; }
-    int top() const { return m_top; }
-    int height() const { return m_bottom - m_top; }
+    int top() const { return m_box.top; }
+    int height() const { return m_box.height(); }
 
     /* Takes the pixels of a piece off the picture. */
     GreyPicture lift(const Piece& piece)
@@ -73,39 +67,9 @@ private:
         return m_picture.pixels[static_cast<std::size_t>(y) * m_picture.width + x];
     }
 
-    void findPieces()
-    {
-        m_top = m_picture.height;
-        bool inPiece = false;
-        for (int x = 0; x < m_picture.width; ++x) {
-            int top = m_picture.height;
-            int bottom = 0;
-            for (int y = 0; y < m_picture.height; ++y) {
-                if (at(x, y) >= 192)
-                    continue;
-                top = std::min(top, y);
-                bottom = y + 1;
-            }
-            if (bottom == 0) {
-                inPiece = false;
-                continue;
-            }
-            if (!inPiece)
-                m_pieces.push_back({x, x, top, bottom});
-            inPiece = true;
-            Piece& piece = m_pieces.back();
-            piece.right = x + 1;
-            piece.top = std::min(piece.top, top);
-            piece.bottom = std::max(piece.bottom, bottom);
-            m_top = std::min(m_top, top);
-            m_bottom = std::max(m_bottom, bottom);
-        }
-    }
-
     GreyPicture& m_picture;
-    std::vector<Piece> m_pieces;
-    int m_top = 0;
-    int m_bottom = 0;
+    const std::vector<Piece> m_pieces;
+    Piece m_box = {};
 };
 
 bool isMark(const Piece& piece, int spaceBefore, const Row& row)

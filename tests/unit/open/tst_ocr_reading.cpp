@@ -123,6 +123,8 @@ private slots:
     void readsPrint_data();
     void readsPrint();
     void readsSmallAndLargePrint();
+    void readsDotLeaders_data();
+    void readsDotLeaders();
     void readsFaintAndInvertedPrint();
     void readsVerticalOrder();
     void readsMarksOfVerticalText_data();
@@ -217,6 +219,39 @@ void TstOcrReading::readsSmallAndLargePrint()
         QString read;
         QCOMPARE(engine.read(printedLine(text, SerifFont, pixelSize), &read), ZEMBRA_OCR_OK);
         QCOMPARE(read, text);
+    }
+}
+
+void TstOcrReading::readsDotLeaders_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("wanted");
+    const auto add = [](int language, const char* text, const char* wanted) {
+        QTest::newRow(text) << language << QString::fromUtf8(text) << QString::fromUtf8(wanted);
+    };
+    const int latin = ZEMBRA_OCR_LANG_LATIN;
+    add(latin, "Chapter 1 ........................ 12", "Chapter 1 ... 12");
+    add(latin, "Introduction.................3", "Introduction ... 3");
+    add(latin, "The harbour ............ page 14", "The harbour ... page 14");
+    add(latin, "Contents . . . . . . . . . . . . . 7", "Contents ... 7");
+    add(latin, "Title ........ A. Name ........ 21", "Title ... A. Name ... 21");
+    add(latin, "Wait... what is it?", "Wait... what is it?");
+    add(latin, "And then ... nothing.", "And then ... nothing.");
+    add(latin, "Well, i.e. the j and i... ill.", "Well, i.e. the j and i... ill.");
+    add(ZEMBRA_OCR_LANG_CYRILLIC, "Глава первая .................... 25", "Глава первая ... 25");
+}
+
+void TstOcrReading::readsDotLeaders()
+{
+    QFETCH(int, language);
+    QFETCH(QString, text);
+    QFETCH(QString, wanted);
+    QCOMPARE(m_engine->setLanguage(language), ZEMBRA_OCR_OK);
+    for (const char* font : {SerifFont, SansFont}) {
+        QString read;
+        QVERIFY(m_engine->read(printedLine(text, font, 44), &read) >= 0);
+        QCOMPARE(read, wanted);
     }
 }
 
