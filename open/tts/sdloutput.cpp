@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <span>
 #include <string>
+#include <thread>
 
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
@@ -57,9 +58,11 @@ SdlOutput::~SdlOutput()
 
 void SdlOutput::fill(void* output, std::uint8_t* bytes, int count)
 {
+    auto* self = static_cast<SdlOutput*>(output);
     auto* samples = reinterpret_cast<std::int16_t*>(bytes);
-    static_cast<SdlOutput*>(output)->take(
-        std::span(samples, static_cast<std::size_t>(count) / sizeof *samples));
+    const std::span block(samples, static_cast<std::size_t>(count) / sizeof *samples);
+    std::this_thread::sleep_until(self->m_limit.next(block.size(), PaceLimit::Clock::now()));
+    self->take(block);
 }
 
 bool SdlOutput::openDevice()

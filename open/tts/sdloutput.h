@@ -2,6 +2,7 @@
 #define OPEN_TTS_SDLOUTPUT_H
 
 #include "open/tts/audiooutput.h"
+#include "open/tts/pacelimit.h"
 
 #include <cstdint>
 #include <memory>
@@ -27,6 +28,7 @@ private:
     bool openDevice();
 
     std::uint32_t m_device = 0;
+    PaceLimit m_limit; // of the thread that fills
 };
 
 } // namespace tts

@@ -1,4 +1,5 @@
 #include "open/tts/bell.h"
+#include "open/tts/pacelimit.h"
 #include "open/tts/samplequeue.h"
 #include "open/tts/soundbuffer.h"
 
@@ -9,6 +10,7 @@
 #include <vector>
 
 using namespace tts;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -40,6 +42,9 @@ private slots:
     void silenceIsStoppedLikeSound();
     void stopEndsWaitingForAnOutputThatTakesNothing();
     void stallIsTold();
+    void deviceWithoutClockIsHeldToItsPace();
+    void deviceWithAClockIsNotHeld_data();
+    void deviceWithAClockIsNotHeld();
 };
 
 void TstTtsQueue::bufferKeepsOrder()
@@ -197,6 +202,44 @@ void TstTtsQueue::stallIsTold()
     queue.push(Samples(BlockSamples, 100));
     QVERIFY(queue.waitUntilHeard(BlockSamples));
     QCOMPARE(stalls, 1);
+}
+
+void TstTtsQueue::deviceWithoutClockIsHeldToItsPace()
+{
+    PaceLimit limit;
+    const PaceLimit::Clock::time_point begin = PaceLimit::Clock::now();
+    PaceLimit::Clock::time_point now = begin;
+    constexpr int Seconds = 60;
+    for (int taken = 0; taken < Seconds * SampleRate; taken += BlockSamples)
+        now = limit.next(BlockSamples, now);
+    QVERIFY(now - begin > 58s);
+    QVERIFY(now - begin < 60s);
+}
+
+void TstTtsQueue::deviceWithAClockIsNotHeld_data()
+{
+    QTest::addColumn<double>("clock");
+    QTest::addColumn<int>("buffer"); // blocks that it takes at once
+    QTest::newRow("exact") << 1.0 << 2;
+    QTest::newRow("fast") << 1.01 << 2;
+    QTest::newRow("slow") << 0.99 << 2;
+    QTest::newRow("large buffer") << 1.001 << 20;
+}
+
+void TstTtsQueue::deviceWithAClockIsNotHeld()
+{
+    QFETCH(double, clock);
+    QFETCH(int, buffer);
+    const auto round = std::chrono::duration_cast<PaceLimit::Clock::duration>(
+        std::chrono::duration<double>(buffer * BlockSamples / (SampleRate * clock)));
+    PaceLimit limit;
+    PaceLimit::Clock::time_point now = PaceLimit::Clock::now();
+    for (int i = 0; i < 100000; ++i, now += round)
+        for (int block = 0; block < buffer; ++block)
+            QVERIFY(limit.next(BlockSamples, now) == now);
+    // And after it has slept.
+    now += 3600s;
+    QVERIFY(limit.next(BlockSamples, now) == now);
 }
 
 QTEST_APPLESS_MAIN(TstTtsQueue)
