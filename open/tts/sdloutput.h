@@ -28,7 +28,8 @@ private:
     bool openDevice();
 
     std::uint32_t m_device = 0;
-    PaceLimit m_limit; // of the thread that fills
+    bool m_hasPace = false; // the driver keeps one that it was told
+    PaceLimit m_limit;      // of the thread that fills
 };
 
 } // namespace tts
