@@ -2,7 +2,7 @@
  * The speech engine through its platform interface, on SDL's disk driver with blocks of 512.
  *
  * cmake --preset release && cmake --build --preset release --target speech_bench
- * build/release/bench/speech/speech_bench [SUBJECT[=ROUNDS]...]
+ * build/release/bench/speech_bench [SUBJECT[=ROUNDS]...]
  *
  * Subjects: timing stops highlights words pauses strings restarts peers. Without any: all, in
  * about half an hour. Ends with 1 when a goal was missed.
