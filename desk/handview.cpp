@@ -33,7 +33,7 @@ HandView::HandView(QWidget* parent) : QScrollArea(parent), m_left(new QCheckBox(
     for (const HandModel::Trait& trait : HandModel::traits())
         addTrait(*grid, trait);
     m_left->setToolTip(tr("The pen is held in the left hand: its camera looks the other way up"));
-    auto* const usual = new QPushButton(tr("Usual &hand"));
+    auto* const usual = new QPushButton(tr("Usual hand"));
     usual->setToolTip(tr("A steady right hand in good light"));
     usual->setAutoDefault(false);
     const int row = grid->rowCount();

@@ -7,6 +7,7 @@
 #include "desk/desksession.h"
 #include "desk/deskwindow.h"
 #include "desk/framerecorder.h"
+#include "desk/pencheck.h"
 #include "desk/penlanguages.h"
 #include "desk/scriptrunner.h"
 #include "desk/unixsignals.h"
@@ -46,6 +47,12 @@ int complain(const QString& error)
     const QByteArray text = error.toLocal8Bit();
     std::fprintf(stderr, "swipeline-desk: %s\n", text.constData());
     return BadUsage;
+}
+
+void note(const QStringList& sentences)
+{
+    for (const QString& sentence : sentences)
+        std::fprintf(stderr, "swipeline-desk: %s\n", sentence.toLocal8Bit().constData());
 }
 
 DeskSetting settingOf(const DeskOptions& options)
@@ -100,6 +107,10 @@ int runWindow(DeskSession& session, const DeskOptions& options)
     QObject::connect(&session.pen(), &PenProcess::outputLine, [](const QString& line) {
         std::fprintf(stderr, "pen: %s\n", qUtf8Printable(line));
     });
+    const QStringList missing = pencheck::missing(options.root);
+    note(missing);
+    if (!missing.isEmpty())
+        window.tell(missing.constFirst(), true);
     session.pageLoader().load(options.pageGiven || options.forget ? options.page : memory.page);
     session.startPen();
     const int result = runLoop(window, options);
@@ -144,6 +155,7 @@ int runScript(DeskSession& session, const DeskOptions& options)
     const UnixSignals signalsOfTheSystem;
     QObject::connect(&signalsOfTheSystem, &UnixSignals::endWanted, &runner,
                      &ScriptRunner::breakOff);
+    note(pencheck::missing(options.root));
     session.pageLoader().load(options.page);
     QTimer::singleShot(0, &runner, [&] {
         runner.start();

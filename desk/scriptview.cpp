@@ -19,7 +19,7 @@ ScriptView::ScriptView(const SessionRecorder& recorder, QWidget* parent)
     m_text->setMinimumHeight(40);
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_text->setAccessibleName(tr("What was done on the desk, as a script"));
-    auto* const save = new QPushButton(tr("Sa&ve as..."));
+    auto* const save = new QPushButton(tr("Save as..."));
     save->setToolTip(tr("Writes what was done since the start to a script (Ctrl+S)"));
     for (QPushButton* const button : {save, m_play}) {
         button->setAutoDefault(false);
@@ -59,7 +59,7 @@ void ScriptView::showScript()
 void ScriptView::setPlaying(bool playing)
 {
     m_playing = playing;
-    m_play->setText(playing ? tr("Stop pla&ying") : tr("Pla&y..."));
+    m_play->setText(playing ? tr("Stop playing") : tr("Play..."));
     m_play->setToolTip(playing ? tr("Ends the script that is being played")
                                : tr("Starts the pen anew and plays a script with it (Ctrl+R)"));
 }

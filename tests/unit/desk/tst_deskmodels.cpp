@@ -1,6 +1,7 @@
-#include "desk/desklink.h"
+#include "desk/deskmemory.h"
 #include "desk/framerecorder.h"
 #include "desk/handmodel.h"
+#include "desk/pencheck.h"
 #include "desk/penstorage.h"
 #include "platform/systemcalls.h"
 
@@ -150,6 +151,71 @@ private slots:
         QVERIFY(systemcalls::freeBytes(m_dir->path(), bytes));
         QVERIFY(bytes > 0);
         qunsetenv("SWIPELINE_ROOT");
+    }
+
+    void tellsWhatThePenLacks()
+    {
+        const QString voices = m_dir->filePath("voices");
+        QStringList missing = pencheck::missing(m_dir->path(), {voices});
+        QCOMPARE(missing.size(), 6);
+        QVERIFY2(missing[0].contains("Latin.traineddata"), qPrintable(missing[0]));
+        QVERIFY(missing[1].contains("tesseract-ocr-rus"));
+        QVERIFY(missing[4].contains("espeak-ng-data"));
+        QVERIFY(missing[5].contains("no dictionary"));
+
+        QVERIFY(QDir(m_dir->path()).mkpath("apps/data/ocrrec"));
+        QVERIFY(QDir(m_dir->path()).mkpath("mnt/mmc/usrdict"));
+        QVERIFY(QDir().mkpath(voices));
+        for (const char* name : {"Latin", "rus", "eng", "chi_sim"})
+            QVERIFY(
+                write(m_dir->filePath(QString("apps/data/ocrrec/%1.traineddata").arg(name)), "m"));
+        QVERIFY(write(voices + "/phontab", "v"));
+        QVERIFY(write(m_dir->filePath("mnt/mmc/usrdict/a.index"), "d"));
+        QCOMPARE(pencheck::missing(m_dir->path(), {"/nowhere", voices}), QStringList());
+        QVERIFY(QFile::remove(m_dir->filePath("apps/data/ocrrec/rus.traineddata")));
+        QCOMPARE(pencheck::missing(m_dir->path(), {voices}).size(), 1);
+    }
+
+    void theDeskRemembers()
+    {
+        const QString path = m_dir->filePath("config/desk.ini");
+        DeskMemory first = DeskMemory::read(path); // there is none yet
+        QCOMPARE(first.page.name, "english");
+        QVERIFY(first.hand == HandModel());
+        QVERIFY(!first.dark.has_value());
+        DeskMemory memory;
+        memory.page.kind = PageSource::Kind::Typed;
+        memory.page.text = "One, two\n\"three\"; #4";
+        memory.page.language = "en";
+        memory.page.family = "DejaVu Sans";
+        memory.page.sizePt = 9.5;
+        memory.hand.left = true;
+        memory.hand.tiltDeg = -3.0;
+        memory.ruler = false;
+        memory.dark = true;
+        memory.tab = 2;
+        memory.geometry = QByteArray("\x01\x00\xff;=\n", 6);
+        QVERIFY(memory.write(path));
+        const DeskMemory read = DeskMemory::read(path);
+        QVERIFY(read.page == memory.page);
+        QVERIFY(read.hand == memory.hand);
+        QCOMPARE(read.ruler, false);
+        QCOMPARE(read.dark, std::optional<bool>(true));
+        QCOMPARE(read.tab, 2);
+        QCOMPARE(read.geometry, memory.geometry);
+    }
+
+    void oddMemoriesDoNoHarm()
+    {
+        const QString path = m_dir->filePath("desk.ini");
+        QVERIFY(write(path, "[page]\nkind=file\nname=/nowhere/gone.png\nsize=nan\nsheet=-7\n"
+                            "dpi=1e9\n[hand]\nspeed=1e99\ntilt=words\n[window]\ntab=-4\n"));
+        const DeskMemory memory = DeskMemory::read(path);
+        QCOMPARE(memory.page.name, "english"); // the file has gone
+        QCOMPARE(memory.hand.speedMmPerS, 800.0);
+        QCOMPARE(memory.hand.tiltDeg, 0.0);
+        QCOMPARE(memory.tab, 0);
+        QVERIFY(!DeskMemory().write("/proc/nowhere/desk.ini"));
     }
 
     void aFilmHoldsWhatChanges()
