@@ -16,7 +16,7 @@
     </message>
     <message>
         <source>Current source language is chinese. Please scan chinese text.</source>
-        <translation>当前源语言是中文，请扫描中文文本。</translation>
+        <translation>源语言是中文，请扫描中文。</translation>
     </message>
     <message>
         <source>No translation result.</source>

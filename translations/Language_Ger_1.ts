@@ -16,7 +16,7 @@
     </message>
     <message>
         <source>Current source language is chinese. Please scan chinese text.</source>
-        <translation>Quellsprache: Chinesisch. Bitte chinesischen Text scannen.</translation>
+        <translation>Quellsprache: Chinesisch. Chinesischen Text scannen.</translation>
     </message>
     <message>
         <source>No translation result.</source>

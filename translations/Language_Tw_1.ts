@@ -16,7 +16,7 @@
     </message>
     <message>
         <source>Current source language is chinese. Please scan chinese text.</source>
-        <translation>目前來源語言為中文，請掃描中文文字。</translation>
+        <translation>來源語言是中文，請掃描中文。</translation>
     </message>
     <message>
         <source>No translation result.</source>
