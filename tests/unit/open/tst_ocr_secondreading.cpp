@@ -43,7 +43,8 @@ ocr::GreyPicture inkAt(int width, const std::vector<std::pair<int, int>>& stretc
     ocr::GreyPicture line = {width, Height, std::vector<std::uint8_t>(width * Height, 255)};
     for (const auto& [left, right] : stretches)
         for (int x = left; x < right; ++x)
-            line.pixels[static_cast<std::size_t>(10 * width + x)] = 0;
+            line.pixels[std::size_t(10) * static_cast<std::size_t>(width)
+                        + static_cast<std::size_t>(x)] = 0;
     return line;
 }
 
