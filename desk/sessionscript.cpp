@@ -15,7 +15,7 @@ constexpr qint64 MaxPauseMs = 60'000; // whoever went away meant nothing by it
 
 QString seconds(qint64 milliseconds)
 {
-    return QString::number(double((milliseconds + 50) / 100) / 10.0);
+    return QString::number(std::round(double(milliseconds) / 100.0) / 10.0);
 }
 
 QString step(const PathPoint& point)
