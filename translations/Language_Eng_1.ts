@@ -12,15 +12,15 @@
     <name>DictScanEdit</name>
     <message>
         <source>Form</source>
-        <translation>Translation</translation>
+        <translation>Form</translation>
     </message>
     <message>
         <source>Current source language is chinese. Please scan chinese text.</source>
-        <translation>The source language is Chinese. Please scan Chinese text.</translation>
+        <translation>Current source language is chinese. Please scan chinese text.</translation>
     </message>
     <message>
         <source>No translation result.</source>
-        <translation>No translation found.</translation>
+        <translation>No translation result.</translation>
     </message>
     <message>
         <source>Last entry.</source>
@@ -55,14 +55,14 @@
     </message>
     <message>
         <source>Scan language does not match dictionary source language!</source>
-        <translation>The scan language does not match the dictionary&apos;s source language!</translation>
+        <translation>Scan language does not match dictionary source language!</translation>
     </message>
 </context>
 <context>
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>The file system is damaged. Please connect to a PC and repair it.</translation>
+        <translation>File system is damaged, please connect to PC and repair.</translation>
     </message>
 </context>
 <context>
@@ -124,7 +124,7 @@
     <name>MainWindow</name>
     <message>
         <source>MainWindow</source>
-        <translation>Swipeline</translation>
+        <translation>MainWindow</translation>
     </message>
     <message>
         <source>Scan to file</source>
@@ -152,15 +152,15 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>Are you sure you want to delete it?</translation>
+        <translation>Are you sure to delete it?</translation>
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
-        <translation>Press OK to delete, or right to cancel.</translation>
+        <translation>Press OK to delete, or right to interrupt.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to delete.</source>
-        <translation>Press OK to cancel, or left to delete.</translation>
+        <translation>Press OK to interrupt, or left to delete.</translation>
     </message>
     <message>
         <source>The file cannot be deleted.</source>
@@ -168,15 +168,15 @@
     </message>
     <message>
         <source>No available files!</source>
-        <translation>There are no files!</translation>
+        <translation>No available files!</translation>
     </message>
     <message>
         <source>No enough storage space. Please remove some files.</source>
-        <translation>Not enough storage space. Please remove some files.</translation>
+        <translation>No enough storage space. Please remove some files.</translation>
     </message>
     <message>
         <source>word is null</source>
-        <translation>There is no word here.</translation>
+        <translation>word is null</translation>
     </message>
     <message>
         <source>Nothing recognised.</source>
@@ -288,23 +288,23 @@
     </message>
     <message>
         <source>Scan to rename,press ok to confirm.</source>
-        <translation>Scan the new name, press OK to confirm.</translation>
+        <translation>Scan to rename,press ok to confirm.</translation>
     </message>
     <message>
         <source>Sure to rename the file?</source>
-        <translation>Are you sure you want to rename the file?</translation>
+        <translation>Sure to rename the file?</translation>
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
-        <translation>Press OK to rename, or right to cancel.</translation>
+        <translation>Press OK to rename, or right to interrupt.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to rename.</source>
-        <translation>Press OK to cancel, or left to rename.</translation>
+        <translation>Press OK to interrupt, or left to rename.</translation>
     </message>
     <message>
         <source>File exists.</source>
-        <translation>This name exists already.</translation>
+        <translation>File exists.</translation>
     </message>
     <message>
         <source>The file cannot be renamed.</source>
@@ -312,11 +312,11 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>The file system is damaged. Please connect to a PC and repair it.</translation>
+        <translation>File system is damaged, please connect to PC and repair.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
-        <translation>There are too many files. Please remove some.</translation>
+        <translation>Max number of files exceeded. Please remove some files.</translation>
     </message>
     <message>
         <source>The file is missing.</source>
@@ -420,11 +420,11 @@
     </message>
     <message>
         <source>String is too long.</source>
-        <translation>The name is too long.</translation>
+        <translation>String is too long.</translation>
     </message>
     <message>
         <source>Invalid character.</source>
-        <translation>The name has an invalid character.</translation>
+        <translation>Invalid character.</translation>
     </message>
     <message>
         <source>This name cannot be used.</source>
@@ -443,7 +443,7 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>The file is too big. Please do not edit it on a computer.</translation>
+        <translation>The file is too big, do not edit the file in computer.</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
@@ -467,7 +467,7 @@
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
-        <translation>The file is too big. Please create a new file.</translation>
+        <translation>The file is too big. Please create new file.</translation>
     </message>
     <message>
         <source>Start of text.</source>
@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>Are you sure you want to delete it?</translation>
+        <translation>Are you sure to delete it?</translation>
     </message>
 </context>
 </TS>
