@@ -124,6 +124,11 @@ class Translations(unittest.TestCase):
             with self.subTest(text):
                 self.german("placeholders", page=f"<translation>{text}</translation>")
 
+    def test_english_of_its_own(self):
+        self.fails("not the text of the source, \"New file\"",
+                   **{"translations/Language_Eng_1.ts":
+                      finished(title="<translation>New page</translation>")})
+
     def test_blanks(self):
         for text in ("Seite %1.", " Seite %1. ", "Seite %1.  "):
             with self.subTest(text):
