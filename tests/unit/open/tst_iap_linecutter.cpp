@@ -61,6 +61,7 @@ private slots:
     void smallAndLargePrintIsScaled_data();
     void smallAndLargePrintIsScaled();
     void faintPrintComesOutDark();
+    void smallPrintOutOfFocusIsNoBlot();
     void lettersCutByTheEndsAreLeftOut();
     void nothingToCut();
     void verticalCharactersComeOutUpright();
@@ -218,6 +219,18 @@ void TestLineCutter::faintPrintComesOutDark()
     QVERIFY(darkest < 30.0);
     QCOMPARE(lightest, 255.0);
     QVERIFY(likeness(cleanLine(), line) > 0.93);
+}
+
+void TestLineCutter::smallPrintOutOfFocusIsNoBlot()
+{
+    PrintSettings print;
+    print.points = 6.0;
+    print.family = QStringLiteral("Liberation Serif");
+    LineStrip strip = scannedStrip(print, 2.4);
+    cv::GaussianBlur(strip.ink, strip.ink, cv::Size(), 1.6);
+    const cv::Mat line = cutLine(strip, {});
+    QVERIFY(!line.empty());
+    QVERIFY(likeness(cleanLine(print), line) > 0.75);
 }
 
 void TestLineCutter::lettersCutByTheEndsAreLeftOut()
