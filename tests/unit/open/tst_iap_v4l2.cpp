@@ -32,7 +32,8 @@ bool isNumbered(const Frame& frame)
 {
     for (int y = 0; y < frame.height; ++y)
         for (int x = 0; x < frame.width; ++x)
-            if (frame.pixels[std::size_t(y * frame.width + x)] != (x + 3 * y) % 200)
+            if (frame.pixels[std::size_t(y) * std::size_t(frame.width) + std::size_t(x)]
+                != (x + 3 * y) % 200)
                 return false;
     return true;
 }

@@ -13,6 +13,7 @@ namespace {
 std::vector<Frame> plainFrames(int count)
 {
     std::vector<Frame> frames;
+    frames.reserve(std::size_t(count));
     for (int i = 0; i < count; ++i)
         frames.push_back({i * 5000, 32, 20, 300, std::vector<std::uint8_t>(32 * 20, uint8_t(i))});
     return frames;
