@@ -3,6 +3,7 @@
 #include "desk/captionview.h"
 #include "desk/desklook.h"
 #include "desk/desksession.h"
+#include "desk/desktexts.h"
 #include "desk/handview.h"
 #include "desk/launcherview.h"
 #include "desk/pagebar.h"
@@ -208,20 +209,9 @@ void DeskWindow::tellWhenCameraIsOff()
 
 void DeskWindow::tellSwipe(const SwipeReport& report)
 {
-    switch (report.outcome) {
-    case desklink::SwipeOutcome::Delivered:
-        tell(tr("A line was scanned (%1 pictures)").arg(report.frames), false);
-        break;
-    case desklink::SwipeOutcome::NoPrint:
-        tell(tr("No print was found under the pen"), true);
-        break;
-    case desklink::SwipeOutcome::BadMotion:
-        tell(tr("The swipe cannot be read: too fast, or off the line"), true);
-        break;
-    case desklink::SwipeOutcome::Stopped:
-        tell(tr("The pen did not want a swipe just now"), false);
-        break;
-    }
+    const bool lost = report.outcome == desklink::SwipeOutcome::NoPrint
+                      || report.outcome == desklink::SwipeOutcome::BadMotion;
+    tell(desktexts::swipe(report), lost);
 }
 
 void DeskWindow::connectLauncher()
@@ -367,18 +357,8 @@ void DeskWindow::moveFocus()
 
 void DeskWindow::showHelp()
 {
-    auto* const box = new QMessageBox(
-        QMessageBox::NoIcon, tr("Keys and hints"),
-        tr("On the pen: the arrow keys, Return (OK), Escape, Space (say it again), F7 and F8 "
-           "(seek), "
-           "F9 (more settings), F10 (where am I?), F11 (rename), F12 (quick menu).\n\n"
-           "On the page: drag over a line to swipe it, or double-click it. With the keyboard: Up, "
-           "Down, Home and End choose a line, Return swipes it.\n\n"
-           "F6 goes from the pen to the page and back, Tab through everything.\n"
-           "Ctrl+O opens a page, Ctrl+T types one; a picture or a PDF file can be dropped on the "
-           "desk.\n"
-           "Ctrl+S saves what was done as a script, Ctrl+R plays one."),
-        QMessageBox::Close, this);
+    auto* const box = new QMessageBox(QMessageBox::NoIcon, tr("Keys and hints"), desktexts::help(),
+                                      QMessageBox::Close, this);
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->open();
 }
