@@ -201,7 +201,10 @@ cv::Mat scaledToRead(const cv::Mat& ink, int letterHeight)
 cv::Mat cutLine(const LineStrip& strip, const LineCutSettings& settings)
 {
     const double dotsPerMm = settings.dpi / MmPerInch;
-    const LineStrip straight = unbent(levelled(strip, lineAngle(strip)));
+    const LineStrip level = levelled(strip, lineAngle(strip));
+    if (level.ink.empty())
+        return {};
+    const LineStrip straight = unbent(level);
     // Lying characters fill their column like Chinese ones fill a row.
     const bool square = settings.han || settings.vertical;
     const std::vector<float> profile =

@@ -15,6 +15,7 @@ constexpr double KeyPart = 0.45;   // of the frame's width: farther from its key
 constexpr double ReachPart = 0.75; // farther than this no overlap can be trusted
 constexpr double BlankPart = 0.9;  // of the frame's width: a blank that leaves nothing in view
 constexpr double CrossedPart = 0.4;
+constexpr double MostUnseen = 2.5;  // frame widths: a hand that shows no print may also rest
 constexpr double MostJerk = 2.2e-9; // frame widths a square microsecond: 30 m/s^2
 constexpr double SpeedShare = 0.6;  // of the newest measurement in the speed
 
@@ -33,7 +34,13 @@ Shift relativeTo(const Shift& base, const Shift& place)
 Shift MotionTracker::predicted(std::int64_t timeUs) const
 {
     const auto elapsed = static_cast<double>(std::max<std::int64_t>(0, timeUs - m_timeUs));
-    return {m_place.x + m_speedX * elapsed, m_place.y + m_speedY * elapsed, m_place.angle};
+    const double wayX = m_place.x + m_speedX * elapsed - m_tracked.x;
+    const double wayY = m_place.y + m_speedY * elapsed - m_tracked.y;
+    // A pen that rests on blank paper looks like one that moves on: the way is not believed for
+    // long.
+    const double most = m_key->frame->size().width * MostUnseen;
+    const double part = most / std::max(most, std::hypot(wayX, wayY));
+    return {m_tracked.x + part * wayX, m_tracked.y + part * wayY, m_place.angle};
 }
 
 std::optional<Shift> MotionTracker::placeAgainst(const Placed& known, const FramePyramid& frame,
@@ -94,13 +101,16 @@ bool MotionTracker::hasCrossedBlank(const Shift& expected) const
            && std::abs(expected.x - m_tracked.x) > m_key->frame->size().width * CrossedPart;
 }
 
-/* The place moved on along the pen's way until nothing that is known is in view. */
+/* The place moved on along the pen's way until nothing that is known is in view. Over a blank the
+ * hand keeps to the direction of the whole swipe; that of its last moment is half tremble. */
 Shift MotionTracker::beyondView(Shift place) const
 {
     const double way = place.x - m_tracked.x;
     const double least = m_key->frame->size().width * BlankPart;
     if (std::abs(way) < least)
         place.x = m_tracked.x + std::copysign(least, m_speedX);
+    if (std::abs(m_tracked.x) > least)
+        place.y = m_tracked.y + (place.x - m_tracked.x) * m_tracked.y / m_tracked.x;
     return place;
 }
 

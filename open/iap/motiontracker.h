@@ -36,6 +36,8 @@ private:
         Shift place;
     };
 
+    /* Where the pen should be: moved on at its last speed since the last print was seen, but two
+     * and a half frame widths at most. */
     Shift predicted(std::int64_t timeUs) const;
     std::optional<Shift> placeAgainst(const Placed& known, const FramePyramid& frame,
                                       const Shift& expected, std::int64_t timeUs) const;

@@ -54,9 +54,20 @@ cv::Rect Panorama::placedBounds(const Shift& place) const
     return {low, high};
 }
 
+bool Panorama::isTooLarge(const cv::Rect& bounds)
+{
+    return bounds.width > MostSide || bounds.height > MostSide
+           || bounds.width * bounds.height > MostArea;
+}
+
 bool Panorama::add(const cv::Mat& ink, const Shift& place)
 {
+    const double reach = std::max(std::abs(place.x), std::abs(place.y));
+    if (!(reach < MostSide)) // also what is no number
+        return false;
     const cv::Rect area = placedBounds(place);
+    if (isTooLarge(m_bounds | area))
+        return false;
     const int lastRow = floorDivided(area.y + area.height - 1, TileSide);
     const int lastColumn = floorDivided(area.x + area.width - 1, TileSide);
     const int firstRow = floorDivided(area.y, TileSide);

@@ -129,6 +129,8 @@ SwipePicture Stitcher::finish()
     }
     picture.framesFed = m_fed;
     picture.framesUsed = counts.tracked;
+    if (m_full)
+        picture.reason += ", the rest is left out: longer than any line";
     if (m_oddFrames > 0)
         picture.reason += ", " + std::to_string(m_oddFrames) + " unfit frames left out";
     return picture;

@@ -34,9 +34,10 @@ struct SwipePicture
 };
 
 /*
- * Makes one picture of a line from the frames of one swipe. Cost per frame is constant; memory is
- * bounded by the area that the pen has seen. Not thread-safe; knows nothing of time but what the
- * frames say.
+ * Makes one picture of a line from the frames of one swipe. Cost per frame is constant; memory
+ * follows the area that the pen has seen, and finish() takes that of the rectangle around it, whose
+ * size is limited (Panorama::MostSide, MostArea): frames beyond it are left out. Not thread-safe;
+ * knows nothing of time but what the frames say.
  */
 class Stitcher
 {

@@ -1,5 +1,7 @@
 #include "open/iap/straightener.h"
 
+#include "open/iap/panorama.h"
+
 #include <opencv2/imgproc.hpp>
 
 #include <algorithm>
@@ -14,6 +16,9 @@ constexpr int FaintInk = 48;         // of 255: less is no print
 constexpr double TellingWay = 250.0; // pixels; a shorter way does not tell the line's direction
 constexpr double AngleReach = 6.0;   // degrees on either side of the rough direction
 constexpr double AngleBias = 0.01;   // against each degree away from it
+
+constexpr double MostSide = 32766.0; // of what OpenCV turns
+constexpr double MostArea = 2.0 * Panorama::MostArea;
 
 constexpr int WindowWidth = 160;
 constexpr int WindowStep = 40;
@@ -207,8 +212,11 @@ LineStrip levelled(const LineStrip& strip, double angle)
         low = {std::min(low.x, corner.x), std::min(low.y, corner.y)};
         high = {std::max(high.x, corner.x), std::max(high.y, corner.y)};
     }
-    const cv::Size size(static_cast<int>(std::ceil(high.x - low.x)),
-                        static_cast<int>(std::ceil(high.y - low.y)));
+    const cv::Point2d extent = high - low;
+    if (std::max(extent.x, extent.y) > MostSide || extent.x * extent.y > MostArea)
+        return {};
+    const cv::Size size(static_cast<int>(std::ceil(extent.x)),
+                        static_cast<int>(std::ceil(extent.y)));
     const cv::Matx23d turn(c, s, -low.x, -s, c, -low.y);
     LineStrip result;
     cv::warpAffine(strip.ink, result.ink, turn, size, cv::INTER_LINEAR);

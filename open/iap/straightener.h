@@ -7,7 +7,8 @@
  * gives the rough direction, the print the exact one. */
 double lineAngle(const LineStrip& strip);
 
-/* The strip turned by -angle, so that lines which run at `angle` become level. */
+/* The strip turned by -angle, so that lines which run at `angle` become level. Empty when it would
+ * be more than 32 million pixels large, or longer than what can be turned. */
 LineStrip levelled(const LineStrip& strip, double angle);
 
 /* A level strip whose lines still bend a little (the hand turned the pen, small errors of

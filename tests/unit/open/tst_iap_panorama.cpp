@@ -2,6 +2,7 @@
 
 #include <QTest>
 
+#include <limits>
 #include <numbers>
 
 namespace {
@@ -44,6 +45,8 @@ private slots:
     void unseenIsEmpty();
     void memoryFollowsTheAreaSeen();
     void fullPanoramaTakesNoMore();
+    void boundsAreLimited_data();
+    void boundsAreLimited();
 };
 
 void TestPanorama::frameLandsAtItsPlace_data()
@@ -122,6 +125,31 @@ void TestPanorama::fullPanoramaTakesNoMore()
     QVERIFY(added > 100);
     QVERIFY(added < 1000);
     QVERIFY(!panorama.add(frameWithMark(0, 0), {added * 150.0, 0.0, 0.0}));
+}
+
+void TestPanorama::boundsAreLimited_data()
+{
+    QTest::addColumn<double>("x");
+    QTest::addColumn<double>("y");
+    QTest::newRow("far to the right") << 40000.0 << 0.0;
+    QTest::newRow("far to the left") << -40000.0 << 0.0;
+    QTest::newRow("far down") << 0.0 << 40000.0;
+    QTest::newRow("far across") << 9000.0 << -9000.0;
+    QTest::newRow("beyond all numbers") << 1e12 << 0.0;
+    QTest::newRow("nowhere") << std::numeric_limits<double>::quiet_NaN() << 0.0;
+}
+
+// The tiles of two frames are few, wherever they lie.
+void TestPanorama::boundsAreLimited()
+{
+    QFETCH(double, x);
+    QFETCH(double, y);
+    Panorama panorama(FrameSize);
+    QVERIFY(panorama.add(frameWithMark(0, 0), {}));
+    const cv::Rect before = panorama.bounds();
+    QVERIFY(!panorama.add(frameWithMark(0, 0), {x, y, 0.0}));
+    QCOMPARE(panorama.bounds() == before, true);
+    QVERIFY(panorama.add(frameWithMark(0, 0), {1000.0, 0.0, 0.0}));
 }
 
 QTEST_APPLESS_MAIN(TestPanorama)

@@ -19,6 +19,22 @@ cv::Mat matOf(SwipePicture& picture)
     return cv::Mat(picture.height, picture.width, CV_8U, picture.pixels.data()).clone();
 }
 
+/* The widest stretch of columns without print. */
+cv::Range widestGap(const cv::Mat& line)
+{
+    cv::Mat darkest;
+    cv::reduce(line, darkest, 0, cv::REDUCE_MIN);
+    cv::Range widest(0, 0);
+    int start = 0;
+    for (int x = 0; x < line.cols; ++x) {
+        if (darkest.at<uchar>(0, x) < 128)
+            start = x + 1;
+        else if (x + 1 - start > widest.size())
+            widest = cv::Range(start, x + 1);
+    }
+    return widest;
+}
+
 } // namespace
 
 Q_DECLARE_METATYPE(Swipe)
@@ -39,6 +55,9 @@ private slots:
     void framesThatDoNotJoin();
     void oddFramesAreLeftOut();
     void oneFrameIsAPictureToo();
+    void restOnABlank_data();
+    void restOnABlank();
+    void swipeLongerThanAnyLine();
 };
 
 void TestStitcher::swipeGivesTheLine_data()
@@ -192,6 +211,45 @@ void TestStitcher::oneFrameIsAPictureToo()
     QVERIFY2(picture.failure == SwipePicture::Failure::None, picture.reason.c_str());
     QVERIFY(picture.width > 60 && picture.width < 200);
     QVERIFY(picture.height < 90);
+}
+
+void TestStitcher::restOnABlank_data()
+{
+    QTest::addColumn<double>("speed");
+    QTest::addColumn<int>("seconds");
+    QTest::newRow("slow") << 60.0 << 60;
+    QTest::newRow("usual") << 200.0 << 15;
+    QTest::newRow("fast, for two minutes") << 800.0 << 120;
+}
+
+// Without print in view nothing tells a hand that rests from one that moves on.
+void TestStitcher::restOnABlank()
+{
+    QFETCH(double, speed);
+    QFETCH(int, seconds);
+    const QString left = QStringLiteral("Nobody knew who");
+    const QString right = QStringLiteral("built the bridge");
+    const std::vector<Frame> frames = swipeWithRest(partedLine(left, right), speed, seconds);
+    QVERIFY(int(frames.size()) > seconds * 10);
+    SwipePicture picture = stitched(frames);
+    QVERIFY2(picture.failure == SwipePicture::Failure::None, picture.reason.c_str());
+    const cv::Mat line = inkedPart(matOf(picture));
+    const cv::Range gap = widestGap(line);
+    QVERIFY2(gap.size() < 4 * frames.front().width,
+             qPrintable(QString("a gap of %1 pixels").arg(gap.size())));
+    const double likeLeft = likeness(cleanLine({}, left), line.colRange(0, gap.start));
+    const double likeRight = likeness(cleanLine({}, right), line.colRange(gap.end, line.cols));
+    QVERIFY2(likeLeft > 0.8 && likeRight > 0.8,
+             qPrintable(QString("%1 %2").arg(likeLeft).arg(likeRight)));
+}
+
+void TestStitcher::swipeLongerThanAnyLine()
+{
+    SwipePicture picture = stitched(endlessSwipe(36000));
+    QVERIFY2(picture.failure != SwipePicture::Failure::BadMotion, picture.reason.c_str());
+    QVERIFY2(picture.reason.find("longer than any line") != std::string::npos,
+             picture.reason.c_str());
+    QVERIFY(picture.width < 2 * Panorama::MostSide);
 }
 
 QTEST_MAIN(TestStitcher)
