@@ -17,7 +17,6 @@ class CTtsThread;
 class CTtsThreadForSet;
 class DictScanEdit;
 class DictSwitch;
-class HintLine;
 class MyEdit;
 class MySubMenu;
 class QCopChannel;
@@ -402,7 +401,6 @@ private:
 
     MyEdit* m_editor = nullptr;
     DictScanEdit* m_transEdit = nullptr;
-    HintLine* m_transHint = nullptr; // on the translate screen
     DictSwitch* m_dictSwitch = nullptr;
     MySubMenu* m_dictMenu = nullptr;
     std::unique_ptr<CTtsThread> m_setupThread;

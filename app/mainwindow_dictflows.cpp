@@ -16,7 +16,6 @@
 #include "store/configreader.h"
 #include "store/newwordmanager.h"
 #include "store/statisticmanager.h"
-#include "widgets/hintline.h"
 #include "widgets/messagedialog.h"
 #include "widgets/painting.h"
 
@@ -80,7 +79,6 @@ void MainWindow::ensureTransEdit()
     m_transEdit->hide();
     m_transEdit->installEventFilter(this);
     m_transEdit->setSpeechWorker(m_menuSpeech.get());
-    m_transHint = new HintLine(m_transEdit);
     connect(m_transEdit, &DictScanEdit::escPressed, this, &MainWindow::backFromTransEdit);
     connect(m_transEdit, &DictScanEdit::signalOKInTrans, this, &MainWindow::TTSPlayInTransSlot);
     connect(m_transEdit, &DictScanEdit::signalTTSendInTrans, this,
@@ -182,16 +180,13 @@ void MainWindow::rememberWord(const QString& word, const QString& translation)
 
 void MainWindow::beginTransScan()
 {
-    m_transHint->hide();
     m_transEdit->beginScan();
 }
 
 void MainWindow::takeTransScan(const QString& text)
 {
     if (text.trimmed().isEmpty()) {
-        const QString hint = tr("Nothing recognised.");
-        m_transHint->tell(hint);
-        hintSlot(hint);
+        m_transEdit->tellHint(tr("Nothing recognised."));
     } else if (m_dictJob || (hasDictionaries() && !dictionaryIsReady())) {
         // Looking it up would wait for the dictionary, or for a card that was pulled out.
         m_waitingScans.append(text);

@@ -12,6 +12,7 @@
 #include "platform/zembra_iap.h"
 #include "store/filemanager.h"
 #include "store/launcher.h"
+#include "widgets/evenlines.h"
 #include "widgets/mysubmenu.h"
 #include "widgets/painting.h"
 #include "widgets/sandglass.h"
@@ -24,6 +25,7 @@ namespace {
 
 // Over the box of the new name; title and old name stay in view.
 const QRect HintPlace(0, 32, 256, 32);
+constexpr int HintLines = 2;
 
 } // namespace
 
@@ -103,7 +105,9 @@ void MainWindow::ensureRenameEdit()
     connect(m_renameEdit, &MyEdit::signalHint, this, &MainWindow::hintSlot);
     connect(m_renameEdit, &MyEdit::signalNewInput, this, &MainWindow::newInput);
 
-    auto* hint = new QLabel(tr("Scan to rename,press ok to confirm."), m_renameEdit);
+    const QStringList lines = evenlines::evenLines(tr("Scan to rename,press ok to confirm."),
+                                                   HintPlace.width(), HintLines);
+    auto* hint = new QLabel(lines.join(u'\n'), m_renameEdit);
     hint->setTextFormat(Qt::PlainText);
     hint->setFont(painting::screenFont());
     hint->setWordWrap(true);

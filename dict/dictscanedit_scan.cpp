@@ -4,6 +4,7 @@
 
 #include "engines/translater.h"
 #include "store/launcher.h"
+#include "widgets/hintline.h"
 
 #include <QTextCursor>
 #include <QTextEdit>
@@ -212,6 +213,7 @@ void DictScanEdit::sendTriggleToMain()
 
 void DictScanEdit::beginScan()
 {
+    m_hint->hide();
     stopReading();
     sendTriggleToMain();
 }

@@ -2,6 +2,7 @@
 
 #include "app/widgetchange.h"
 #include "widgets/announcer.h"
+#include "widgets/evenlines.h"
 #include "widgets/painting.h"
 
 #include <QKeyEvent>
@@ -26,9 +27,7 @@ void MessageWidget::setTitle(const QString& title)
 {
     m_title = title;
     // A label would show the middle of a text that is too long.
-    const QStringList lines = painting::wrapText(title, m_label->width(), painting::MaxLines);
-    const bool fits = !lines.last().endsWith(QChar(0x2026)) || title.endsWith(QChar(0x2026));
-    m_label->setText(fits ? title : lines.join(u'\n'));
+    m_label->setText(evenlines::evenLines(title, m_label->width(), painting::MaxLines).join(u'\n'));
 }
 
 void MessageWidget::setPrevWidget(QWidget* widget)

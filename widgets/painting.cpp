@@ -1,5 +1,7 @@
 #include "widgets/painting.h"
 
+#include "widgets/evenlines.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QTextLayout>
@@ -177,7 +179,7 @@ void drawMark(QPainter& painter, const QRect& row, Mark mark)
 
 void drawMessage(QPainter& painter, const QRect& box, const QString& text)
 {
-    const QStringList lines = wrapText(text, box.width() - 2 * MessageMargin, MaxLines);
+    const QStringList lines = evenlines::evenLines(text, box.width() - 2 * MessageMargin, MaxLines);
     const bool framed = lines.size() < MaxLines;
     const int pitch = framed ? LineHeight + Leading : LineHeight;
     const int height = static_cast<int>(lines.size()) * pitch - (pitch - LineHeight);

@@ -80,8 +80,8 @@ enum class Mark { Up, Down };
 /* Draws a mark beside a row, in the painter's pen. */
 void drawMark(QPainter& painter, const QRect& row, Mark mark);
 
-/* Draws `text` in the middle of `box` in both directions, wrapped, in the painter's pen. A frame
- * of one pixel goes round the box as long as three lines are enough. */
+/* Draws `text` in the middle of `box` in both directions, in even lines, in the painter's pen. A
+ * frame of one pixel goes round the box as long as three lines are enough. */
 void drawMessage(QPainter& painter, const QRect& box, const QString& text);
 
 } // namespace painting

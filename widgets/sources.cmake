@@ -2,6 +2,7 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/widgets/announcer.cpp
     ${CMAKE_SOURCE_DIR}/widgets/barspin.cpp
     ${CMAKE_SOURCE_DIR}/widgets/comboboxborder.cpp
+    ${CMAKE_SOURCE_DIR}/widgets/evenlines.cpp
     ${CMAKE_SOURCE_DIR}/widgets/heldkeys.cpp
     ${CMAKE_SOURCE_DIR}/widgets/hintline.cpp
     ${CMAKE_SOURCE_DIR}/widgets/messagedialog.cpp

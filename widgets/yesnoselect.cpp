@@ -1,5 +1,6 @@
 #include "widgets/yesnoselect.h"
 
+#include "widgets/evenlines.h"
 #include "widgets/painting.h"
 #include "widgets/spinitems.h"
 #include "widgets/talkinglist.h"
@@ -52,8 +53,8 @@ void YesnoSelect::addChoice(const QString& label)
 void YesnoSelect::setMsgText(const QString& text)
 {
     m_message = text;
-    m_lines =
-        painting::wrapText(m_message, width() - 2 * MessageMargin, std::numeric_limits<int>::max());
+    m_lines = evenlines::evenLines(m_message, width() - 2 * MessageMargin,
+                                   std::numeric_limits<int>::max());
     restartScroll();
     update();
 }
