@@ -45,8 +45,8 @@ enum {
  * image    width x height bytes, one byte a pixel (0 black to 255 white), row after row without
  *          padding, first row on top: the line upright, dark print on light ground. Owned by the
  *          engine and valid during the call only; the receiver copies what it keeps. A null
- *          image with width and height 0 tells that the tip was lifted but no line could be
- *          made of the swipe (no print, unreadable motion).
+ *          image with width and height 0 tells that the swipe is over but no line could be
+ *          made of it (no print, unreadable motion, the camera went before the tip was lifted).
  * width    pixels, 0 or more.
  * height   pixels, 0 or more.
  * flag     a byte that belongs to this image; it is to be handed to ZEMBRA_OCR_Recognize

@@ -7,9 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include <sys/eventfd.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -40,7 +38,11 @@ bool CameraSource::start(FrameListener& listener)
         m_tip.close();
         return false;
     }
-    m_wakeFd = ::eventfd(0, EFD_CLOEXEC);
+    m_wake.emplace();
+    if (m_wake->fd() < 0) {
+        scanError(std::string("cannot be woken: ") + std::strerror(errno));
+        return false;
+    }
     m_isAlive = true;
     m_thread = std::thread([this, &listener] { run(listener); });
     return true;
@@ -81,14 +83,11 @@ void CameraSource::stop()
 {
     if (!m_thread.joinable())
         return;
-    const std::uint64_t one = 1;
-    while (::write(m_wakeFd, &one, sizeof one) < 0 && errno == EINTR)
-        ;
+    m_wake->raise();
     m_thread.join();
     m_stream.reset();
     m_tip.close();
-    ::close(m_wakeFd);
-    m_wakeFd = -1;
+    m_wake.reset();
 }
 
 void CameraSource::run(FrameListener& listener)
@@ -96,7 +95,7 @@ void CameraSource::run(FrameListener& listener)
     while (true) {
         const int pictures = m_isOver ? -1 : m_stream->pollFd();
         std::array<pollfd, 3> polled = {
-            {{m_wakeFd, POLLIN, 0}, {m_tip.pollFd(), POLLIN, 0}, {pictures, POLLIN, 0}}};
+            {{m_wake->fd(), POLLIN, 0}, {m_tip.pollFd(), POLLIN, 0}, {pictures, POLLIN, 0}}};
         const int ready = ::poll(polled.data(), polled.size(), m_isDown ? SilenceMs : -1);
         if (ready < 0 && errno != EINTR)
             return lose(listener, std::strerror(errno));

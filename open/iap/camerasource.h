@@ -6,6 +6,7 @@
 #include "open/iap/devicecalls.h"
 #include "open/iap/framesource.h"
 #include "open/iap/tipswitch.h"
+#include "open/iap/wakesignal.h"
 
 #include <array>
 #include <atomic>
@@ -49,7 +50,7 @@ private:
     TipSwitch m_tip;
     TipTimes m_times; // of a file, in place of the switch
     bool m_isFile = false;
-    int m_wakeFd = -1;
+    std::optional<WakeSignal> m_wake;
     std::atomic<bool> m_isAlive = false;
     std::thread m_thread;
     std::optional<CameraWindow> m_window; // once the pictures' size is known

@@ -4,9 +4,6 @@
 
 #include <cstring>
 
-#include <sys/eventfd.h>
-#include <unistd.h>
-
 namespace {
 
 static_assert(sizeof(desklink::Header) + sizeof(desklink::FrameHead) + MaxFrameSide * MaxFrameSide
@@ -46,18 +43,14 @@ Frame unpacked(const std::vector<std::byte>& body)
 
 } // namespace
 
-DeskSource::DeskSource() : m_link(desklink::Role::Scan), m_wakeFd(::eventfd(0, EFD_CLOEXEC)) {}
-
 DeskSource::~DeskSource()
 {
     stop();
-    if (m_wakeFd >= 0)
-        ::close(m_wakeFd);
 }
 
 bool DeskSource::start(FrameListener& listener)
 {
-    if (m_wakeFd < 0 || !m_link.connectToDesk() || !m_link.send(desklink::Kind::CameraOn))
+    if (m_wake.fd() < 0 || !m_link.connectToDesk() || !m_link.send(desklink::Kind::CameraOn))
         return false;
     m_thread = std::thread([this, &listener] { receiveAll(listener); });
     return true;
@@ -68,8 +61,7 @@ void DeskSource::stop()
     if (!m_thread.joinable())
         return;
     m_stopping = true;
-    if (::eventfd_write(m_wakeFd, 1) != 0)
-        m_link.disconnectFromDesk();
+    m_wake.raise();
     m_thread.join();
     m_link.send(desklink::Kind::CameraOff);
     m_link.disconnectFromDesk();
@@ -79,7 +71,7 @@ void DeskSource::receiveAll(FrameListener& listener)
 {
     LinkClient::Packet packet;
     while (!m_stopping) {
-        if (m_link.receive(packet, -1, m_wakeFd)) {
+        if (m_link.receive(packet, -1, m_wake.fd())) {
             handle(packet, listener);
         } else if (!m_link.isConnected()) {
             scanLog("the desk has gone");

@@ -2,6 +2,7 @@
 #define DESKSOURCE_H
 
 #include "open/iap/framesource.h"
+#include "open/iap/wakesignal.h"
 #include "open/link/linkclient.h"
 
 #include <atomic>
@@ -11,7 +12,7 @@
 class DeskSource : public FrameSource
 {
 public:
-    DeskSource();
+    DeskSource() : m_link(desklink::Role::Scan) {}
     ~DeskSource() override;
     DeskSource(const DeskSource&) = delete;
     DeskSource& operator=(const DeskSource&) = delete;
@@ -26,7 +27,7 @@ private:
     static void handle(const LinkClient::Packet& packet, FrameListener& listener);
 
     LinkClient m_link;
-    int m_wakeFd = -1;
+    WakeSignal m_wake;
     std::atomic<bool> m_stopping = false;
     std::thread m_thread;
 };

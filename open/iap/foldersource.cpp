@@ -60,10 +60,12 @@ void FolderSource::play(FrameListener& listener, const std::vector<std::string>&
         Frame frame = readPgm(file);
         frame.timeUs = timeUs;
         timeUs += FrameUs;
-        if (isValidFrame(frame))
-            listener.frame(std::move(frame));
-        else
+        if (!isValidFrame(frame)) {
             scanLog(file + " is no picture of a camera");
+            continue;
+        }
+        listener.awaitRoom();
+        listener.frame(std::move(frame));
     }
     listener.tipUp();
 }

@@ -17,6 +17,9 @@ public:
     virtual void frame(Frame frame) = 0; // also while the tip is up: a camera is always running
     virtual void tipUp() = 0;
     virtual void sourceLost() = 0; // the last call: the camera has gone
+    /* For a source that can wait, before a frame: returns as soon as there is room for one, or the
+     * source is to stop. Frames for which there is no room are left out. */
+    virtual void awaitRoom() {}
 };
 
 /* Where camera frames come from. */

@@ -4,10 +4,9 @@
 
 #include <opencv2/core.hpp>
 
-namespace {
+#include <exception>
 
-// A receiver that takes its time must not let memory run full: some 20 seconds of frames.
-constexpr std::size_t MostQueued = 3000;
+namespace {
 
 thread_local bool t_inCallback = false;
 
@@ -24,10 +23,21 @@ SwipeReport::Outcome outcomeOf(SwipePicture::Failure failure)
     return SwipeReport::Outcome::Delivered;
 }
 
+/* Takes a step; what went wrong in it, empty when nothing did. Memory may be short. */
+template <typename Step> std::string troubleIn(const Step& step)
+{
+    try {
+        step();
+    } catch (const std::exception& trouble) {
+        return std::string("cannot work the swipe up: ") + trouble.what();
+    }
+    return {};
+}
+
 } // namespace
 
 ScanSession::ScanSession(std::unique_ptr<FrameSource> source, ScanControl& control)
-    : m_source(std::move(source)), m_control(control)
+    : m_control(control), m_source(std::move(source))
 {
 }
 
@@ -36,11 +46,16 @@ std::shared_ptr<ScanSession> ScanSession::start(std::unique_ptr<FrameSource> sou
 {
     cv::setNumThreads(1);
     const std::shared_ptr<ScanSession> session(new ScanSession(std::move(source), control));
-    if (!session->m_source->start(*session))
-        return nullptr;
-    // The worker keeps its session: it may outlive stop() when that is called by its callback.
-    session->m_worker = std::thread([session] { session->work(); });
-    return session;
+    try {
+        // The worker keeps its session: it may outlive stop() when that is called by its callback.
+        session->m_worker = std::thread([session] { session->work(); });
+        if (session->m_source->start(*session))
+            return session;
+    } catch (const std::exception& trouble) {
+        scanError(std::string("cannot start: ") + trouble.what());
+    }
+    session->stop();
+    return nullptr;
 }
 
 bool ScanSession::isInCallback()
@@ -50,12 +65,15 @@ bool ScanSession::isInCallback()
 
 void ScanSession::stop()
 {
-    m_source->stop();
     {
         const std::lock_guard lock(m_queueMutex);
         m_stopping = true;
     }
     m_queueFilled.notify_all();
+    m_queueDrained.notify_all();
+    m_source->stop();
+    if (!m_worker.joinable()) // it could not be made
+        return;
     if (t_inCallback)
         m_worker.detach();
     else
@@ -92,13 +110,27 @@ void ScanSession::sourceLost()
     m_isPressed = false;
 }
 
+void ScanSession::awaitRoom()
+{
+    std::unique_lock lock(m_queueMutex);
+    m_queueDrained.wait(lock, [this] { return m_stopping || hasRoom(); });
+}
+
+bool ScanSession::hasRoom() const
+{
+    return m_queue.size() < MostQueued && m_queuedBytes < MostQueuedBytes;
+}
+
 void ScanSession::push(Event event)
 {
     {
         const std::lock_guard lock(m_queueMutex);
-        if (m_queue.size() >= MostQueued && std::holds_alternative<Frame>(event)) {
-            scanLog("a frame is left out, the receiver of the last picture still works");
-            return;
+        if (const Frame* frame = std::get_if<Frame>(&event)) {
+            if (!hasRoom()) {
+                scanLog("a frame is left out: they come faster than they are worked off");
+                return;
+            }
+            m_queuedBytes += frame->pixels.size();
         }
         m_queue.push_back(std::move(event));
     }
@@ -113,6 +145,9 @@ bool ScanSession::pop(Event& event)
         return false;
     event = std::move(m_queue.front());
     m_queue.pop_front();
+    if (const Frame* frame = std::get_if<Frame>(&event))
+        m_queuedBytes -= frame->pixels.size();
+    m_queueDrained.notify_one();
     return true;
 }
 
@@ -126,22 +161,35 @@ void ScanSession::work()
 void ScanSession::handle(const Event& event)
 {
     if (const Press* press = std::get_if<Press>(&event)) {
-        m_swipe.emplace(Swipe{press->permit, Stitcher(press->permit.settings)});
+        m_swipe.emplace(Swipe{press->permit, Stitcher(press->permit.settings), {}});
     } else if (const Frame* frame = std::get_if<Frame>(&event)) {
-        m_swipe->stitcher.feed(*frame);
+        if (m_swipe->trouble.empty())
+            m_swipe->trouble = troubleIn([&] { m_swipe->stitcher.feed(*frame); });
     } else {
-        if (std::holds_alternative<Lift>(event))
-            finish(*m_swipe);
-        else
-            scanLog("the camera has gone during a swipe");
+        if (std::holds_alternative<Loss>(event))
+            m_swipe->trouble = "the camera has gone during the swipe";
+        finish(*m_swipe);
         m_swipe.reset();
         --m_openSwipes;
     }
 }
 
+SwipePicture ScanSession::pictureOf(Swipe& swipe)
+{
+    SwipePicture picture;
+    if (swipe.trouble.empty())
+        swipe.trouble = troubleIn([&] { picture = swipe.stitcher.finish(); });
+    if (!swipe.trouble.empty()) {
+        picture = SwipePicture();
+        picture.failure = SwipePicture::Failure::BadMotion; // to the user: unreadable
+        picture.reason = swipe.trouble;
+    }
+    return picture;
+}
+
 void ScanSession::finish(Swipe& swipe)
 {
-    SwipePicture picture = swipe.stitcher.finish();
+    SwipePicture picture = pictureOf(swipe);
     const SwipeReport report = deliver(swipe, picture);
     scanLog(report.reason + ", " + std::to_string(report.width) + " x "
             + std::to_string(report.height) + " pixels of " + std::to_string(report.frames)

@@ -10,17 +10,20 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <thread>
 #include <variant>
 
 /*
  * The engine between its start and its stop: a frame source, whose thread only queues what
- * happens, and a worker that stitches and delivers.
+ * happens, and a worker that stitches and delivers. A swipe that cannot be worked up, whatever the
+ * reason, is delivered as an unreadable one.
  */
 class ScanSession : public FrameListener, public std::enable_shared_from_this<ScanSession>
 {
 public:
-    /* Switches the source on; null when it has no camera. `control` outlives the session. */
+    /* Switches the source on; null when it has no camera or there can be no thread. `control`
+     * outlives the session. */
     static std::shared_ptr<ScanSession> start(std::unique_ptr<FrameSource> source,
                                               ScanControl& control);
     ~ScanSession() override = default;
@@ -39,6 +42,11 @@ public:
     void frame(Frame frame) override;
     void tipUp() override;
     void sourceLost() override;
+    void awaitRoom() override;
+
+    /* What the queue holds at most, 20 seconds of usual frames; then frames are left out. */
+    static constexpr std::size_t MostQueued = 3000;
+    static constexpr std::size_t MostQueuedBytes = 64 << 20;
 
 private:
     struct Press
@@ -56,18 +64,20 @@ private:
     {
         ScanControl::Permit permit;
         Stitcher stitcher;
+        std::string trouble; // why it can give no picture any more
     };
 
     ScanSession(std::unique_ptr<FrameSource> source, ScanControl& control);
 
+    bool hasRoom() const; // with the queue's mutex held
     void push(Event event);
     bool pop(Event& event);
     void work();
     void handle(const Event& event);
+    SwipePicture pictureOf(Swipe& swipe);
     void finish(Swipe& swipe);
     SwipeReport deliver(const Swipe& swipe, SwipePicture& picture);
 
-    std::unique_ptr<FrameSource> m_source;
     ScanControl& m_control;
     std::thread m_worker;
     std::atomic<bool> m_stopping = false;
@@ -77,7 +87,11 @@ private:
 
     std::mutex m_queueMutex;
     std::condition_variable m_queueFilled;
+    std::condition_variable m_queueDrained;
     std::deque<Event> m_queue;
+    std::size_t m_queuedBytes = 0; // of frames
+
+    std::unique_ptr<FrameSource> m_source; // the first to go: its thread uses the rest
 };
 
 #endif

@@ -2,6 +2,8 @@
 
 #include "open/iap/scansession.h"
 
+#include <cstdio>
+#include <exception>
 #include <memory>
 #include <mutex>
 
@@ -80,44 +82,66 @@ private:
     std::shared_ptr<ScanSession> m_session;
 };
 
+/* The answer of a call, -1 when it fails by an exception: none leaves a C function. */
+template <typename Call> int answer(const char* function, const Call& call) noexcept
+{
+    try {
+        return call(Engine::instance());
+    } catch (const std::exception& trouble) {
+        std::fprintf(stderr, "scan engine: %s: %s\n", function, trouble.what());
+    } catch (...) {
+        std::fprintf(stderr, "scan engine: %s fails\n", function);
+    }
+    return -1;
+}
+
 } // namespace
 
 int ZEMBRA_IAP_Initialize(int hand, int direction, int, int)
 {
-    return Engine::instance().start(hand == ZEMBRA_IAP_LEFT_HAND,
-                                    direction != ZEMBRA_IAP_HORIZONTAL);
+    return answer(__func__, [&](Engine& engine) {
+        return engine.start(hand == ZEMBRA_IAP_LEFT_HAND, direction != ZEMBRA_IAP_HORIZONTAL);
+    });
 }
 
 int ZEMBRA_IAP_SetLangPara(int mode)
 {
-    if (!Engine::instance().current())
-        return -1;
-    Engine::instance().control().setHan(mode == ZEMBRA_IAP_SCRIPT_HAN);
-    return 0;
+    return answer(__func__, [&](Engine& engine) {
+        if (!engine.current())
+            return -1;
+        engine.control().setHan(mode == ZEMBRA_IAP_SCRIPT_HAN);
+        return 0;
+    });
 }
 
 int ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(int, ZEMBRA_IAP_PanoImageCallback callback)
 {
-    Engine::instance().control().setReceiver(callback);
-    return 0;
+    return answer(__func__, [&](Engine& engine) {
+        engine.control().setReceiver(callback);
+        return 0;
+    });
 }
 
 int ZEMBRA_IAP_GetWorkState(int* state)
 {
-    const std::shared_ptr<ScanSession> session = Engine::instance().current();
-    if (!session || !state)
-        return -1;
-    *state = session->isBusy() ? ZEMBRA_IAP_BUSY : ZEMBRA_IAP_IDLE;
-    return 0;
+    return answer(__func__, [&](Engine& engine) {
+        const std::shared_ptr<ScanSession> session = engine.current();
+        if (!session || !state)
+            return -1;
+        *state = session->isBusy() ? ZEMBRA_IAP_BUSY : ZEMBRA_IAP_IDLE;
+        return 0;
+    });
 }
 
 int ZEMBRA_IAP_SetStopSignal(int flag)
 {
-    Engine::instance().control().setStop(flag != 0);
-    return 0;
+    return answer(__func__, [&](Engine& engine) {
+        engine.control().setStop(flag != 0);
+        return 0;
+    });
 }
 
 int ZEMBRA_IAP_Uninitialize(void)
 {
-    return Engine::instance().stop();
+    return answer(__func__, [](Engine& engine) { return engine.stop(); });
 }

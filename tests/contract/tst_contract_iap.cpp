@@ -294,10 +294,32 @@ void ContractIap::aSecondStartKeepsTheReceiver()
 void ContractIap::callbacksComeOneAtATime()
 {
     start();
-    for (int i = 0; i < 3; ++i)
-        swipe();
-    QCOMPARE(count(), std::size_t{3});
+    std::promise<void> goOn;
+    std::shared_future<void> gate = goOn.get_future().share();
+    std::atomic<int> restarted{-2};
+    react([gate, &restarted] {
+        if (count() > 1)
+            return;
+        ZEMBRA_IAP_Uninitialize();
+        restarted = ZEMBRA_IAP_Initialize(ZEMBRA_IAP_RIGHT_HAND, ZEMBRA_IAP_HORIZONTAL, 0, 0);
+        gate.wait();
+    });
+    press();
+    penhost::liftAfterBlank();
+    // From here on the first callback is held, and the engine started afresh.
+    QTRY_COMPARE_WITH_TIMEOUT(restarted.load(), 0, 20000);
+    const bool isConnected = penhost::connected();
+    penhost::press();
+    penhost::liftAfterBlank();
+    // An engine that calls twice at a time does so as soon as it has worked the swipe up.
+    const bool cameTwice = QTest::qWaitFor([] { return overlapped.load(); }, 2000);
+    goOn.set_value();
+    QVERIFY(isConnected);
+    QTRY_COMPARE_WITH_TIMEOUT(count(), std::size_t{2}, 20000);
+    QTRY_COMPARE(running.load(), 0);
+    QVERIFY(!cameTwice);
     QVERIFY(!overlapped);
+    react({});
 }
 
 void ContractIap::shutDownWaitsForTheCallback()
@@ -317,8 +339,10 @@ void ContractIap::shutDownWaitsForTheCallback()
         const int result = ZEMBRA_IAP_Uninitialize();
         return std::pair(result, returning.load());
     });
+    const bool hasBegun = QTest::qWaitFor([] { return stateNow() == -1; }, 20000);
     goOn.set_value();
     const auto [result, waited] = shutDown.get();
+    QVERIFY(hasBegun);
     QCOMPARE(result, 0);
     QVERIFY(waited);
     react({});

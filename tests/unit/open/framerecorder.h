@@ -10,17 +10,25 @@
 #include <string>
 #include <vector>
 
-/* Writes down what a source tells: "d" tip down, "f" a frame, "u" tip up, "l" lost. */
+/* Writes down what a source tells: "d" tip down, "f" a frame, "u" tip up, "l" lost; apart from
+ * that, how many frames were preceded by a wait for room. */
 class FrameRecorder : public FrameListener
 {
 public:
     void tipDown() override { add('d'); }
     void tipUp() override { add('u'); }
     void sourceLost() override { add('l'); }
+    void awaitRoom() override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isRoomAwaited = true;
+    }
     void frame(Frame frame) override
     {
         {
             const std::lock_guard lock(m_mutex);
+            m_awaited += m_isRoomAwaited ? 1 : 0;
+            m_isRoomAwaited = false;
             m_frames.push_back(std::move(frame));
         }
         add('f');
@@ -38,6 +46,11 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         return m_told;
+    }
+    std::size_t awaited()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_awaited;
     }
     std::vector<Frame> frames()
     {
@@ -57,6 +70,8 @@ private:
     std::condition_variable m_changed;
     std::string m_told;
     std::vector<Frame> m_frames;
+    bool m_isRoomAwaited = false;
+    std::size_t m_awaited = 0;
 };
 
 #endif
