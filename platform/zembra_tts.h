@@ -5,6 +5,9 @@
  * Threads: every function may be called from any thread. ZEMBRA_TTS_Play blocks its caller; two
  * calls at a time are served one after the other. Highlight reports come from a thread of the
  * engine's choice, never after the ZEMBRA_TTS_Play that they belong to has returned.
+ *
+ * Errors: every function may also return -1 when the system gives it no memory or no thread; the
+ * engine stays as it was and may be used on.
  */
 #ifndef ZEMBRA_TTS_H
 #define ZEMBRA_TTS_H
@@ -38,7 +41,9 @@ typedef int (*ZEMBRA_TTS_HighlightCallback)(int offset, int length, int kind);
  *        of its own.
  * value  sample buffer of the output, in milliseconds: 80 asks for the usual one. An engine may
  *        choose a smaller one.
- * Returns 0 on success, -1 when there is no voice or no sound output. Speaking then returns -1.
+ * Returns 0 on success, -1 when the engine cannot speak: no voice, nothing to play on. Speaking
+ * then returns -1. An engine may let silence stand in for a sound output that is missing or gets
+ * lost: it then counts as started, a text takes its time and has its reports, and nothing is heard.
  */
 int ZEMBRA_TTS_Initialize(const char* dirs[], int count, int value);
 

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <cstdio>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -18,17 +19,17 @@ public:
     using Task = std::function<std::unique_ptr<AudioOutput>()>;
 
     explicit Work(Task task)
-        : m_thread([result = m_result, task = std::move(task)] {
-              auto output = task();
-              const std::lock_guard lock(result->mutex);
-              result->output = std::move(output);
-              result->done = true;
-              result->changed.notify_all();
-          })
     {
+        try {
+            m_thread = std::thread(&Work::run, m_result, std::move(task));
+        } catch (const std::system_error&) {
+            m_result->done = true; // no thread to be had: nothing could be opened
+        }
     }
     ~Work()
     {
+        if (!m_thread.joinable())
+            return;
         if (waitFor(std::chrono::milliseconds(0)))
             m_thread.join();
         else
@@ -57,6 +58,20 @@ private:
         bool done = false;
         std::unique_ptr<AudioOutput> output;
     };
+
+    static void run(const std::shared_ptr<Result>& result, const Task& task)
+    {
+        std::unique_ptr<AudioOutput> output;
+        try {
+            output = task();
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "speech: no sound output: %s\n", error.what());
+        }
+        const std::lock_guard lock(result->mutex);
+        result->output = std::move(output);
+        result->done = true;
+        result->changed.notify_all();
+    }
 
     std::shared_ptr<Result> m_result = std::make_shared<Result>();
     std::thread m_thread;
@@ -98,10 +113,13 @@ void OutputKeeper::prepare()
 {
     if (m_work && wait(std::chrono::milliseconds(0)))
         adopt();
-    if (m_work || !m_output->isLost() || Clock::now() < m_nextTry)
-        return;
-    work(true);
-    if (!wait(m_patience.reopening) || !adopt())
+    const bool isMissing = !m_output || m_output->isLost();
+    if (!m_work && isMissing && Clock::now() >= m_nextTry) {
+        work(true);
+        if (wait(m_patience.reopening))
+            adopt();
+    }
+    if (!m_output)
         standIn();
 }
 
@@ -144,8 +162,8 @@ bool OutputKeeper::adopt()
         return false;
     if (m_output)
         m_output->disconnect();
+    output->connect();
     m_output = std::move(output);
-    m_output->connect();
     if (!m_output->isLost())
         m_between = m_patience.between;
     return true;
@@ -153,8 +171,9 @@ bool OutputKeeper::adopt()
 
 void OutputKeeper::standIn()
 {
-    m_output = std::make_unique<PacedOutput>(m_queue, 1, nullptr);
-    m_output->connect();
+    auto silence = std::make_unique<PacedOutput>(m_queue, 1, nullptr);
+    silence->connect();
+    m_output = std::move(silence);
 }
 
 } // namespace tts

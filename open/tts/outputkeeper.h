@@ -59,7 +59,7 @@ private:
     SampleQueue& m_queue;
     const Factory m_open;
     const Patience m_patience;
-    std::unique_ptr<AudioOutput> m_output; // connected
+    std::unique_ptr<AudioOutput> m_output; // connected; null when there is not even silence
     std::unique_ptr<Work> m_work;          // closing, opening, or both; null when done
     Clock::time_point m_nextTry;
     std::chrono::milliseconds m_between; // this try and the next

@@ -1,5 +1,6 @@
 #include "open/tts/player.h"
 
+#include "open/tts/atend.h"
 #include "open/tts/piecer.h"
 #include "open/tts/synthesizer.h"
 
@@ -56,9 +57,8 @@ Player::Outcome Player::play(std::u16string_view text)
     Utterance::Manner manner = {};
     if (!enter(manner))
         return Outcome::Failed;
-    const Outcome outcome = speak(text, manner, generation);
-    leave();
-    return outcome;
+    const AtEnd leaving([this] { leave(); });
+    return speak(text, manner, generation);
 }
 
 bool Player::enter(Utterance::Manner& manner)
@@ -89,9 +89,12 @@ Player::Outcome Player::speak(std::u16string_view text, const Utterance::Manner&
     m_output.prepare();
     m_reports.begin(text, {manner.voice->code, manner.speed, m_queue.loudness().volume()});
     m_queue.begin(generation);
-    const Utterance::Outcome outcome = Utterance(m_queue, m_reports, manner).speak(pieces);
-    m_queue.end();
-    m_reports.end(outcome != Utterance::Outcome::Spoken);
+    Utterance::Outcome outcome = Utterance::Outcome::Failed;
+    const AtEnd ending([this, &outcome] {
+        m_queue.end();
+        m_reports.end(outcome != Utterance::Outcome::Spoken);
+    });
+    outcome = Utterance(m_queue, m_reports, manner).speak(pieces);
     switch (outcome) {
     case Utterance::Outcome::Spoken:
         return Outcome::Spoken;

@@ -31,6 +31,8 @@ public:
     bool start(const std::vector<std::string>& folders);
     bool close(); // false when not started
 
+    /* What is thrown on the way (no memory, no thread to be had) leaves the player as it was before
+     * the call. The same goes for start and close. */
     enum class Outcome { Spoken, Stopped, Failed };
     Outcome play(std::u16string_view text);
     void stop();

@@ -2,8 +2,10 @@
 
 #include "open/tts/samplequeue.h"
 
+#include <exception>
 #include <filesystem>
 #include <system_error>
+#include <utility>
 
 #include <espeak-ng/speak_lib.h>
 
@@ -14,8 +16,9 @@ namespace {
 bool s_started = false;
 std::string s_voiceFile; // in force
 SynthesisReceiver* s_receiver = nullptr;
+std::exception_ptr s_failure; // what the receiver has thrown
 
-int receive(short* wave, int count, espeak_EVENT* events)
+int pass(short* wave, int count, espeak_EVENT* events)
 {
     for (; events->type != espeakEVENT_LIST_TERMINATED; ++events)
         if (events->type == espeakEVENT_WORD && events->text_position > 0)
@@ -24,6 +27,19 @@ int receive(short* wave, int count, espeak_EVENT* events)
     if (!wave || count <= 0)
         return 0;
     return s_receiver->samples({wave, static_cast<std::size_t>(count)}) ? 0 : 1;
+}
+
+/* Nothing is thrown through the library, which knows no exceptions. */
+int receive(short* wave, int count, espeak_EVENT* events)
+{
+    if (s_failure)
+        return 1;
+    try {
+        return pass(wave, count, events);
+    } catch (...) {
+        s_failure = std::current_exception();
+        return 1;
+    }
 }
 
 const char* dataFolder(const std::vector<std::string>& folders)
@@ -78,6 +94,8 @@ bool Synthesizer::speak(const Piece& piece, const char* voiceFile, int rate,
         espeak_Synth(piece.text.c_str(), (piece.text.size() + 1) * sizeof(char32_t), 0,
                      POS_CHARACTER, 0, flags, nullptr, nullptr);
     s_receiver = nullptr;
+    if (s_failure)
+        std::rethrow_exception(std::exchange(s_failure, nullptr));
     return error == EE_OK;
 }
 

@@ -8,6 +8,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -19,34 +20,19 @@ tts::Player& player()
     return instance;
 }
 
-} // namespace
-
-int ZEMBRA_TTS_Initialize(const char* dirs[], int count, int)
+/* The result of `call`; -1 when it throws, for nothing may be thrown at a caller in C. */
+template <class Call> int guarded(Call&& call)
 {
-    std::vector<std::string> folders;
-    for (int i = 0; dirs && i < count; ++i)
-        if (dirs[i])
-            folders.emplace_back(dirs[i]);
-    return player().start(folders) ? 0 : -1;
-}
-
-int ZEMBRA_TTS_SetLang(int language)
-{
-    return player().setVoice(language) ? 0 : -1;
-}
-
-int ZEMBRA_TTS_SetHighlight_CallBack(ZEMBRA_TTS_HighlightCallback callback)
-{
-    player().setCallback(callback);
-    return 0;
-}
-
-int ZEMBRA_TTS_Play(const unsigned short* text, int bytes, int)
-{
-    if (!text && bytes > 0)
+    try {
+        return std::forward<Call>(call)();
+    } catch (...) {
         return -1;
-    const auto units = bytes > 0 ? static_cast<std::size_t>(bytes) / 2 : 0;
-    switch (player().play({reinterpret_cast<const char16_t*>(text), units})) {
+    }
+}
+
+int play(std::u16string_view text)
+{
+    switch (player().play(text)) {
     case tts::Player::Outcome::Spoken:
         return 0;
     case tts::Player::Outcome::Stopped:
@@ -57,31 +43,73 @@ int ZEMBRA_TTS_Play(const unsigned short* text, int bytes, int)
     return -1;
 }
 
+} // namespace
+
+int ZEMBRA_TTS_Initialize(const char* dirs[], int count, int)
+{
+    return guarded([=] {
+        std::vector<std::string> folders;
+        for (int i = 0; dirs && i < count; ++i)
+            if (dirs[i])
+                folders.emplace_back(dirs[i]);
+        return player().start(folders) ? 0 : -1;
+    });
+}
+
+int ZEMBRA_TTS_SetLang(int language)
+{
+    return guarded([=] { return player().setVoice(language) ? 0 : -1; });
+}
+
+int ZEMBRA_TTS_SetHighlight_CallBack(ZEMBRA_TTS_HighlightCallback callback)
+{
+    return guarded([=] {
+        player().setCallback(callback);
+        return 0;
+    });
+}
+
+int ZEMBRA_TTS_Play(const unsigned short* text, int bytes, int)
+{
+    if (!text && bytes > 0)
+        return -1;
+    const auto units = bytes > 0 ? static_cast<std::size_t>(bytes) / 2 : 0;
+    return guarded([=] { return play({reinterpret_cast<const char16_t*>(text), units}); });
+}
+
 int ZEMBRA_TTS_Stop(void)
 {
-    player().stop();
-    return 0;
+    return guarded([] {
+        player().stop();
+        return 0;
+    });
 }
 
 int ZEMBRA_TTS_SetSpeed(int speed)
 {
-    player().setSpeed(speed);
-    return 0;
+    return guarded([=] {
+        player().setSpeed(speed);
+        return 0;
+    });
 }
 
 int ZEMBRA_TTS_SetVolume(int volume)
 {
-    player().setVolume(volume);
-    return 0;
+    return guarded([=] {
+        player().setVolume(volume);
+        return 0;
+    });
 }
 
 int ZEMBRA_TTS_SetVolumeLevel(int level)
 {
-    player().setBoost(level);
-    return 0;
+    return guarded([=] {
+        player().setBoost(level);
+        return 0;
+    });
 }
 
 int ZEMBRA_TTS_Uninitialize(void)
 {
-    return player().close() ? 0 : -1;
+    return guarded([] { return player().close() ? 0 : -1; });
 }

@@ -8,6 +8,9 @@
 #include <QTest>
 
 #include <atomic>
+#include <chrono>
+#include <future>
+#include <new>
 #include <thread>
 #include <vector>
 
@@ -40,6 +43,7 @@ private slots:
     void textsComeOneAfterTheOther();
     void emptyAndWrongArguments();
     void startTwiceKeepsSettings();
+    void nothingIsThrownAtTheCaller();
     void notStarted();
     void closeEndsPlay();
     void startAndCloseAgainAndAgain();
@@ -211,6 +215,20 @@ void TstTtsEngine::startTwiceKeepsSettings()
     QCOMPARE(play(QStringLiteral("Quiet as before.")), 0);
     QCOMPARE(s_reports.count(), 3);
     QCOMPARE(peakOf(recorded()), 0);
+}
+
+// Memory may run out at any place; a receiver that throws lets it do so in the middle of a text.
+void TstTtsEngine::nothingIsThrownAtTheCaller()
+{
+    ZEMBRA_TTS_SetHighlight_CallBack([](int, int, int) -> int { throw std::bad_alloc(); });
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(play(QStringLiteral("Given up at the first word. ").repeated(20)), -1);
+    QCOMPARE(ZEMBRA_TTS_SetHighlight_CallBack(nullptr), 0);
+    QCOMPARE(play(QStringLiteral("All of it.")), 0);
+    auto closed = std::async(std::launch::async, ZEMBRA_TTS_Uninitialize);
+    if (closed.wait_for(std::chrono::seconds(20)) != std::future_status::ready)
+        qFatal("closing waits for a text that is over");
+    QCOMPARE(closed.get(), 0);
 }
 
 void TstTtsEngine::notStarted()

@@ -1,20 +1,21 @@
 #include "open/tts/outputkeeper.h"
 #include "open/tts/player.h"
-#include "open/tts/wavfile.h"
 #include "ttsfixture.h"
 
-#include <QFile>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QtEndian>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
 #include <condition_variable>
+#include <future>
 #include <memory>
 #include <mutex>
+#include <new>
+#include <system_error>
 #include <thread>
+
+#include <pthread.h>
 
 using namespace tts;
 using namespace std::chrono_literals;
@@ -25,6 +26,8 @@ namespace {
 struct Device
 {
     std::atomic<bool> missing = false;
+    std::atomic<bool> broken = false;  // whoever opens it gets an exception
+    std::atomic<bool> refuses = false; // whoever connects it does
     std::atomic<bool> lost = false;  // as of a sound server that has died: samples go nowhere
     std::atomic<bool> stuck = false; // takes no samples
     std::atomic<int> opened = 0;
@@ -72,6 +75,8 @@ public:
     }
     void connect() override
     {
+        if (m_device.refuses)
+            throw std::system_error(std::make_error_code(std::errc::io_error));
         AudioOutput::connect();
         queue().setPace(23);
     }
@@ -108,6 +113,31 @@ int receive(int offset, int length, int kind)
     return 0;
 }
 
+/* While it lives no thread can be started: each would have a stack larger than any memory. */
+class NoThreads
+{
+public:
+    NoThreads()
+    {
+        pthread_attr_t huge;
+        if (::pthread_getattr_default_np(&m_before) != 0 || ::pthread_attr_init(&huge) != 0
+            || ::pthread_attr_setstacksize(&huge, std::size_t(1) << 48) != 0
+            || ::pthread_setattr_default_np(&huge) != 0)
+            qFatal("no size of stacks");
+        ::pthread_attr_destroy(&huge);
+    }
+    ~NoThreads()
+    {
+        ::pthread_setattr_default_np(&m_before);
+        ::pthread_attr_destroy(&m_before);
+    }
+    NoThreads(const NoThreads&) = delete;
+    NoThreads& operator=(const NoThreads&) = delete;
+
+private:
+    pthread_attr_t m_before;
+};
+
 constexpr OutputKeeper::Patience Soon{200ms, 100ms, 100ms, 0ms};
 
 } // namespace
@@ -129,9 +159,10 @@ private slots:
     void openingHangs();
     void closingHangs();
     void withoutAnyOutputItDoesNotStart();
-    void soundFileEndsAtItsLimit_data();
-    void soundFileEndsAtItsLimit();
-    void fullSoundFileStaysValid();
+    void openingThrows();
+    void connectingThrows();
+    void withoutThreadsItDoesNotStart();
+    void withoutThreadsNothingIsSpoken();
 
 private:
     void make(const OutputKeeper::Patience& patience = Soon);
@@ -164,6 +195,8 @@ void TstTtsOutputs::make(const OutputKeeper::Patience& patience)
     m_player = std::make_unique<Player>(
         [device = m_device.get()](SampleQueue& queue) -> std::unique_ptr<AudioOutput> {
             device->passOpening();
+            if (device->broken)
+                throw std::bad_alloc();
             if (device->missing)
                 return nullptr;
             ++device->opened;
@@ -330,59 +363,59 @@ void TstTtsOutputs::withoutAnyOutputItDoesNotStart()
     speaks(true);
 }
 
-void TstTtsOutputs::soundFileEndsAtItsLimit_data()
+void TstTtsOutputs::openingThrows()
 {
-    QTest::addColumn<quint32>("bytes");
-    QTest::addColumn<quint32>("samples");
-    QTest::addColumn<quint32>("fitting");
-    QTest::newRow("empty") << 0u << 512u << 512u;
-    QTest::newRow("nothing") << 100u << 0u << 0u;
-    QTest::newRow("just fits") << 4294966234u << 512u << 512u;
-    QTest::newRow("a sample too many") << 4294966236u << 512u << 511u;
-    QTest::newRow("one") << 4294967256u << 512u << 1u;
-    QTest::newRow("full") << 4294967258u << 512u << 0u;
-    QTest::newRow("more than full") << 4294967295u << 512u << 0u;
+    make();
+    m_device->broken = true;
+    QVERIFY(!m_player->start({}));
+    m_device->broken = false;
+    QVERIFY(m_player->start({}));
+    speaks(true);
 }
 
-void TstTtsOutputs::soundFileEndsAtItsLimit()
+// The text is given up; the next is spoken, and closing does not wait for the one for ever.
+void TstTtsOutputs::connectingThrows()
 {
-    QFETCH(quint32, bytes);
-    QFETCH(quint32, samples);
-    QFETCH(quint32, fitting);
-    QCOMPARE(samplesThatFit(bytes, samples), std::size_t(fitting));
-    // The length of the whole file, less eight bytes, is in the header, too.
-    QVERIFY(std::uint64_t(bytes) + 2 * fitting + 36 <= 0xffffffffu || fitting == 0);
+    make();
+    QVERIFY(m_player->start({}));
+    m_device->lost = true;
+    QTRY_VERIFY(!sounds(tag(10)));
+    m_device->lost = false;
+    m_device->refuses = true;
+    QVERIFY_THROWS_EXCEPTION(std::system_error, m_player->play(u"Not heard."));
+    m_device->refuses = false;
+    speaks(true);
+    auto closed = std::async(std::launch::async, [this] { return m_player->close(); });
+    if (closed.wait_for(20s) != std::future_status::ready)
+        qFatal("closing waits for a text that is over");
+    QVERIFY(closed.get());
 }
 
-/* Almost full from the start; but for its ends the file is a hole and takes no room. */
-void TstTtsOutputs::fullSoundFileStaysValid()
+void TstTtsOutputs::withoutThreadsItDoesNotStart()
 {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("full.wav"));
-    const std::string name = QFile::encodeName(path).toStdString();
-    constexpr quint32 Most = 4294967258u;
-    WavFile::open(name).reset();
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadWrite));
-    const quint32 bytes = qToLittleEndian(Most - 1000);
-    QVERIFY(file.seek(40));
-    QCOMPARE(file.write(reinterpret_cast<const char*>(&bytes), 4), 4);
-    QVERIFY(file.resize(44 + qint64(Most) - 1000));
-    file.close();
+    make();
+    {
+        const NoThreads none;
+        QVERIFY_THROWS_EXCEPTION(std::system_error, std::thread([] {}).join());
+        QVERIFY(!m_player->start({}));
+    }
+    QVERIFY(m_player->start({}));
+    speaks(true);
+}
 
-    const auto wav = WavFile::open(name);
-    QVERIFY(wav);
-    const std::vector<std::int16_t> samples(400, 1234);
-    for (int i = 0; i < 3; ++i)
-        wav->write(samples);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.size(), 44 + qint64(Most));
-    const QByteArray header = file.read(44);
-    QCOMPARE(qFromLittleEndian<quint32>(header.constData() + 4), Most + 36);
-    QCOMPARE(qFromLittleEndian<quint32>(header.constData() + 40), Most);
-    QVERIFY(file.seek(file.size() - 2));
-    const QByteArray last = file.read(2);
-    QCOMPARE(qFromLittleEndian<qint16>(last.constData()), qint16(1234));
+void TstTtsOutputs::withoutThreadsNothingIsSpoken()
+{
+    make();
+    QVERIFY(m_player->start({}));
+    m_device->lost = true;
+    QTRY_VERIFY(!sounds(tag(10)));
+    m_device->lost = false;
+    {
+        const NoThreads none;
+        for (int i = 0; i < 2; ++i)
+            QVERIFY_THROWS_EXCEPTION(std::system_error, m_player->play(u"Not heard."));
+    }
+    speaks(true);
 }
 
 QTEST_GUILESS_MAIN(TstTtsOutputs)
