@@ -4,8 +4,8 @@
  */
 #include "platform/zembra_tts.h"
 #include "tests/contract/ttscaller.h"
+#include "tests/shared/asleep.h"
 
-#include <QFile>
 #include <QTest>
 #include <atomic>
 #include <chrono>
@@ -17,16 +17,6 @@
 using namespace ttscaller;
 
 namespace {
-
-// Whether a thread of this process sleeps in the kernel.
-bool sleeps(pid_t thread)
-{
-    QFile file(QStringLiteral("/proc/self/task/%1/stat").arg(thread));
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray line = file.readAll();
-    return line.mid(line.lastIndexOf(')') + 2, 1) == "S";
-}
 
 // A gate that a thread waits at until another opens it.
 class Gate
@@ -243,7 +233,7 @@ void ContractTts::stopEndsEveryPlayThatWasEntered()
         thread = gettid();
         return ZEMBRA_TTS_Play(text.data(), static_cast<int>(2 * text.size()), 0);
     });
-    QTRY_VERIFY(thread != 0 && sleeps(thread));
+    QTRY_VERIFY(isAsleep(thread));
     QCOMPARE(ZEMBRA_TTS_Stop(), 0);
     stopped.open();
     QCOMPARE(first.get(), 1);
@@ -271,21 +261,29 @@ void ContractTts::twoTextsAreServedOneAfterTheOther()
 
 void ContractTts::shutDownEndsSpeechAndWaitsForIt()
 {
+    // The text stands in its first report. That the shut-down waits for it shows in that its thread
+    // sleeps, for longer than it may when it closes the output.
+    constexpr int Looks = 30;
     Gate begun;
-    heard.begin([&begun] { begun.open(); });
-    std::atomic<bool> returned{false};
-    auto speech = std::async(std::launch::async, [&returned] {
-        const int result = play(u"One <vtml_pause time=\"60000\"/> two");
-        returned = true;
-        return result;
+    Gate goOn;
+    heard.begin([&] {
+        begun.open();
+        goOn.wait();
     });
+    auto speech = std::async(std::launch::async,
+                             [] { return play(u"One <vtml_pause time=\"60000\"/> two"); });
     QVERIFY(begun.wait());
-    const int result = ZEMBRA_TTS_Uninitialize();
-    QCOMPARE(result, 0);
-    // Play has left the engine; its caller may need a moment to note it.
-    QTRY_VERIFY(returned);
+    std::atomic<pid_t> thread{0};
+    auto shutDown = std::async(std::launch::async, [&thread] {
+        thread = gettid();
+        return ZEMBRA_TTS_Uninitialize();
+    });
+    const bool waits = waitUntilAsleep(thread, Looks);
+    goOn.open();
+    QCOMPARE(shutDown.get(), 0);
     const int played = speech.get();
     QVERIFY2(played == 0 || played == 1, "neither spoken nor stopped");
+    QVERIFY2(waits, "shut down before the text had ended");
 }
 
 void ContractTts::afterTheShutDownNothingIsSpoken()

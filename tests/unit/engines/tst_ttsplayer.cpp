@@ -6,6 +6,7 @@
 #include "tests/fakes/calls.h"
 #include "tests/fakes/faketts.h"
 #include "tests/fakes/testroot.h"
+#include "tests/shared/asleep.h"
 
 #include <QTest>
 #include <future>
@@ -384,12 +385,15 @@ void TestTtsPlayer::forgettingAScreenWaitsForAReportInProgress()
     auto speech = std::async(std::launch::async,
                              [] { return TTSPlayer::Instance()->play(QStringLiteral("One")); });
     reporting.get_future().wait();
+    std::atomic<pid_t> destroyer{0};
     auto destroyed = std::async(std::launch::async, [&] {
+        destroyer = gettid();
         TTSPlayer::forget(edit.get());
         return reported.load();
     });
+    const bool waits = waitUntilAsleep(destroyer);
     goOn.set_value();
-    QVERIFY2(destroyed.get(), "the screen was given up while it was receiving a report");
+    QVERIFY2(destroyed.get() && waits, "the screen was given up while it was receiving a report");
     edit.reset();
     QCOMPARE(speech.get(), 0);
 }

@@ -2,6 +2,7 @@
 
 #include "ocrengine.h"
 #include "printedline.h"
+#include "tests/shared/asleep.h"
 
 #include <QDir>
 #include <QFile>
@@ -65,20 +66,6 @@ private:
     const QByteArray m_pipe;
     int m_end = -1;
 };
-
-/* Until the thread waits for something, as /proc tells. What else could make a reader wait but its
- * model is over in a moment; so it is looked at until it stays so. */
-bool waitUntilAsleep(const std::atomic<pid_t>& thread)
-{
-    int inARow = 0;
-    return QTest::qWaitFor([&] {
-        QFile state(QStringLiteral("/proc/self/task/%1/stat").arg(thread.load()));
-        const bool asleep =
-            thread.load() != 0 && state.open(QFile::ReadOnly) && state.readAll().contains(") S ");
-        inARow = asleep ? inARow + 1 : 0;
-        return inARow >= 5;
-    });
-}
 
 } // namespace
 
