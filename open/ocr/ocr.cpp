@@ -56,9 +56,10 @@ private:
     std::unordered_map<unsigned short*, std::unique_ptr<unsigned short[]>> m_buffers;
 };
 
+/* Lives to the end of the process: a worker may still give a result back while it exits. */
 Results& results()
 {
-    static Results instance;
+    static Results& instance = *new Results;
     return instance;
 }
 
