@@ -21,6 +21,8 @@ struct Counts
     Figures end; // Stop to Play's return
 };
 
+constexpr double MostMs = 2000; // Stop to Play's return, before the stop counts as lost
+
 /* Stops a text of half a minute some time after it was begun. */
 void stopOne(std::u16string_view text, std::chrono::microseconds after, Counts& counts)
 {
@@ -38,13 +40,14 @@ void stopOne(std::u16string_view text, std::chrono::microseconds after, Counts& 
     const Clock::time_point stop = Clock::now();
     ZEMBRA_TTS_Stop();
     counts.call.add(msBetween(stop, Clock::now()));
-    while (!ended && msBetween(stop, Clock::now()) < 2000)
+    while (!ended && msBetween(stop, Clock::now()) < MostMs)
         std::this_thread::sleep_for(std::chrono::microseconds(200));
-    counts.end.add(msBetween(stop, Clock::now()));
+    const double end = msBetween(stop, Clock::now());
+    counts.end.add(end);
     if (!ended)
         ZEMBRA_TTS_Stop();
     speaker.join();
-    if (counts.end.largest() >= 2000 || result != 1)
+    if (end >= MostMs || result != 1)
         ++counts.lost;
 }
 
