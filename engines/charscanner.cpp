@@ -42,7 +42,8 @@ int CharScanner::ReceivePanoImage(void* context, unsigned char* image, int width
     if (!isSaneImageSize(width, height))
         return 0;
 
-    // A name is one line across the page, whatever direction is set for texts.
+    // Always read as a horizontal line: the scan engine hands over a vertical one as a row, too.
+    // Only the marks of vertical setting are then not set back to those of a row.
     QString text;
     OCRPen::Instance()->recognize(image, width, height, ZEMBRA_IAP_HORIZONTAL, flag, text);
     if (!text.isEmpty())

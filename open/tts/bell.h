@@ -21,7 +21,8 @@ public:
     Bell& operator=(const Bell&) = delete;
 
     void ring();
-    /* Waits for a ring; several count as one. Now and then returns without. */
+    /* Waits for a ring; several count as one. May return without one when a signal interrupts
+     * the wait, so callers look again at what they wait for. */
     void wait();
     void waitUntil(Clock::time_point time);
 

@@ -28,8 +28,8 @@ struct Device
     std::atomic<bool> missing = false;
     std::atomic<bool> broken = false;  // whoever opens it gets an exception
     std::atomic<bool> refuses = false; // whoever connects it does
-    std::atomic<bool> lost = false;  // as of a sound server that has died: samples go nowhere
-    std::atomic<bool> stuck = false; // takes no samples
+    std::atomic<bool> lost = false;    // as of a sound server that has died: samples go nowhere
+    std::atomic<bool> stuck = false;   // takes no samples
     std::atomic<int> opened = 0;
     std::atomic<int> closed = 0;
     std::atomic<int> heard = 0; // samples that are not silent
