@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QFile>
 #include <mutex>
+#include <shared_mutex>
 
 std::atomic<void*> pOcrHandle{nullptr};
 std::atomic<OCRPen*> OCRPen::ocr{nullptr};
@@ -14,8 +15,12 @@ namespace {
 
 std::mutex instanceMutex;
 
-// The engine wants one recognition at a time for a handle, and the handle must outlive it.
+// The engine wants one recognition at a time for a handle.
 std::mutex recogniseMutex;
+
+// Shared by whoever is in the engine with the handle, which must not end meanwhile. Languages
+// change beside a recognition, which may be long.
+std::shared_mutex handleMutex;
 
 } // namespace
 
@@ -43,7 +48,7 @@ OCRPen::OCRPen()
 
 OCRPen::~OCRPen()
 {
-    const std::lock_guard lock(recogniseMutex);
+    const std::lock_guard lock(handleMutex);
     void* const handle = pOcrHandle.exchange(nullptr);
     ZEMBRA_OCR_ExitEngine(handle);
     ZEMBRA_OCR_FreeEngine(handle);
@@ -51,6 +56,7 @@ OCRPen::~OCRPen()
 
 int OCRPen::setLan(int* languages)
 {
+    const std::shared_lock handleLock(handleMutex);
     return ZEMBRA_OCR_SetActiveLanguages(pOcrHandle, languages);
 }
 
@@ -58,6 +64,7 @@ int OCRPen::recognize(unsigned char* image, int width, int height, int direction
                       unsigned char flag, QString& text)
 {
     const std::lock_guard lock(recogniseMutex);
+    const std::shared_lock handleLock(handleMutex);
     unsigned short* result = nullptr;
     int length = 0;
     const int code =

@@ -22,7 +22,7 @@ public:
     /* The one instance, created on first use on whichever thread comes first. */
     static OCRPen* Instance();
 
-    /* Waits for a recognition in progress, shuts the engine down and deletes the instance, if
+    /* Waits for a recognition or a change of languages in progress, shuts the engine down and deletes the instance, if
      * there is one. */
     static void quitFun();
 

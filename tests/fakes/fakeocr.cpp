@@ -40,6 +40,8 @@ struct Settings
     bool initializeFails = false;
     bool held = false;
     int recognizing = 0;
+    bool languagesHeld = false;
+    int changingLanguage = 0;
     std::vector<FakeOcr::Image> images;
     std::vector<std::unique_ptr<Handle>> handles; // freed ones too, so that misuse is seen
     std::map<const unsigned short*, Result> results;
@@ -119,8 +121,10 @@ template <class Value> Value read(Value Settings::*member)
 void FakeOcr::reset()
 {
     release();
+    releaseLanguages();
     std::unique_lock lock(state().mutex);
-    state().changed.wait(lock, [] { return state().set.recognizing == 0; });
+    state().changed.wait(
+        lock, [] { return state().set.recognizing == 0 && state().set.changingLanguage == 0; });
     state().set = Settings();
 }
 
@@ -172,6 +176,28 @@ bool FakeOcr::waitUntilRecognizing()
 bool FakeOcr::isRecognizing()
 {
     return read(&Settings::recognizing) > 0;
+}
+
+void FakeOcr::holdLanguages()
+{
+    const std::lock_guard lock(state().mutex);
+    state().set.languagesHeld = true;
+}
+
+void FakeOcr::releaseLanguages()
+{
+    {
+        const std::lock_guard lock(state().mutex);
+        state().set.languagesHeld = false;
+    }
+    state().changed.notify_all();
+}
+
+bool FakeOcr::waitUntilChangingLanguage()
+{
+    std::unique_lock lock(state().mutex);
+    return state().changed.wait_for(lock, FakePatience,
+                                    [] { return state().set.changingLanguage > 0; });
 }
 
 std::vector<int> FakeOcr::languages()
@@ -237,7 +263,13 @@ int ZEMBRA_OCR_SetActiveLanguages(void* handle, int* languages)
         text += std::to_string(language) + ", ";
     CallLog::add(text + "-1)");
 
-    const std::lock_guard lock(state().mutex);
+    State& engine = state();
+    std::unique_lock lock(engine.mutex);
+    ++engine.set.changingLanguage;
+    engine.changed.notify_all();
+    engine.changed.wait(lock, [&engine] { return !engine.set.languagesHeld; });
+    --engine.set.changingLanguage;
+    engine.changed.notify_all();
     Handle* const known = use(handle, HandleState::Open);
     if (!known || list.empty())
         return ZEMBRA_OCR_ERROR;

@@ -45,6 +45,11 @@ public:
     static bool waitUntilRecognizing();
     static bool isRecognizing();
 
+    /* Makes changes of language wait inside the engine until releaseLanguages(). */
+    static void holdLanguages();
+    static void releaseLanguages();
+    static bool waitUntilChangingLanguage();
+
     /* Active languages without the end mark. */
     static std::vector<int> languages();
 

@@ -2,10 +2,14 @@
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/testroot.h"
+#include "tests/shared/asleep.h"
 
 #include <QTest>
+#include <atomic>
+#include <chrono>
 #include <future>
 #include <memory>
+#include <unistd.h>
 
 using fakes::calls;
 
@@ -29,6 +33,8 @@ private slots:
     void quitExitsThenFrees();
     void quitWithoutInstanceDoesNothing();
     void quitWaitsForARecognition();
+    void quitWaitsForAChangeOfLanguage();
+    void languagesChangeDuringARecognition();
     void twoRecognitionsAreMadeOneAfterTheOther();
     void theResultCallbackDoesNothing();
 
@@ -187,6 +193,42 @@ void TestOcrPen::quitWaitsForARecognition()
     QCOMPARE(worker.get(), 0);
     QCOMPARE(text, QStringLiteral("late"));
     QCOMPARE(FakeOcr::misuses(), 0);
+}
+
+void TestOcrPen::quitWaitsForAChangeOfLanguage()
+{
+    OCRPen* const pen = OCRPen::Instance();
+    FakeOcr::holdLanguages();
+    int russian[] = {3, -1};
+    auto change = std::async(std::launch::async, [&] { return pen->setLan(russian); });
+    QVERIFY(FakeOcr::waitUntilChangingLanguage());
+    std::atomic<pid_t> thread{0};
+    auto quit = std::async(std::launch::async, [&thread] {
+        thread = gettid();
+        OCRPen::quitFun();
+    });
+    const bool waits = waitUntilAsleep(thread);
+    FakeOcr::releaseLanguages();
+    quit.get();
+    QCOMPARE(change.get(), 0);
+    QVERIFY2(waits, "the engine was shut down under a call");
+    QCOMPARE(FakeOcr::misuses(), 0);
+}
+
+void TestOcrPen::languagesChangeDuringARecognition()
+{
+    FakeOcr::hold();
+    QString text;
+    auto worker = std::async(std::launch::async, [&text] { return recognize(text); });
+    QVERIFY(FakeOcr::waitUntilRecognizing());
+    int russian[] = {3, -1};
+    auto change =
+        std::async(std::launch::async, [&] { return OCRPen::Instance()->setLan(russian); });
+    const bool changed = change.wait_for(std::chrono::seconds(20)) == std::future_status::ready;
+    FakeOcr::release();
+    worker.get();
+    QCOMPARE(change.get(), 0);
+    QVERIFY2(changed, "a change of language waited for a recognition");
 }
 
 void TestOcrPen::twoRecognitionsAreMadeOneAfterTheOther()
