@@ -34,6 +34,7 @@ class TestRenameFlow : public QObject
 private slots:
     void openListTakesSwipes();
     void swipeOpensTheInputWithItsText();
+    void keysRestWhileANameIsRecognised();
     void keyOpensAnEmptyInput();
     void hintGivesWayToTheFirstScan();
     void hintForwardsKeys();
@@ -113,6 +114,29 @@ void TestRenameFlow::swipeOpensTheInputWithItsText()
     QVERIFY(FakeIap::isStarted());
     QTRY_VERIFY(f.lastHeard().startsWith(QStringLiteral("Chapter 1")));
     QVERIFY(f.lastHeard().endsWith(Hint));
+}
+
+// A key that stopped the scan engine now would wait for the recognition, with a dead display.
+void TestRenameFlow::keysRestWhileANameIsRecognised()
+{
+    WindowFixture f(TwoFiles);
+    openList(f);
+    FakeOcr::setResult(u"Late");
+    FakeOcr::hold();
+    QVERIFY(FakeIap::press());
+    FakeIap::lift(FakeIap::pattern(40, 10));
+    QTRY_VERIFY(FakeOcr::isRecognizing());
+    for (const auto key :
+         {Qt::Key_F11, Qt::Key_Escape, Qt::Key_Return, Qt::Key_Down, Qt::Key_F9, Qt::Key_F12}) {
+        f.press(key);
+        QCOMPARE(f.current(), f.menu());
+        QCOMPARE(f.menu()->getCurIndex(), 0);
+        QVERIFY(FakeIap::isStarted());
+        QVERIFY(FakeOcr::isRecognizing());
+    }
+    FakeOcr::release();
+    QTRY_VERIFY(f.window->renameEditor() && f.current() == f.window->renameEditor());
+    QCOMPARE(f.window->renameEditor()->documentText(), QStringLiteral("Late"));
 }
 
 void TestRenameFlow::keyOpensAnEmptyInput()
