@@ -22,8 +22,8 @@ public:
     /* The one instance, created on first use on whichever thread comes first. */
     static OCRPen* Instance();
 
-    /* Waits for a recognition or a change of languages in progress, shuts the engine down and deletes
-     * the instance, if there is one. */
+    /* Waits for a recognition or a change of languages in progress, shuts the engine down and
+     * deletes the instance, if there is one. */
     static void quitFun();
 
     /* Chooses the languages: a list of engine languages (1 Chinese, 2 Latin script, 3 Russian)
