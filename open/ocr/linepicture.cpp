@@ -11,7 +11,8 @@ namespace {
 
 constexpr int MinimumContrast = 32; // grey levels between paper and ink
 constexpr int MinimumInkHeight = 4; // pixels; less is dust, or no letters
-constexpr int LongestLine = 400;    // times its height; the widest page has 200, more is a rule
+constexpr int LongestLine = 250;    // times its height; the widest page has 200, more is a rule,
+                                    // or scribble that Tesseract would spend minutes on
 constexpr int Margin = 12;          // white around the print, in pixels
 constexpr int SmallestHeight = 36;  // print of fewer pixels is enlarged to it
 constexpr int LargestHeight = 96;   // print of more pixels is reduced to it
