@@ -200,6 +200,7 @@ void endedByManyThreads()
         start();
         std::atomic<int> succeeded = 0;
         std::vector<std::thread> enders;
+        enders.reserve(3);
         for (int i = 0; i < 3; ++i)
             enders.emplace_back([&] { succeeded += ZEMBRA_IAP_Uninitialize() == 0 ? 1 : 0; });
         for (std::thread& ender : enders)
