@@ -145,7 +145,7 @@ void TestLineCutter::twoSmallLinesOrOneLarge()
     std::vector<float> profile(104, 0.0F);
     for (int y = 0; y < 2 * side; ++y)
         profile[top + y] = y >= side - 2 && y < side + 2 ? valley * 100.0F : 100.0F;
-    const auto band = findLine(profile, top + side / 2, DotsPerMm, true);
+    const auto band = findLine(profile, top + 0.5 * side, DotsPerMm, true);
     QVERIFY(band);
     QCOMPARE(band->coreTop, top);
     QCOMPARE(band->coreHeight(), isTwo ? side - 2 : 2 * side);
