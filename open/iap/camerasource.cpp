@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr double MmPerInch = 25.4;
 constexpr double UsualDpi = 300.0; // of pictures that are as small as frames
 constexpr int SilenceMs = 3000;    // of a camera, before that is told
 

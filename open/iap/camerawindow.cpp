@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr double MmPerInch = 25.4;
 constexpr double WindowWidthMm = 13.5;
 constexpr double WindowHeightMm = 8.8;
 constexpr double FinestDpi = 300.0;          // of a frame

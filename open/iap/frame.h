@@ -15,6 +15,8 @@ struct Frame
     std::vector<std::uint8_t> pixels;
 };
 
+constexpr double MmPerInch = 25.4; // of paper, as dpi counts
+
 constexpr int MinFrameSide = 16;
 constexpr int MaxFrameSide = 320;
 constexpr int MinFrameDpi = 50;

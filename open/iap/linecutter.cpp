@@ -1,6 +1,8 @@
 #include "open/iap/linecutter.h"
 
 #include "open/iap/characterrow.h"
+#include "open/iap/frame.h"
+#include "open/iap/inklevel.h"
 #include "open/iap/legibility.h"
 #include "open/iap/lineband.h"
 #include "open/iap/straightener.h"
@@ -13,7 +15,6 @@
 
 namespace {
 
-constexpr double MmPerInch = 25.4;
 constexpr double ProfileSmoothingMm = 0.2;
 constexpr double InkPart = 0.3; // of the darkest print: from here on a pixel belongs to a letter
 constexpr int LeastInk = 40;    // of 255
@@ -32,26 +33,6 @@ double meanRow(const std::vector<cv::Point2d>& path)
     const double sum = std::accumulate(path.begin(), path.end(), 0.0,
                                        [](double s, const cv::Point2d& p) { return s + p.y; });
     return path.empty() ? 0.0 : sum / double(path.size());
-}
-
-/* The level of ink that only `part` of the pixels under the mask (all without one) exceed. */
-int levelAbove(const cv::Mat& ink, double part, const cv::Mat& mask = cv::Mat())
-{
-    std::vector<int> counts(256);
-    int total = 0;
-    for (int y = 0; y < ink.rows; ++y)
-        for (int x = 0; x < ink.cols; ++x)
-            if (mask.empty() || mask.at<std::uint8_t>(y, x) != 0) {
-                ++counts[ink.at<std::uint8_t>(y, x)];
-                ++total;
-            }
-    int above = 0;
-    for (int level = 255; level > 0; --level) {
-        above += counts[level];
-        if (above > part * total)
-            return level;
-    }
-    return 0;
 }
 
 /* Where the seen area ends: marks that reach it are cut by it. */

@@ -1,5 +1,6 @@
 #include "open/iap/printtone.h"
 
+#include "open/iap/inklevel.h"
 #include "open/iap/inkmap.h"
 
 #include <opencv2/imgproc.hpp>
@@ -20,22 +21,6 @@ constexpr double LeastAboveNoise = 5.0;
 constexpr double FullInk = 200.0;
 constexpr double GoodInk = 110.0; // is left as it is
 constexpr double MostGain = 8.0;
-
-/* The level that only `part` of the pixels exceed. */
-int levelAbove(const cv::Mat& ink, double part)
-{
-    std::vector<int> counts(256);
-    for (int y = 0; y < ink.rows; ++y)
-        for (int x = 0; x < ink.cols; ++x)
-            ++counts[ink.at<std::uint8_t>(y, x)];
-    int above = 0;
-    for (int level = 255; level > 0; --level) {
-        above += counts[level];
-        if (above > part * double(ink.total()))
-            return level;
-    }
-    return 0;
-}
 
 /* Spread of the noise: the usual curvature of the picture. Few pixels belong to edges of print. */
 double noiseOf(const cv::Mat& ink)
