@@ -4,6 +4,7 @@
  * it hands over has a sensible size, and nothing comes after its end.
  */
 #include "platform/zembra_iap.h"
+#include "tests/fuzz/fuzzbytes.h"
 #include "tests/fuzz/require.h"
 
 #include <algorithm>
@@ -20,25 +21,6 @@ namespace {
 
 constexpr std::size_t MostPixels = 16U << 20;
 constexpr int MostPictures = 10;
-
-/* Bytes, zeros after the last. */
-class Bytes
-{
-public:
-    Bytes(const std::uint8_t* data, std::size_t size) : m_data(data), m_left(size) {}
-    bool isEmpty() const { return m_left == 0; }
-    int next()
-    {
-        if (m_left == 0)
-            return 0;
-        --m_left;
-        return *m_data++;
-    }
-
-private:
-    const std::uint8_t* m_data;
-    std::size_t m_left;
-};
 
 std::atomic<bool> mayDeliver = false;
 std::atomic<int> action = 0;

@@ -1,5 +1,6 @@
 /* Any frames in any order: a picture of a sensible size, or none and a reason. */
 #include "open/iap/stitcher.h"
+#include "tests/fuzz/fuzzbytes.h"
 #include "tests/fuzz/require.h"
 
 #include <algorithm>
@@ -9,25 +10,6 @@
 namespace {
 
 constexpr int MostFrames = 12;
-
-/* Bytes, zeros after the last. */
-class Bytes
-{
-public:
-    Bytes(const std::uint8_t* data, std::size_t size) : m_data(data), m_left(size) {}
-    bool isEmpty() const { return m_left == 0; }
-    int next()
-    {
-        if (m_left == 0)
-            return 0;
-        --m_left;
-        return *m_data++;
-    }
-
-private:
-    const std::uint8_t* m_data;
-    std::size_t m_left;
-};
 
 /* From 100 microseconds to 4 minutes, one in eight backwards. */
 std::int64_t elapsedUs(int drawn)
