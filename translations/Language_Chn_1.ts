@@ -24,11 +24,11 @@
     </message>
     <message>
         <source>Last entry.</source>
-        <translation>已是最后一条。</translation>
+        <translation>已经是最后一条。</translation>
     </message>
     <message>
         <source>First entry.</source>
-        <translation>已是第一条。</translation>
+        <translation>已经是第一条。</translation>
     </message>
     <message>
         <source>Entry %1 of %2</source>
@@ -152,7 +152,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>确定要删除吗？</translation>
+        <translation>确定要删除文件吗？</translation>
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
@@ -180,7 +180,7 @@
     </message>
     <message>
         <source>Nothing recognised.</source>
-        <translation>未识别到文字。</translation>
+        <translation>没有识别到文字。</translation>
     </message>
     <message>
         <source>Press left or right for the languages, up or down for the dictionary, OK to go back.</source>
@@ -304,7 +304,7 @@
     </message>
     <message>
         <source>File exists.</source>
-        <translation>文件已存在。</translation>
+        <translation>已有同名文件。</translation>
     </message>
     <message>
         <source>The file cannot be renamed.</source>
@@ -328,19 +328,19 @@
     </message>
     <message>
         <source>none</source>
-        <translation>无</translation>
+        <translation>不延迟</translation>
     </message>
     <message>
         <source>1s</source>
-        <translation>1秒</translation>
+        <translation>一秒</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2秒</translation>
+        <translation>两秒</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3秒</translation>
+        <translation>三秒</translation>
     </message>
     <message>
         <source>British English</source>
@@ -416,7 +416,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>名称为空。</translation>
+        <translation>没有名称。</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -443,11 +443,11 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>文件过大，请勿在电脑上编辑文件。</translation>
+        <translation>文件过大，请不要在电脑上编辑。</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
-        <translation>未保存，文本保留在此。</translation>
+        <translation>未保存，文本还在这里。</translation>
     </message>
     <message>
         <source>The text is kept in the pen.</source>
@@ -463,7 +463,7 @@
     </message>
     <message>
         <source>Nothing recognised.</source>
-        <translation>未识别到文字。</translation>
+        <translation>没有识别到文字。</translation>
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>确定要删除吗？</translation>
+        <translation>确定要删除文件吗？</translation>
     </message>
 </context>
 </TS>

@@ -332,15 +332,15 @@
     </message>
     <message>
         <source>1s</source>
-        <translation>1 seconde</translation>
+        <translation>Une seconde</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2 secondes</translation>
+        <translation>Deux secondes</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3 secondes</translation>
+        <translation>Trois secondes</translation>
     </message>
     <message>
         <source>British English</source>

@@ -332,15 +332,15 @@
     </message>
     <message>
         <source>1s</source>
-        <translation>1 Sekunde</translation>
+        <translation>Eine Sekunde</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2 Sekunden</translation>
+        <translation>Zwei Sekunden</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3 Sekunden</translation>
+        <translation>Drei Sekunden</translation>
     </message>
     <message>
         <source>British English</source>

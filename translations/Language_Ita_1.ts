@@ -332,15 +332,15 @@
     </message>
     <message>
         <source>1s</source>
-        <translation>1 secondo</translation>
+        <translation>Un secondo</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2 secondi</translation>
+        <translation>Due secondi</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3 secondi</translation>
+        <translation>Tre secondi</translation>
     </message>
     <message>
         <source>British English</source>

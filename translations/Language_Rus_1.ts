@@ -32,7 +32,7 @@
     </message>
     <message>
         <source>Entry %1 of %2</source>
-        <translation>Статья %1 из %2</translation>
+        <translation>Статья %1, всего %2</translation>
     </message>
     <message>
         <source>Start of text.</source>
@@ -62,7 +62,7 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Файловая система повреждена. Подключите ручку к компьютеру и исправьте её.</translation>
+        <translation>Файловая система повреждена. Подключите ручку к компьютеру для исправления.</translation>
     </message>
 </context>
 <context>
@@ -156,11 +156,11 @@
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
-        <translation>Нажмите OK для удаления или вправо для отмены.</translation>
+        <translation>Нажмите OK для удаления, вправо для отмены.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to delete.</source>
-        <translation>Нажмите OK для отмены или влево для удаления.</translation>
+        <translation>Нажмите OK для отмены, влево для удаления.</translation>
     </message>
     <message>
         <source>The file cannot be deleted.</source>
@@ -220,7 +220,7 @@
     </message>
     <message>
         <source>New words</source>
-        <translation>Новые слова</translation>
+        <translation>Список новых слов</translation>
     </message>
     <message>
         <source>There is no translation.</source>
@@ -236,7 +236,7 @@
     </message>
     <message>
         <source>%1 of %2</source>
-        <translation>%1 из %2</translation>
+        <translation>Пункт %1, всего %2</translation>
     </message>
     <message>
         <source>More settings</source>
@@ -256,7 +256,7 @@
     </message>
     <message>
         <source>Line %1 of %2</source>
-        <translation>Строка %1 из %2</translation>
+        <translation>Строка %1, всего %2</translation>
     </message>
     <message>
         <source>Scan quick settings</source>
@@ -296,11 +296,11 @@
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
-        <translation>Нажмите OK для переименования или вправо для отмены.</translation>
+        <translation>Нажмите OK для переименования, вправо для отмены.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to rename.</source>
-        <translation>Нажмите OK для отмены или влево для переименования.</translation>
+        <translation>Нажмите OK для отмены, влево для переименования.</translation>
     </message>
     <message>
         <source>File exists.</source>
@@ -312,7 +312,7 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Файловая система повреждена. Подключите ручку к компьютеру и исправьте её.</translation>
+        <translation>Файловая система повреждена. Подключите ручку к компьютеру для исправления.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
@@ -328,19 +328,19 @@
     </message>
     <message>
         <source>none</source>
-        <translation>нет</translation>
+        <translation>Без задержки</translation>
     </message>
     <message>
         <source>1s</source>
-        <translation>1 секунда</translation>
+        <translation>Одна секунда</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2 секунды</translation>
+        <translation>Две секунды</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3 секунды</translation>
+        <translation>Три секунды</translation>
     </message>
     <message>
         <source>British English</source>
@@ -380,11 +380,11 @@
     </message>
     <message>
         <source>Word Pause</source>
-        <translation>Пауза: слова</translation>
+        <translation>Пауза после слов</translation>
     </message>
     <message>
         <source>Punc Pause</source>
-        <translation>Пауза: знаки</translation>
+        <translation>Пауза после знаков</translation>
     </message>
     <message>
         <source>Read OK</source>
@@ -392,19 +392,19 @@
     </message>
     <message>
         <source>Press left or right to change, OK to go back.</source>
-        <translation>Нажмите влево или вправо для изменения или OK для возврата.</translation>
+        <translation>Нажмите влево или вправо для изменения, OK для возврата.</translation>
     </message>
     <message>
         <source>Press OK to select, or down for other options.</source>
-        <translation>Нажмите OK для выбора или вниз для других пунктов.</translation>
+        <translation>Нажмите OK для выбора, вниз для других пунктов.</translation>
     </message>
     <message>
         <source>Press OK to select, or up or down for more options.</source>
-        <translation>Нажмите OK для выбора или вверх либо вниз для других пунктов.</translation>
+        <translation>Нажмите OK для выбора, вверх или вниз для других пунктов.</translation>
     </message>
     <message>
         <source>Press OK to select, or Up for other options.</source>
-        <translation>Нажмите OK для выбора или вверх для других пунктов.</translation>
+        <translation>Нажмите OK для выбора, вверх для других пунктов.</translation>
     </message>
     <message>
         <source>Scan to File mode. </source>
@@ -416,7 +416,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>Имя пустое.</translation>
+        <translation>Нет имени.</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -447,7 +447,7 @@
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
-        <translation>Не сохранено. Текст остался.</translation>
+        <translation>Не сохранено. Текст пока здесь.</translation>
     </message>
     <message>
         <source>The text is kept in the pen.</source>

@@ -332,15 +332,15 @@
     </message>
     <message>
         <source>1s</source>
-        <translation>1 segundo</translation>
+        <translation>Un segundo</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2 segundos</translation>
+        <translation>Dos segundos</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3 segundos</translation>
+        <translation>Tres segundos</translation>
     </message>
     <message>
         <source>British English</source>

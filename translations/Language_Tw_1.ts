@@ -24,15 +24,15 @@
     </message>
     <message>
         <source>Last entry.</source>
-        <translation>已是最後一筆。</translation>
+        <translation>已經是最後一條。</translation>
     </message>
     <message>
         <source>First entry.</source>
-        <translation>已是第一筆。</translation>
+        <translation>已經是第一條。</translation>
     </message>
     <message>
         <source>Entry %1 of %2</source>
-        <translation>第%1筆，共%2筆</translation>
+        <translation>第%1條，共%2條</translation>
     </message>
     <message>
         <source>Start of text.</source>
@@ -40,7 +40,7 @@
     </message>
     <message>
         <source>End of entry.</source>
-        <translation>本筆結束。</translation>
+        <translation>本條結束。</translation>
     </message>
     <message>
         <source>End of text.</source>
@@ -152,7 +152,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>確定要刪除嗎？</translation>
+        <translation>確定要刪除檔案嗎？</translation>
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
@@ -180,7 +180,7 @@
     </message>
     <message>
         <source>Nothing recognised.</source>
-        <translation>未辨識到文字。</translation>
+        <translation>沒有辨識到文字。</translation>
     </message>
     <message>
         <source>Press left or right for the languages, up or down for the dictionary, OK to go back.</source>
@@ -304,7 +304,7 @@
     </message>
     <message>
         <source>File exists.</source>
-        <translation>檔案已存在。</translation>
+        <translation>已有同名檔案。</translation>
     </message>
     <message>
         <source>The file cannot be renamed.</source>
@@ -328,19 +328,19 @@
     </message>
     <message>
         <source>none</source>
-        <translation>無</translation>
+        <translation>不延遲</translation>
     </message>
     <message>
         <source>1s</source>
-        <translation>1秒</translation>
+        <translation>一秒</translation>
     </message>
     <message>
         <source>2s</source>
-        <translation>2秒</translation>
+        <translation>兩秒</translation>
     </message>
     <message>
         <source>3s</source>
-        <translation>3秒</translation>
+        <translation>三秒</translation>
     </message>
     <message>
         <source>British English</source>
@@ -416,7 +416,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>名稱為空白。</translation>
+        <translation>沒有名稱。</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -443,11 +443,11 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>檔案過大，請勿在電腦上編輯檔案。</translation>
+        <translation>檔案過大，請不要在電腦上編輯。</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
-        <translation>未儲存，文字保留在此。</translation>
+        <translation>未儲存，文字還在這裡。</translation>
     </message>
     <message>
         <source>The text is kept in the pen.</source>
@@ -463,7 +463,7 @@
     </message>
     <message>
         <source>Nothing recognised.</source>
-        <translation>未辨識到文字。</translation>
+        <translation>沒有辨識到文字。</translation>
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
@@ -490,7 +490,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>確定要刪除嗎？</translation>
+        <translation>確定要刪除檔案嗎？</translation>
     </message>
 </context>
 </TS>
