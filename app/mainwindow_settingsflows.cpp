@@ -3,6 +3,7 @@
 
 #include "app/mainwindow.h"
 
+#include "app/languagename.h"
 #include "app/scanlanguagemenu.h"
 #include "app/settingsvalues.h"
 #include "app/widgetchange.h"
@@ -132,7 +133,7 @@ QVector<ScanLanInfoForSort> MainWindow::scanLanguages() const
     const LanguageManager* manager = LanguageManager::Instance();
     QVector<ScanLanInfoForSort> languages;
     for (int row = 0; row < manager->getLanguageSize(); ++row)
-        languages.append({manager->getChnByID(row), row});
+        languages.append({languagename::shown(manager->getChnByID(row)), row});
     const int interfaceLanguage =
         manager->getLanIntByID(ConfigReader::Instance()->getMenuLanInfo());
     sortScanLanMenu(languages, localeOfLanguage(interfaceLanguage));
@@ -190,7 +191,7 @@ void MainWindow::finishTtsSetForSet()
     if (row < 0)
         return;
     scanstart::applyLanguage();
-    tellSetUp(LanguageManager::Instance()->getChnByID(row));
+    tellSetUp(languagename::shown(LanguageManager::Instance()->getChnByID(row)));
 }
 
 // The sign is one for all who work in the background.

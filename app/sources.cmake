@@ -1,4 +1,5 @@
 target_sources(swipeline_app PRIVATE
+    ${CMAKE_SOURCE_DIR}/app/languagename.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_deleteflow.cpp
     ${CMAKE_SOURCE_DIR}/app/mainwindow_dialogs.cpp

@@ -9,7 +9,7 @@ struct languageInfo
 {
     QString name;
     QString code;        // language code as decimal text
-    QString displayName; // as shown in menus
+    QString displayName; // for menus; the interface may have a translation
     int scanFlag = 0;    // 1: can be scanned
     int speechFlag = 0;  // not 0: can be spoken
     int showFlag = 0;    // 1: can be chosen as the language of the interface

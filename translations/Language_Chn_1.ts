@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>阿拉伯语</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>简体中文</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

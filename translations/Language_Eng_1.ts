@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Arabic</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Chinese, simplified</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

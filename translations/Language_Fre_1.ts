@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Arabe</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Chinois simplifié</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Arabisch</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Chinesisch, vereinfacht</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

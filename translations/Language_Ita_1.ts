@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Arabo</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Cinese semplificato</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Арабский</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Китайский упрощённый</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

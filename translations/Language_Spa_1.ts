@@ -119,6 +119,10 @@
         <source>Arabic</source>
         <translation>Árabe</translation>
     </message>
+    <message>
+        <source>Chinese, simplified</source>
+        <translation>Chino simplificado</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>

@@ -206,8 +206,10 @@ void TestInterfaceScreens::mainMenus()
 {
     WindowFixture f({}, prepared());
     walk(f, QStringLiteral("=main-first Down Down Down =main-last OK =scan-settings"));
-    walk(f, QStringLiteral("OK =languages-stored Down Down Down Down Down Down Down Down Down Down "
-                           "Down Down =languages-last Esc"));
+    walk(f,
+         QStringLiteral("OK =languages-stored Up Up Up Up Up Up Up Up Up Up Up =languages-first"));
+    walk(f, QStringLiteral("Down Down Down Down Down Down Down Down Down Down Down "
+                           "=languages-last Esc"));
     walk(f, QStringLiteral("Down OK =reading Right =reading-off Left Down =reading-speed "
                            "Down =word-pause Down =punctuation-pause Down =volume"));
 }

@@ -1,7 +1,15 @@
 #include "app/scanlanguagemenu.h"
 
+#include "app/languagename.h"
+#include "app/startup.h"
+#include "store/languagemanager.h"
+#include "tests/fakes/testroot.h"
+
 #include <QCollator>
+#include <QFile>
+#include <QFileInfo>
 #include <QTest>
+#include <QTranslator>
 
 class TestScanLanguageMenu : public QObject
 {
@@ -15,6 +23,9 @@ private slots:
     void placeIsFoundByRow();
     void localeFollowsTheLanguageCode_data();
     void localeFollowsTheLanguageCode();
+    void everyLanguageOfTheDeviceHasAName_data();
+    void everyLanguageOfTheDeviceHasAName();
+    void namesOfAnotherTableStay();
 };
 
 namespace {
@@ -27,13 +38,57 @@ QVector<ScanLanInfoForSort> named(const QStringList& names)
     return languages;
 }
 
-QString namesOf(const QVector<ScanLanInfoForSort>& languages)
+QString namesOf(const QVector<ScanLanInfoForSort>& languages, QChar between = u' ')
 {
     QStringList names;
     for (const ScanLanInfoForSort& language : languages)
         names.append(language.displayName);
-    return names.join(u' ');
+    return names.join(between);
 }
+
+// The names in the table that comes with the device.
+QStringList namesOfTheDevice()
+{
+    const QString place = QStringLiteral("/apps/config/scanlanguage.cfg");
+    QFile table(QStringLiteral(SWIPELINE_SOURCE_DIR "/device") + place);
+    if (!table.open(QIODevice::ReadOnly))
+        return {};
+    const TestRoot root;
+    root.write(place, table.readAll());
+    QStringList names;
+    if (LanguageManager::Instance()->init() == 0) {
+        for (int row = 0; row < LanguageManager::Instance()->getLanguageSize(); ++row)
+            names.append(LanguageManager::Instance()->getChnByID(row));
+    }
+    LanguageManager::quitFun();
+    return names;
+}
+
+/* The interface in a language while it lives. */
+class Interface
+{
+public:
+    explicit Interface(int code)
+    {
+        const char* const file = translationFor(code);
+        const QString name = QFileInfo(QString::fromLatin1(file)).completeBaseName();
+        m_installed =
+            m_texts.load(QStringLiteral(SWIPELINE_BINARY_DIR "/translations/%1.qm").arg(name))
+            && QCoreApplication::installTranslator(&m_texts);
+    }
+    ~Interface() { QCoreApplication::removeTranslator(&m_texts); }
+    Q_DISABLE_COPY_MOVE(Interface)
+
+    bool isInstalled() const { return m_installed; }
+    bool has(const QString& language) const
+    {
+        return !m_texts.translate("LanguageNames", language.toUtf8().constData()).isEmpty();
+    }
+
+private:
+    QTranslator m_texts;
+    bool m_installed = false;
+};
 
 } // namespace
 
@@ -112,5 +167,62 @@ void TestScanLanguageMenu::localeFollowsTheLanguageCode()
     QCOMPARE(localeOfLanguage(code).script(), script);
 }
 
-QTEST_APPLESS_MAIN(TestScanLanguageMenu)
+void TestScanLanguageMenu::everyLanguageOfTheDeviceHasAName_data()
+{
+    QTest::addColumn<int>("language");
+    QTest::addColumn<QString>("expected"); // the menu
+    const auto row = [](const char* name, int code, const char* names) {
+        QTest::newRow(name) << code << QString::fromUtf8(names);
+    };
+    row("English", 101,
+        "Chinese, simplified/Danish/Dutch/English/French/German/Italian/Norwegian/Portuguese/"
+        "Russian/Spanish/Swedish");
+    row("French", 103,
+        "Allemand/Anglais/Chinois simplifié/Danois/Espagnol/Français/Italien/Néerlandais/"
+        "Norvégien/Portugais/Russe/Suédois");
+    row("German", 104,
+        "Chinesisch, vereinfacht/Dänisch/Deutsch/Englisch/Französisch/Italienisch/"
+        "Niederländisch/Norwegisch/Portugiesisch/Russisch/Schwedisch/Spanisch");
+    row("Spanish", 105,
+        "Alemán/Chino simplificado/Danés/Español/Francés/Inglés/Italiano/Neerlandés/Noruego/"
+        "Portugués/Ruso/Sueco");
+    row("Italian", 106,
+        "Cinese semplificato/Danese/Francese/Inglese/Italiano/Norvegese/Olandese/Portoghese/"
+        "Russo/Spagnolo/Svedese/Tedesco");
+    row("Russian", 151,
+        "Английский/Датский/Испанский/Итальянский/Китайский упрощённый/Немецкий/"
+        "Нидерландский/Норвежский/Португальский/Русский/Французский/Шведский");
+    row("Simplified Chinese: by sound", 1,
+        "丹麦语/德语/俄语/法语/荷兰语/简体中文/挪威语/葡萄牙语/瑞典语/西班牙语/意大利语/英语");
+    row("Traditional Chinese: by strokes", 2,
+        "丹麥語/西班牙語/法語/俄語/英語/挪威語/荷蘭語/瑞典語/義大利語/葡萄牙語/德語/簡體中文");
+}
+
+void TestScanLanguageMenu::everyLanguageOfTheDeviceHasAName()
+{
+    QFETCH(int, language);
+    QFETCH(QString, expected);
+    const Interface interface(language);
+    QVERIFY2(interface.isInstalled(), "build the target translations");
+    QVector<ScanLanInfoForSort> languages;
+    const QStringList names = namesOfTheDevice();
+    for (const QString& name : names) {
+        QVERIFY2(interface.has(name), qPrintable(name));
+        languages.append({languagename::shown(name), static_cast<int>(languages.size())});
+    }
+    sortScanLanMenu(languages, localeOfLanguage(language));
+    QCOMPARE(namesOf(languages, u'/'), expected);
+}
+
+void TestScanLanguageMenu::namesOfAnotherTableStay()
+{
+    constexpr int German = 104;
+    const Interface interface(German);
+    QVERIFY(interface.isInstalled());
+    QCOMPARE(languagename::shown(QStringLiteral("French")), QStringLiteral("Französisch"));
+    for (const char* name : {"Русский", "Français", "简体中文", "Elvish", "french", ""})
+        QCOMPARE(languagename::shown(QString::fromUtf8(name)), QString::fromUtf8(name));
+}
+
+QTEST_GUILESS_MAIN(TestScanLanguageMenu)
 #include "tst_scanlanguagemenu.moc"
