@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>中文</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>英语</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>俄语</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>阿拉伯语</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>简体中文</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>中文-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>英语-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英语</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>法语-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>法语</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>德语-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>德语</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>西班牙语-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>西班牙语</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>意大利语-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>意大利语</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>瑞典语-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>瑞典语</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>丹麦语-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>丹麦语</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>挪威语-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>挪威语</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>荷兰语-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>荷兰语</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>葡萄牙语-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>葡萄牙语</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>俄语-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>俄语</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>阿拉伯语-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>阿拉伯语</translation>
     </message>
 </context>
 <context>

@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>Chinese</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>English</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>Russian</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Arabic</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Chinese, simplified</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Chinese-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>Chinese</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>English-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>English</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>French-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>French</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>German-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>German</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Spanish-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanish</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Italian-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italian</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Swedish-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>Swedish</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Danish-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>Danish</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Norwegian-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>Norwegian</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Dutch-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Dutch</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Portuguese-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portuguese</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Russian-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Russian</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Arabic-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>Arabic</translation>
     </message>
 </context>
 <context>

@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>Chinois</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>Anglais</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>Russe</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Arabe</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Chinois simplifié</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Chinois-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>chinois</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>Anglais-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>anglais</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>Français-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>français</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>Allemand-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>allemand</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Espagnol-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>espagnol</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Italien-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>italien</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Suédois-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>suédois</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Danois-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>danois</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Norvégien-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>norvégien</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Néerlandais-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>néerlandais</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Portugais-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>portugais</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Russe-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>russe</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Arabe-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>arabe</translation>
     </message>
 </context>
 <context>

@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>Chinesisch</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>Englisch</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>Russisch</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Arabisch</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Chinesisch, vereinfacht</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Chinesisch-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>Chinesisch</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>Englisch-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>Französisch-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>Deutsch-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Spanisch-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Italienisch-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Schwedisch-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>Schwedisch</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Dänisch-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>Dänisch</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Norwegisch-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>Norwegisch</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Niederländisch-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Portugiesisch-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>Portugiesisch</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Russisch-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>Russisch</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Arabisch-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>Arabisch</translation>
     </message>
 </context>
 <context>

@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>Cinese</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>Inglese</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>Russo</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Arabo</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Cinese semplificato</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Cinese-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>cinese</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>Inglese-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>inglese</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>Francese-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>francese</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>Tedesco-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>tedesco</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Spagnolo-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>spagnolo</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Italiano-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>italiano</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Svedese-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>svedese</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Danese-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>danese</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Norvegese-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>norvegese</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Olandese-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>olandese</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Portoghese-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>portoghese</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Russo-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>russo</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Arabo-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>arabo</translation>
     </message>
 </context>
 <context>

@@ -62,15 +62,11 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Файловая система повреждена. Подключите ручку к компьютеру для исправления.</translation>
+        <translation>Файловая система повреждена. Подключите ручку к&#xa0;компьютеру для исправления.</translation>
     </message>
 </context>
 <context>
     <name>LanguageNames</name>
-    <message>
-        <source>Chinese</source>
-        <translation>Китайский</translation>
-    </message>
     <message>
         <source>English</source>
         <translation>Английский</translation>
@@ -116,12 +112,115 @@
         <translation>Русский</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Арабский</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Китайский упрощённый</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Китайско-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>китайский</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>Англо-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>английский</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>Французско-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>французский</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>Немецко-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>немецкий</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Испанско-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>испанский</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Итальянско-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>итальянский</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Шведско-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>шведский</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Датско-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>датский</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Норвежско-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>норвежский</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Нидерландско-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>нидерландский</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Португальско-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>португальский</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Русско-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>русский</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Арабско-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>арабский</translation>
     </message>
 </context>
 <context>
@@ -316,7 +415,7 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Файловая система повреждена. Подключите ручку к компьютеру для исправления.</translation>
+        <translation>Файловая система повреждена. Подключите ручку к&#xa0;компьютеру для исправления.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>

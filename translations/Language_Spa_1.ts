@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>Chino</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>Inglés</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>Ruso</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>Árabe</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>Chino simplificado</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>Chino-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>chino</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>Inglés-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>inglés</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>Francés-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>francés</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>Alemán-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>alemán</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>Español-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>español</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>Italiano-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>italiano</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>Sueco-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>sueco</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>Danés-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>danés</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>Noruego-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>noruego</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>Neerlandés-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>neerlandés</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>Portugués-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>portugués</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>Ruso-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>ruso</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>Árabe-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>árabe</translation>
     </message>
 </context>
 <context>

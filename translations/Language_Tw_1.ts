@@ -68,10 +68,6 @@
 <context>
     <name>LanguageNames</name>
     <message>
-        <source>Chinese</source>
-        <translation>中文</translation>
-    </message>
-    <message>
         <source>English</source>
         <translation>英語</translation>
     </message>
@@ -116,12 +112,115 @@
         <translation>俄語</translation>
     </message>
     <message>
-        <source>Arabic</source>
-        <translation>阿拉伯語</translation>
-    </message>
-    <message>
         <source>Chinese, simplified</source>
         <translation>簡體中文</translation>
+    </message>
+</context>
+<context>
+    <name>LanguagePairs</name>
+    <message>
+        <source>Chinese-</source>
+        <translation>中文-</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>中文</translation>
+    </message>
+    <message>
+        <source>English-</source>
+        <translation>英語-</translation>
+    </message>
+    <message>
+        <source>English</source>
+        <translation>英語</translation>
+    </message>
+    <message>
+        <source>French-</source>
+        <translation>法語-</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>法語</translation>
+    </message>
+    <message>
+        <source>German-</source>
+        <translation>德語-</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>德語</translation>
+    </message>
+    <message>
+        <source>Spanish-</source>
+        <translation>西班牙語-</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>西班牙語</translation>
+    </message>
+    <message>
+        <source>Italian-</source>
+        <translation>義大利語-</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>義大利語</translation>
+    </message>
+    <message>
+        <source>Swedish-</source>
+        <translation>瑞典語-</translation>
+    </message>
+    <message>
+        <source>Swedish</source>
+        <translation>瑞典語</translation>
+    </message>
+    <message>
+        <source>Danish-</source>
+        <translation>丹麥語-</translation>
+    </message>
+    <message>
+        <source>Danish</source>
+        <translation>丹麥語</translation>
+    </message>
+    <message>
+        <source>Norwegian-</source>
+        <translation>挪威語-</translation>
+    </message>
+    <message>
+        <source>Norwegian</source>
+        <translation>挪威語</translation>
+    </message>
+    <message>
+        <source>Dutch-</source>
+        <translation>荷蘭語-</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>荷蘭語</translation>
+    </message>
+    <message>
+        <source>Portuguese-</source>
+        <translation>葡萄牙語-</translation>
+    </message>
+    <message>
+        <source>Portuguese</source>
+        <translation>葡萄牙語</translation>
+    </message>
+    <message>
+        <source>Russian-</source>
+        <translation>俄語-</translation>
+    </message>
+    <message>
+        <source>Russian</source>
+        <translation>俄語</translation>
+    </message>
+    <message>
+        <source>Arabic-</source>
+        <translation>阿拉伯語-</translation>
+    </message>
+    <message>
+        <source>Arabic</source>
+        <translation>阿拉伯語</translation>
     </message>
 </context>
 <context>

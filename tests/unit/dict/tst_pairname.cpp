@@ -15,7 +15,7 @@ public:
     {
         Q_UNUSED(disambiguation)
         Q_UNUSED(n)
-        return QLatin1String(context) == QLatin1String("LanguageNames")
+        return QLatin1String(context) == QLatin1String("LanguagePairs")
                    ? u'<' + QLatin1String(text) + u'>'
                    : QString();
     }
@@ -47,13 +47,16 @@ void TestPairName::translated_data()
     const auto row = [](const char* name, const char* shown) {
         QTest::newRow(name) << QString::fromLatin1(name) << QString::fromLatin1(shown);
     };
-    row("English-German", "<English>-<German>");
-    row("French-French", "<French>-<French>");
-    row("Arabic-Norwegian", "<Arabic>-<Norwegian>");
+    row("English-German", "<English-><German>");
+    row("French-French", "<French-><French>");
+    row("Arabic-Norwegian", "<Arabic-><Norwegian>");
     row("Elvish-German", "Elvish-German");
     row("English-Elvish", "English-Elvish");
     row("English-German-French", "English-German-French");
     row("english-german", "english-german");
+    row("English-German-", "English-German-");
+    row("English-", "English-");
+    row("-German", "-German");
     row("English", "English");
     row("English to German", "English to German");
     row("", "");
