@@ -8,8 +8,8 @@
  *     (platform/qcopchannel.h); both share XDG_RUNTIME_DIR.
  *  3. Files: the pen's storage is the run root (SWIPELINE_ROOT); the desk prepares it and looks
  *     at it. While the pen runs it does two things to it that a hand could do: it takes the card
- *     out and puts it back (the folder mnt/mmc is moved away and back), and it lets the memory
- *     look full (while the file FullMarker is there, no byte is free).
+ *     out and puts it back (the folder mnt/mmc is moved away and back), and it fills the memory
+ *     (while the file FullMarker is there, no byte is free and no file on the card can grow).
  *  4. Sound: SDL's audio output, or a WAV file written at the pace of speech
  *     (SWIPELINE_WAV names the file; then nothing sounds).
  *  5. The link described here: camera frames to the pen, reports from the pen.

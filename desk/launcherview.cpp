@@ -109,7 +109,8 @@ QWidget* LauncherView::makeSwitches()
         m_card->setChecked(m_storage.isCardOut());
     });
     connect(&m_storage, &PenStorage::cardChanged, m_card, &QPushButton::setChecked);
-    m_full = addSwitch(tr("Memory &full"), tr("Tells the pen that its memory is full, or free"));
+    m_full =
+        addSwitch(tr("Memory &full"), tr("Fills the memory of the pen and its card, or frees it"));
     m_full->setCheckable(true);
     connect(m_full, &QPushButton::clicked, this, [this](bool full) {
         if (!m_storage.setFull(full))

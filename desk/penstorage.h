@@ -10,7 +10,7 @@
  * A card that is out is the folder "mnt/mmc" of the run root under another name beside it; what the
  * pen would write goes nowhere, as with an empty slot. It is put back when this object goes, and
  * when one is made after the desk was cut off. A full memory is a file below the root that
- * open/system asks for: the pen is told that no byte is free.
+ * open/system asks for: the pen is told that no byte is free, and no file on the card can grow.
  */
 class PenStorage : public QObject
 {

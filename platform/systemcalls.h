@@ -1,7 +1,8 @@
 /* SPDX-License-Identifier: 0BSD */
 /*
- * The system calls that act on the whole machine, behind names of their own: off the device they
- * must not touch the machine, and tests must see the order in which they come.
+ * The system calls that act on the whole machine, or whose outcome is up to the device's storage,
+ * behind names of their own: off the device they must not touch the machine, storage can be made to
+ * refuse, and tests must see the order in which they come.
  *
  * Threads: any.
  */
@@ -32,6 +33,10 @@ bool makeDirectory(const QString& path);
 /* statfs(2): block size times free blocks of the file system that holds `path`, a place on this
  * machine. False when it cannot be told; `bytes` is then untouched. */
 bool freeBytes(const QString& path, quint64& bytes);
+
+/* pwrite(2) to an open file: the bytes written, which may be fewer than `length`; -1 and errno on
+ * failure. ENOSPC: the storage has no room for what lies behind the end of the file. */
+qint64 writeAt(int file, const char* data, qint64 length, qint64 offset);
 
 } // namespace systemcalls
 

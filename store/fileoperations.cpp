@@ -1,5 +1,7 @@
 #include "store/fileoperations.h"
 
+#include "platform/systemcalls.h"
+
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -49,7 +51,7 @@ qint64 FileOperations::read(int file, char* data, qint64 length, qint64 offset)
 
 qint64 FileOperations::write(int file, const char* data, qint64 length, qint64 offset)
 {
-    return ::pwrite(file, data, static_cast<size_t>(length), offset);
+    return systemcalls::writeAt(file, data, length, offset);
 }
 
 int FileOperations::truncate(int file, qint64 size)

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/vfs.h>
@@ -19,6 +21,13 @@ bool isSaidToBeFull()
 {
     return !qEnvironmentVariableIsEmpty("SWIPELINE_ROOT")
            && QFile::exists(devicePath(QLatin1Char('/') + QLatin1String(desklink::FullMarker)));
+}
+
+bool isOnCard(int file)
+{
+    const QString link = QStringLiteral("/proc/self/fd/%1").arg(file);
+    const QString card = QFileInfo(devicePath(QStringLiteral("/mnt/mmc"))).canonicalFilePath();
+    return !card.isEmpty() && QFileInfo(link).symLinkTarget().startsWith(card + QLatin1Char('/'));
 }
 
 } // namespace
@@ -70,6 +79,22 @@ bool freeBytes(const QString& path, quint64& bytes)
         return false;
     bytes = static_cast<quint64>(info.f_bsize) * info.f_bfree;
     return true;
+}
+
+qint64 writeAt(int file, const char* data, qint64 length, qint64 offset)
+{
+    if (isSaidToBeFull() && isOnCard(file)) {
+        struct stat info = {};
+        if (::fstat(file, &info) != 0)
+            return -1;
+        // As on a card without a free block: what is there can be overwritten, nothing can grow.
+        length = std::min<qint64>(length, info.st_size - offset);
+        if (length <= 0) {
+            errno = ENOSPC;
+            return -1;
+        }
+    }
+    return ::pwrite(file, data, static_cast<std::size_t>(length), offset);
 }
 
 } // namespace systemcalls

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <atomic>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -68,6 +69,11 @@ bool freeBytes(const QString& path, quint64& bytes)
         return false;
     bytes = static_cast<quint64>(left);
     return true;
+}
+
+qint64 writeAt(int file, const char* data, qint64 length, qint64 offset)
+{
+    return ::pwrite(file, data, static_cast<std::size_t>(length), offset);
 }
 
 } // namespace systemcalls

@@ -1,3 +1,4 @@
+#include "desk/desklink.h"
 #include "platform/systemcalls.h"
 
 #include <QDir>
@@ -7,7 +8,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <cerrno>
+#include <fcntl.h>
 #include <optional>
+#include <unistd.h>
 
 class TestSystemCalls : public QObject
 {
@@ -23,8 +27,12 @@ private slots:
     void tellsFreeBytes();
     void freeBytesOfNothingIsUntouched();
     void sleepsAtLeastThatLong();
+    void writesAtAPlaceInAFile();
+    void nothingGrowsOnAFullCard();
 
 private:
+    QByteArray content(const QString& name) const;
+
     std::optional<QTemporaryDir> m_dir;
 };
 
@@ -99,6 +107,61 @@ void TestSystemCalls::sleepsAtLeastThatLong()
     timer.start();
     systemcalls::sleepMicroseconds(2000);
     QVERIFY(timer.nsecsElapsed() >= 2000000);
+}
+
+namespace {
+
+/* A new file below a folder, open for writing. */
+int openFile(const QTemporaryDir& dir, const QString& name)
+{
+    const QString path = dir.filePath(name);
+    QDir().mkpath(QFileInfo(path).path());
+    return ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+}
+
+} // namespace
+
+QByteArray TestSystemCalls::content(const QString& name) const
+{
+    QFile file(m_dir->filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("cannot be read");
+}
+
+void TestSystemCalls::writesAtAPlaceInAFile()
+{
+    const int file = openFile(*m_dir, QStringLiteral("mnt/mmc/a.txt"));
+    QCOMPARE(systemcalls::writeAt(file, "abcdef", 6, 0), 6);
+    QCOMPARE(systemcalls::writeAt(file, "XYZ", 3, 5), 3);
+    ::close(file);
+    QCOMPARE(content(QStringLiteral("mnt/mmc/a.txt")), "abcdeXYZ");
+    QCOMPARE(systemcalls::writeAt(file, "-", 1, 0), -1);
+    QCOMPARE(errno, EBADF);
+}
+
+void TestSystemCalls::nothingGrowsOnAFullCard()
+{
+    const QString onCard = QStringLiteral("mnt/mmc/e_ScanFile/a.txt");
+    const QString onFlash = QStringLiteral("apps/config/store.jnl");
+    const int file = openFile(*m_dir, onCard);
+    QCOMPARE(systemcalls::writeAt(file, "abcdef", 6, 0), 6);
+    const int flash = openFile(*m_dir, onFlash);
+    const QString marker = QLatin1String(desklink::FullMarker);
+    ::close(openFile(*m_dir, marker));
+
+    // What is there can be changed, as far as it goes.
+    QCOMPARE(systemcalls::writeAt(file, "ABC", 3, 0), 3);
+    QCOMPARE(systemcalls::writeAt(file, "EFG", 3, 4), 2);
+    QCOMPARE(systemcalls::writeAt(file, "G", 1, 6), -1);
+    QCOMPARE(errno, ENOSPC);
+    QCOMPARE(systemcalls::writeAt(flash, "text", 4, 0), 4);
+    QCOMPARE(content(onCard), "ABCdEF");
+
+    QVERIFY(QFile::remove(m_dir->filePath(marker)));
+    QCOMPARE(systemcalls::writeAt(file, "G", 1, 6), 1);
+    QCOMPARE(content(onCard), "ABCdEFG");
+    QCOMPARE(content(onFlash), "text");
+    ::close(file);
+    ::close(flash);
 }
 
 QTEST_GUILESS_MAIN(TestSystemCalls)
