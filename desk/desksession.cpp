@@ -238,7 +238,7 @@ bool DeskSession::swipe(const std::vector<PathPoint>& path)
     if (path.size() < 2 || !m_camera)
         return false;
     stir();
-    if (!m_feeder.swipe(m_camera, HandPath::through(path)))
+    if (!m_feeder.swipe(m_camera, HandPath::through(path, m_hand.motion(++m_swipes))))
         return false;
     emit handTouches();
     emit handSwiped(path);
@@ -253,7 +253,7 @@ void DeskSession::trace(QPointF mm)
 bool DeskSession::beginSwipe(QPointF mm)
 {
     stir();
-    if (!m_camera || !m_feeder.begin(m_camera, mm))
+    if (!m_camera || !m_feeder.begin(m_camera, mm, m_hand.motion(++m_swipes)))
         return false;
     m_trace.clear();
     m_traceClock.start();

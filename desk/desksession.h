@@ -83,9 +83,9 @@ public:
      * under way, there is no page or line, or the way is shorter than a millimetre. */
     bool swipe(QPointF fromMm, QPointF toMm, double speedMmPerS = 0.0);
     bool swipeLine(int line, double speedMmPerS = 0.0);
-    /* Swipes as a hand has moved before. False as above. */
+    /* Swipes as a hand has moved before, with the wobble of hand(). False as above. */
     bool swipe(const std::vector<PathPoint>& path);
-    /* Swipes with the user's own hand. */
+    /* Swipes with the user's own hand: its way and its pace, the wobble of hand(). */
     bool beginSwipe(QPointF mm);
     void moveSwipe(QPointF mm);
     void endSwipe(QPointF mm);

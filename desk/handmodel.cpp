@@ -11,16 +11,25 @@ constexpr double DegPerWobbleMm = 4.0; // a hand that sways by 0.15 mm turns by 
 
 constexpr auto Traits = std::to_array<HandModel::Trait>({
     {"speed", QT_TRANSLATE_NOOP("HandModel", "Speed"), QT_TRANSLATE_NOOP("HandModel", " mm/s"),
+     QT_TRANSLATE_NOOP("HandModel", "How fast the desk swipes: double click, Return, scripts. "
+                                    "A drag with the mouse has your own pace."),
      20.0, 800.0, 10.0, 0, &HandModel::speedMmPerS},
-    {"wobble", QT_TRANSLATE_NOOP("HandModel", "Wobble"), QT_TRANSLATE_NOOP("HandModel", " mm"), 0.0,
-     1.0, 0.05, 2, &HandModel::wobbleMm},
-    {"tilt", QT_TRANSLATE_NOOP("HandModel", "Tilt"), "°", -20.0, 20.0, 1.0, 0, &HandModel::tiltDeg},
-    {"shade", QT_TRANSLATE_NOOP("HandModel", "Shade"), " %", 0.0, 90.0, 5.0, 0,
-     &HandModel::shadePercent},
-    {"noise", QT_TRANSLATE_NOOP("HandModel", "Noise"), "", 0.0, 20.0, 1.0, 0,
-     &HandModel::noiseLevels},
-    {"blur", QT_TRANSLATE_NOOP("HandModel", "Blur"), QT_TRANSLATE_NOOP("HandModel", " px"), 0.0,
-     2.5, 0.1, 1, &HandModel::blurPx},
+    {"wobble", QT_TRANSLATE_NOOP("HandModel", "Wobble"), QT_TRANSLATE_NOOP("HandModel", " mm"),
+     QT_TRANSLATE_NOOP("HandModel", "How far the hand sways off its way, and turns the pen; "
+                                    "in a drag with the mouse, too"),
+     0.0, 1.0, 0.05, 2, &HandModel::wobbleMm},
+    {"tilt", QT_TRANSLATE_NOOP("HandModel", "Tilt"), "°",
+     QT_TRANSLATE_NOOP("HandModel", "How far the pen is turned on the paper, clockwise"), -20.0,
+     20.0, 1.0, 0, &HandModel::tiltDeg},
+    {"shade", QT_TRANSLATE_NOOP("HandModel", "Shade"), QT_TRANSLATE_NOOP("HandModel", " %"),
+     QT_TRANSLATE_NOOP("HandModel", "How much darker one end of the camera's picture is"), 0.0,
+     90.0, 5.0, 0, &HandModel::shadePercent},
+    {"noise", QT_TRANSLATE_NOOP("HandModel", "Noise"), "",
+     QT_TRANSLATE_NOOP("HandModel", "Noise of the camera, in grey levels of 256"), 0.0, 20.0, 1.0,
+     0, &HandModel::noiseLevels},
+    {"blur", QT_TRANSLATE_NOOP("HandModel", "Blur"), QT_TRANSLATE_NOOP("HandModel", " px"),
+     QT_TRANSLATE_NOOP("HandModel", "Blur of the lens, in pixels of the camera"), 0.0, 2.5, 0.1, 1,
+     &HandModel::blurPx},
 });
 
 } // namespace

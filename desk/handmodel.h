@@ -13,8 +13,8 @@
  */
 struct HandModel
 {
-    double speedMmPerS = 150.0; // of swipes that the desk makes; the mouse has its own
-    double wobbleMm = 0.15;     // how far such a swipe sways off the line; the pen turns along
+    double speedMmPerS = 150.0; // of swipes that the desk makes; a drag with the mouse has its own
+    double wobbleMm = 0.15;     // how far a swipe sways off its way; the pen turns along
     double tiltDeg = 0.0;       // the pen is turned on the paper, clockwise
     double shadePercent = 15.0; // how much darker one end of the camera's field is
     double noiseLevels = 2.0;   // sigma of the camera's noise, in grey levels of 256
@@ -27,6 +27,7 @@ struct HandModel
         const char* name; // in scripts and in the settings file
         const char* label;
         const char* unit;
+        const char* hint; // for the user
         double least;
         double most;
         double step;

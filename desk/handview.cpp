@@ -39,7 +39,12 @@ HandView::HandView(QWidget* parent) : QScrollArea(parent), m_left(new QCheckBox(
     const int row = grid->rowCount();
     grid->addWidget(m_left, row, 0, 1, 2);
     grid->addWidget(usual, row, 1, 1, 2, Qt::AlignRight);
-    grid->setRowStretch(row + 1, 1);
+    auto* const note = new QLabel(
+        tr("The speed is that of the desk's own swipes; a drag with the mouse has yours."));
+    note->setObjectName(QStringLiteral("quiet"));
+    note->setWordWrap(true);
+    grid->addWidget(note, row + 1, 0, 1, 3);
+    grid->setRowStretch(row + 2, 1);
     setWidget(content);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -63,11 +68,14 @@ void HandView::addTrait(QGridLayout& grid, const HandModel::Trait& trait)
     slider->setRange(0, int(std::lround((trait.most - trait.least) / trait.step)));
     slider->setPageStep(std::max(1, slider->maximum() / 10));
     slider->setAccessibleName(told(trait.label));
+    slider->setToolTip(told(trait.hint));
     auto* const value = new QLabel;
     value->setMinimumWidth(64);
     value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     const int row = int(m_rows.size());
-    grid.addWidget(new QLabel(told(trait.label)), row, 0);
+    auto* const label = new QLabel(told(trait.label));
+    label->setToolTip(slider->toolTip());
+    grid.addWidget(label, row, 0);
     grid.addWidget(slider, row, 1);
     grid.addWidget(value, row, 2);
     m_rows.push_back({&trait, slider, value});

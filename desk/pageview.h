@@ -26,6 +26,9 @@ public:
      * the hand's pace stays. */
     void setRuler(bool on) { m_ruler = on; }
 
+    /* Where a part of the page is shown, in pixels of the viewport; it may be scrolled away. */
+    QRectF toViewport(const QRectF& mm) const;
+
     /* Shows where the camera looks. */
     void showCamera(QPointF mm, double angleDeg);
     void hideCamera();
@@ -54,7 +57,6 @@ private:
     double pixelsPerMm() const;
     QPointF paperOrigin() const;
     QPointF toMm(QPointF viewportPoint) const;
-    QRectF toViewport(const QRectF& mm) const;
     QPointF handAt(QPointF viewportPoint) const;
     void endDrag(QPointF viewportPoint);
     void chooseLine(int line);

@@ -40,16 +40,17 @@ bool SwipeFeeder::isSwiping() const
 
 bool SwipeFeeder::swipe(Camera camera, HandPath path)
 {
-    return !path.isEmpty() && start(std::move(camera), {}, std::move(path), true);
+    return !path.isEmpty() && start(std::move(camera), {}, {}, std::move(path), true);
 }
 
-bool SwipeFeeder::begin(Camera camera, QPointF mm)
+bool SwipeFeeder::begin(Camera camera, QPointF mm, const HandSettings& hand)
 {
     const std::vector<PathPoint> points = {{0.0, mm}};
-    return start(std::move(camera), points, HandPath::through(points), false);
+    return start(std::move(camera), hand, points, HandPath::through(points, hand), false);
 }
 
-bool SwipeFeeder::start(Camera camera, std::vector<PathPoint> points, HandPath path, bool complete)
+bool SwipeFeeder::start(Camera camera, const HandSettings& hand, std::vector<PathPoint> points,
+                        HandPath path, bool complete)
 {
     {
         const std::lock_guard lock(m_mutex);
@@ -58,6 +59,7 @@ bool SwipeFeeder::start(Camera camera, std::vector<PathPoint> points, HandPath p
         m_active = true;
         m_complete = complete;
         m_camera = std::move(camera);
+        m_hand = hand;
         m_points = std::move(points);
         m_path = std::move(path);
         m_start = Clock::now();
@@ -84,7 +86,7 @@ void SwipeFeeder::addPoint(QPointF mm, bool last)
             return;
         const std::chrono::duration<double> since = Clock::now() - m_start;
         m_points.push_back({since.count(), mm});
-        m_path = HandPath::through(m_points);
+        m_path = HandPath::through(m_points, m_hand);
         m_complete = last;
     }
     m_changed.notify_all();

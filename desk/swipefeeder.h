@@ -37,8 +37,8 @@ public:
 
     /* Swipes along with a hand that is on its way: begin, then move for every position heard of,
      * lift at the end. Time is taken at the call. While the hand rests, move() with the same
-     * position keeps the camera going. */
-    bool begin(Camera camera, QPointF mm);
+     * position keeps the camera going. The hand wobbles as `hand` says; its pace is its own. */
+    bool begin(Camera camera, QPointF mm, const HandSettings& hand);
     void move(QPointF mm);
     void lift(QPointF mm);
 
@@ -52,7 +52,8 @@ signals:
 private:
     using Clock = std::chrono::steady_clock; // CLOCK_MONOTONIC
 
-    bool start(Camera camera, std::vector<PathPoint> points, HandPath path, bool complete);
+    bool start(Camera camera, const HandSettings& hand, std::vector<PathPoint> points,
+               HandPath path, bool complete);
     void addPoint(QPointF mm, bool last);
     void run();
     void feed(std::unique_lock<std::mutex>& lock);
@@ -65,6 +66,7 @@ private:
     bool m_active = false;
     bool m_complete = false; // the path is known to its end
     Camera m_camera;
+    HandSettings m_hand;
     std::vector<PathPoint> m_points;
     HandPath m_path;
     Clock::time_point m_start;

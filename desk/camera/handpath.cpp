@@ -11,6 +11,8 @@ namespace {
 constexpr double NodeSeconds = 0.004;
 constexpr double StartSeconds = 0.08; // from rest to full speed
 constexpr double BrakeMm = 4.0;       // way in which the hand slows down at the end
+constexpr double SwayMm = 60.0;       // way in which the hand sways to and fro
+constexpr double TurnMm = 45.0;       // and turns to and fro
 
 /* A slow irregular sway between about -1 and 1. */
 class Sway
@@ -45,12 +47,42 @@ private:
 
 } // namespace
 
+/* How a hand leaves its way after so many millimetres of it. */
+class HandPath::Tremor
+{
+public:
+    explicit Tremor(const HandSettings& settings) : Tremor(settings, std::mt19937(settings.seed)) {}
+
+    void shake(PenPose& pose, double goneMm) const
+    {
+        pose.mm += m_mm * QPointF(m_swayX.at(goneMm), m_swayY.at(goneMm));
+        pose.angleDeg += m_deg * m_turn.at(goneMm);
+    }
+
+private:
+    Tremor(const HandSettings& settings, std::mt19937 random)
+        : m_mm(settings.wobbleMm),
+          m_deg(settings.wobbleDeg),
+          m_swayX(random, SwayMm),
+          m_swayY(random, SwayMm),
+          m_turn(random, TurnMm)
+    {
+    }
+
+    double m_mm;
+    double m_deg;
+    // Where a hand that is still moving goes is not known: it sways in every direction.
+    Sway m_swayX;
+    Sway m_swayY;
+    Sway m_turn;
+};
+
 HandPath HandPath::sampled(QPointF startMm, QPointF endMm, const HandSettings& settings)
 {
     std::mt19937 random(settings.seed);
     const Sway speedSway(random, 0.7);
-    const Sway sideSway(random, 60.0);
-    const Sway angleSway(random, 45.0);
+    const Sway sideSway(random, SwayMm);
+    const Sway angleSway(random, TurnMm);
 
     const QPointF way = endMm - startMm;
     const double length = std::hypot(way.x(), way.y());
@@ -66,7 +98,7 @@ HandPath HandPath::sampled(QPointF startMm, QPointF endMm, const HandSettings& s
     while (true) {
         path.m_points.push_back(
             {seconds, startMm + along * gone + aside * (settings.wobbleMm * sideSway.at(gone)),
-             settings.wobbleDeg * angleSway.at(gone)});
+             settings.wobbleDeg * angleSway.at(gone), gone});
         if (gone >= length)
             return path;
         seconds += NodeSeconds;
@@ -84,11 +116,24 @@ HandPath HandPath::sampled(QPointF startMm, QPointF endMm, const HandSettings& s
 HandPath HandPath::through(const std::vector<PathPoint>& points)
 {
     HandPath path;
+    double gone = 0.0;
     for (const PathPoint& point : points) {
         const double seconds = point.seconds - points.front().seconds;
-        if (path.m_points.empty() || seconds > path.m_points.back().seconds)
-            path.m_points.push_back({seconds, point.mm, 0.0});
+        if (!path.m_points.empty()) {
+            if (seconds <= path.m_points.back().seconds)
+                continue;
+            const QPointF step = point.mm - path.m_points.back().mm;
+            gone += std::hypot(step.x(), step.y());
+        }
+        path.m_points.push_back({seconds, point.mm, 0.0, gone});
     }
+    return path;
+}
+
+HandPath HandPath::through(const std::vector<PathPoint>& points, const HandSettings& settings)
+{
+    HandPath path = through(points);
+    path.m_tremor = std::make_shared<const Tremor>(settings);
     return path;
 }
 
@@ -101,10 +146,21 @@ PenPose HandPath::poseAt(double seconds) const
 {
     if (m_points.empty())
         return {};
+    double goneMm = 0.0;
+    PenPose pose = steadyPoseAt(seconds, goneMm);
+    if (m_tremor)
+        m_tremor->shake(pose, goneMm);
+    return pose;
+}
+
+PenPose HandPath::steadyPoseAt(double seconds, double& goneMm) const
+{
     if (m_points.size() == 1 || seconds <= 0.0)
         return {m_points.front().mm, m_points.front().angleDeg, {}};
-    if (seconds >= duration())
+    if (seconds >= duration()) {
+        goneMm = m_points.back().goneMm;
         return {m_points.back().mm, m_points.back().angleDeg, {}};
+    }
 
     const auto next = std::upper_bound(m_points.begin(), m_points.end(), seconds,
                                        [](double s, const Node& n) { return s < n.seconds; });
@@ -128,5 +184,6 @@ PenPose HandPath::poseAt(double seconds) const
                        + b.mm * (-2 * t3 + 3 * t2) + slopeB * (t3 - t2);
     const QPointF change = a.mm * (6 * t2 - 6 * t) + slopeA * (3 * t2 - 4 * t + 1)
                            + b.mm * (-6 * t2 + 6 * t) + slopeB * (3 * t2 - 2 * t);
+    goneMm = a.goneMm + (b.goneMm - a.goneMm) * t;
     return {mm, a.angleDeg + (b.angleDeg - a.angleDeg) * t, change / span};
 }

@@ -4,6 +4,7 @@
 #include "desk/camera/pencamera.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 /* How a hand moves the pen. */
@@ -39,6 +40,10 @@ public:
      * are left out. Without any point the path is empty. */
     static HandPath through(const std::vector<PathPoint>& points);
 
+    /* The same with the wobble of the settings: the hand sways about the recorded way and turns the
+     * pen. Where it is after a while does not depend on what comes later. */
+    static HandPath through(const std::vector<PathPoint>& points, const HandSettings& settings);
+
     bool isEmpty() const { return m_points.empty(); }
     double duration() const; // seconds
 
@@ -46,13 +51,19 @@ public:
     PenPose poseAt(double seconds) const;
 
 private:
+    class Tremor;
     struct Node
     {
         double seconds;
         QPointF mm;
         double angleDeg;
+        double goneMm; // way until here
     };
+
+    PenPose steadyPoseAt(double seconds, double& goneMm) const;
+
     std::vector<Node> m_points;
+    std::shared_ptr<const Tremor> m_tremor; // on top of them
 };
 
 #endif

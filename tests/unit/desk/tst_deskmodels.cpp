@@ -7,9 +7,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLineF>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -58,6 +61,39 @@ private slots:
         QCOMPARE(odd.rotationDeg, -4.0);
         QCOMPARE(odd.lightGradient, 0.6);
         QCOMPARE(hand.motion(9).seed, 9U);
+    }
+
+    void aHandWobblesOnItsOwnWay()
+    {
+        std::vector<PathPoint> points;
+        for (int i = 0; i <= 100; ++i)
+            points.push_back({i * 0.008, QPointF(20.0 + i, 35.0)});
+        HandModel hand;
+        const auto wobbling = [&](double wobbleMm) {
+            hand.wobbleMm = wobbleMm;
+            return HandPath::through(points, hand.motion(3));
+        };
+        const HandPath exact = HandPath::through(points);
+        const HandPath still = wobbling(0.0);
+        const HandPath little = wobbling(0.2);
+        const HandPath much = wobbling(0.6);
+        double farthest = 0.0;
+        for (double s = 0.0; s <= exact.duration(); s += 0.003) {
+            const PenPose at = exact.poseAt(s);
+            QCOMPARE(still.poseAt(s).mm, at.mm);
+            QCOMPARE(still.poseAt(s).angleDeg, 0.0);
+            const QPointF off = little.poseAt(s).mm - at.mm;
+            farthest = std::max(farthest, std::hypot(off.x(), off.y()));
+            QVERIFY(QLineF(much.poseAt(s).mm - at.mm, 3.0 * off).length() < 1e-9);
+            QVERIFY(std::abs(much.poseAt(s).angleDeg - 3.0 * little.poseAt(s).angleDeg) < 1e-9);
+        }
+        QVERIFY2(farthest > 0.08 && farthest < 0.35, qPrintable(QString::number(farthest)));
+
+        // Where the hand was does not change while it goes on; and another swipe sways otherwise.
+        const PenPose later = much.poseAt(0.3);
+        points.resize(50);
+        QCOMPARE(wobbling(0.6).poseAt(0.3).mm, later.mm);
+        QVERIFY(HandPath::through(points, hand.motion(4)).poseAt(0.3).mm != later.mm);
     }
 
     void valuesStayInTheirRange()
