@@ -44,9 +44,11 @@ enum {
  * context  reserved, null.
  * image    width x height bytes, one byte a pixel (0 black to 255 white), row after row without
  *          padding, first row on top: the line upright, dark print on light ground. Owned by the
- *          engine and valid during the call only; the receiver copies what it keeps. A null
- *          image with width and height 0 tells that the swipe is over but no line could be
- *          made of it (no print, unreadable motion, the camera went before the tip was lifted).
+ *          engine and valid during the call only; the receiver copies what it keeps. With
+ *          width and height 0 the swipe is over but no line could be made of it: an image that
+ *          is not null asks to tell the user so (no print, unreadable motion, the camera went
+ *          before the tip was lifted); a null image tells of a mere touch of the tip, too short
+ *          for a swipe. An engine that cannot tell the two apart passes null.
  * width    pixels, 0 or more.
  * height   pixels, 0 or more.
  * flag     a byte that belongs to this image; it is to be handed to ZEMBRA_OCR_Recognize

@@ -161,8 +161,9 @@ void ScanSession::work()
 void ScanSession::handle(const Event& event)
 {
     if (const Press* press = std::get_if<Press>(&event)) {
-        m_swipe.emplace(Swipe{press->permit, Stitcher(press->permit.settings), {}});
+        m_swipe.emplace(Swipe{press->permit, Stitcher(press->permit.settings)});
     } else if (const Frame* frame = std::get_if<Frame>(&event)) {
+        m_swipe->note(*frame);
         if (m_swipe->trouble.empty())
             m_swipe->trouble = troubleIn([&] { m_swipe->stitcher.feed(*frame); });
     } else {
@@ -172,6 +173,18 @@ void ScanSession::handle(const Event& event)
         m_swipe.reset();
         --m_openSwipes;
     }
+}
+
+void ScanSession::Swipe::note(const Frame& frame)
+{
+    if (!beganUs)
+        beganUs = frame.timeUs;
+    lastedUs = frame.timeUs - *beganUs;
+}
+
+bool ScanSession::Swipe::isMeant() const
+{
+    return lastedUs >= ShortestSwipeUs || !trouble.empty();
 }
 
 SwipePicture ScanSession::pictureOf(Swipe& swipe)
@@ -209,7 +222,10 @@ SwipeReport ScanSession::deliver(const Swipe& swipe, SwipePicture& picture)
     }
     // Before the callback, which may take long or stop the engine.
     m_source->report(report);
-    unsigned char* image = picture.width > 0 ? picture.pixels.data() : nullptr;
+    unsigned char empty = 0; // what an empty picture points at
+    unsigned char* image = picture.width > 0 ? picture.pixels.data()
+                           : swipe.isMeant() ? &empty
+                                             : nullptr;
     const unsigned char flag =
         swipe.permit.settings.han ? ZEMBRA_IAP_SCRIPT_HAN : ZEMBRA_IAP_SCRIPT_ALPHA;
     t_inCallback = true;

@@ -17,7 +17,8 @@
 /*
  * The engine between its start and its stop: a frame source, whose thread only queues what
  * happens, and a worker that stitches and delivers. A swipe that cannot be worked up, whatever the
- * reason, is delivered as an unreadable one.
+ * reason, is delivered as an unreadable one: as an empty picture, so that the user is told, unless
+ * the tip only touched the paper.
  */
 class ScanSession : public FrameListener, public std::enable_shared_from_this<ScanSession>
 {
@@ -44,6 +45,9 @@ public:
     void sourceLost() override;
     void awaitRoom() override;
 
+    /* Of its frames; a shorter one is a touch of the tip, which asks for no answer. */
+    static constexpr std::int64_t ShortestSwipeUs = 200'000;
+
     /* What the queue holds at most, 20 seconds of usual frames; then frames are left out. */
     static constexpr std::size_t MostQueued = 3000;
     static constexpr std::size_t MostQueuedBytes = 64 << 20;
@@ -64,7 +68,13 @@ private:
     {
         ScanControl::Permit permit;
         Stitcher stitcher;
-        std::string trouble; // why it can give no picture any more
+        std::string trouble = {};                           // why it can give no picture any more
+        std::optional<std::int64_t> beganUs = std::nullopt; // its first frame's time
+        std::int64_t lastedUs = 0;
+
+        void note(const Frame& frame);
+        /* Whether the user waits for something to come of it. */
+        bool isMeant() const;
     };
 
     ScanSession(std::unique_ptr<FrameSource> source, ScanControl& control);

@@ -1,3 +1,4 @@
+#include "open/iap/scansession.h"
 #include "tests/unit/open/iapfixture.h"
 
 #include <QTest>
@@ -13,8 +14,9 @@ private slots:
     void swipeIsDelivered();
     void leftHandTurnsThePicture();
     void flagIsTheScriptOfTheSwipe();
-    void blankPaperGivesANullImage();
-    void unreadableMotionGivesANullImage();
+    void blankPaperGivesAnEmptyImage();
+    void unreadableMotionGivesAnEmptyImage();
+    void touchOfTheTipGivesANullImage();
     void liftWithoutFramesGivesANullImage();
     void stopBeforeThePress();
     void stopDuringTheSwipe();
@@ -68,13 +70,13 @@ void TestIapSwipes::flagIsTheScriptOfTheSwipe()
     QCOMPARE(receiver.delivery(2)->flag, int(ZEMBRA_IAP_SCRIPT_ALPHA));
 }
 
-void TestIapSwipes::blankPaperGivesANullImage()
+void TestIapSwipes::blankPaperGivesAnEmptyImage()
 {
     Receiver receiver;
     start();
     m_desk->swipe(swipeFrames(blankPage(), 1, {}));
     const auto delivery = receiver.delivery();
-    QVERIFY(delivery && delivery->isNull);
+    QVERIFY(delivery && !delivery->isNull);
     QCOMPARE(delivery->width, 0);
     QCOMPARE(delivery->height, 0);
     QString reason;
@@ -82,7 +84,7 @@ void TestIapSwipes::blankPaperGivesANullImage()
     QVERIFY(!reason.isEmpty());
 }
 
-void TestIapSwipes::unreadableMotionGivesANullImage()
+void TestIapSwipes::unreadableMotionGivesAnEmptyImage()
 {
     Receiver receiver;
     start();
@@ -98,8 +100,25 @@ void TestIapSwipes::unreadableMotionGivesANullImage()
         }
     m_desk->swipe(frames);
     const auto delivery = receiver.delivery();
-    QVERIFY(delivery && delivery->isNull);
+    QVERIFY(delivery && !delivery->isNull);
+    QCOMPARE(delivery->width, 0);
+    QCOMPARE(delivery->height, 0);
     QCOMPARE(nextResult().outcome, desklink::SwipeOutcome::BadMotion);
+}
+
+void TestIapSwipes::touchOfTheTipGivesANullImage()
+{
+    Receiver receiver;
+    start();
+    std::vector<Frame> frames = swipeFrames(blankPage(), 1, {});
+    const auto isLate = [began = frames.front().timeUs](const Frame& frame) {
+        return frame.timeUs - began >= ScanSession::ShortestSwipeUs;
+    };
+    frames.erase(std::ranges::find_if(frames, isLate), frames.end());
+    m_desk->swipe(frames);
+    const auto delivery = receiver.delivery();
+    QVERIFY(delivery && delivery->isNull);
+    QCOMPARE(nextResult().outcome, desklink::SwipeOutcome::NoPrint);
 }
 
 void TestIapSwipes::liftWithoutFramesGivesANullImage()

@@ -106,7 +106,8 @@ void TestIapTrouble::noMemoryForThePicture()
     m_desk->lift();
     const auto delivery = receiver.delivery();
     s_refusedBytes = 0;
-    QVERIFY(delivery && delivery->isNull);
+    QVERIFY(delivery && !delivery->isNull);
+    QCOMPARE(delivery->width, 0);
     QString reason;
     QCOMPARE(nextResult(&reason).outcome, desklink::SwipeOutcome::BadMotion);
     QVERIFY2(reason.contains("bad_alloc"), qPrintable(reason));
