@@ -1,3 +1,4 @@
+#include "dict/dictswitch.h"
 #include "platform/devicepaths.h"
 #include "tests/screens/album.h"
 #include "tests/screens/interfacelanguage.h"
@@ -105,7 +106,8 @@ FakeDic::Dictionary named(const std::u16string& name)
     return DictFixture::dictionary(name, {});
 }
 
-// The names of the pairs are those of the engine, and all languages that it has are in them. The
+// The names of the pairs are those of the engine; each language that it has is in two of them, as
+// the first and as the second. The
 // screen to translate is silent, so that no picture waits for a voice.
 void installDictionaries()
 {
@@ -119,6 +121,12 @@ void installDictionaries()
     FakeDic::addPair(109, 110, u"Norwegian-Dutch", {named(u"Ord")});
     FakeDic::addPair(111, 151, u"Portuguese-Russian", {named(u"Palavras")});
     FakeDic::addPair(152, 109, u"Arabic-Norwegian", {named(u"A")});
+    FakeDic::addPair(103, 105, u"French-Spanish", {named(u"Mots")});
+    FakeDic::addPair(104, 107, u"German-Swedish", {named(u"Ord")});
+    FakeDic::addPair(106, 101, u"Italian-English", {named(u"Parole")});
+    FakeDic::addPair(108, 152, u"Danish-Arabic", {named(u"A")});
+    FakeDic::addPair(110, 111, u"Dutch-Portuguese", {named(u"Palavras")});
+    FakeDic::addPair(151, 1, u"Russian-Chinese", {named(u"A")});
     QSettings settings(devicePath(QStringLiteral("/apps/config/config.ini")), QSettings::IniFormat);
     settings.setValue(QStringLiteral("DictTrans/ReadControl"), 1);
 }
@@ -351,8 +359,10 @@ void TestInterfaceScreens::dictionarySelection()
 {
     DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.window->selectDicFun();
-    walk(f, QStringLiteral("=pair-1 Right =pair-2 Right =pair-3 Right =pair-4 Right =pair-5 Right "
-                           "=pair-6 Right =pair-7"));
+    const auto* const selection = qobject_cast<DictSwitch*>(f.current());
+    QVERIFY(selection);
+    for (int pair = 1; pair <= selection->GetDictCount(); ++pair)
+        walk(f, QStringLiteral("=pair-%1 Right").arg(pair));
     f.settle();
 }
 
