@@ -62,7 +62,7 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Système de fichiers endommagé. Connectez le stylo à un PC pour le réparer.</translation>
+        <translation>Mémoire endommagée. Connectez le stylo à un ordinateur pour la réparer.</translation>
     </message>
 </context>
 <context>
@@ -259,11 +259,11 @@
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
-        <translation>Appuyez sur OK pour supprimer, ou flèche droite pour annuler.</translation>
+        <translation>Appuyez sur OK pour supprimer, ou sur la flèche droite pour annuler.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to delete.</source>
-        <translation>Appuyez sur OK pour annuler, ou flèche gauche pour supprimer.</translation>
+        <translation>Appuyez sur OK pour annuler, ou sur la flèche gauche pour supprimer.</translation>
     </message>
     <message>
         <source>The file cannot be deleted.</source>
@@ -287,7 +287,7 @@
     </message>
     <message>
         <source>Press left or right for the languages, up or down for the dictionary, OK to go back.</source>
-        <translation>Flèche gauche ou droite pour les langues, haut ou bas pour le dictionnaire, OK pour revenir.</translation>
+        <translation>Appuyez sur la flèche gauche ou droite pour les langues, sur la flèche du haut ou du bas pour le dictionnaire, sur OK pour revenir.</translation>
     </message>
     <message>
         <source>The dictionary cannot be opened. Please select another one.</source>
@@ -343,7 +343,7 @@
     </message>
     <message>
         <source>More settings</source>
-        <translation>Plus de réglages</translation>
+        <translation>Réglages supplémentaires</translation>
     </message>
     <message>
         <source>Read delay</source>
@@ -399,11 +399,11 @@
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
-        <translation>Appuyez sur OK pour renommer, ou flèche droite pour annuler.</translation>
+        <translation>Appuyez sur OK pour renommer, ou sur la flèche droite pour annuler.</translation>
     </message>
     <message>
         <source>Press OK to interrupt, or left to rename.</source>
-        <translation>Appuyez sur OK pour annuler, ou flèche gauche pour renommer.</translation>
+        <translation>Appuyez sur OK pour annuler, ou sur la flèche gauche pour renommer.</translation>
     </message>
     <message>
         <source>File exists.</source>
@@ -415,11 +415,11 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Système de fichiers endommagé. Connectez le stylo à un PC pour le réparer.</translation>
+        <translation>Mémoire endommagée. Connectez le stylo à un ordinateur pour la réparer.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
-        <translation>Nombre maximal de fichiers atteint. Supprimez des fichiers.</translation>
+        <translation>Il y a trop de fichiers. Supprimez-en quelques-uns.</translation>
     </message>
     <message>
         <source>The file is missing.</source>
@@ -431,7 +431,7 @@
     </message>
     <message>
         <source>none</source>
-        <translation>aucun</translation>
+        <translation>Aucun</translation>
     </message>
     <message>
         <source>1s</source>
@@ -495,19 +495,19 @@
     </message>
     <message>
         <source>Press left or right to change, OK to go back.</source>
-        <translation>Flèche gauche ou droite pour changer, OK pour revenir.</translation>
+        <translation>Appuyez sur la flèche gauche ou droite pour changer, sur OK pour revenir.</translation>
     </message>
     <message>
         <source>Press OK to select, or down for other options.</source>
-        <translation>Appuyez sur OK pour choisir, ou flèche bas pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, ou sur la flèche du bas pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Press OK to select, or up or down for more options.</source>
-        <translation>Appuyez sur OK pour choisir, ou flèche haut ou bas pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, sur la flèche du haut ou du bas pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Press OK to select, or Up for other options.</source>
-        <translation>Appuyez sur OK pour choisir, ou flèche haut pour d&apos;autres options.</translation>
+        <translation>Appuyez sur OK pour choisir, ou sur la flèche du haut pour d&apos;autres options.</translation>
     </message>
     <message>
         <source>Scan to File mode. </source>
@@ -519,7 +519,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>Le nom est vide.</translation>
+        <translation>Il manque un nom.</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -531,7 +531,7 @@
     </message>
     <message>
         <source>This name cannot be used.</source>
-        <translation>Ce nom ne peut pas être utilisé.</translation>
+        <translation>Ce nom n&apos;est pas autorisé.</translation>
     </message>
     <message>
         <source>Rename</source>
@@ -546,7 +546,7 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>Le fichier est trop volumineux. Ne le modifiez pas sur un ordinateur.</translation>
+        <translation>Le fichier est trop grand. Ne le modifiez pas sur un ordinateur.</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
@@ -570,7 +570,7 @@
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
-        <translation>Le fichier est trop volumineux. Créez un nouveau fichier.</translation>
+        <translation>Le fichier est trop grand. Créez un nouveau fichier.</translation>
     </message>
     <message>
         <source>Start of text.</source>

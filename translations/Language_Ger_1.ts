@@ -16,7 +16,7 @@
     </message>
     <message>
         <source>Current source language is chinese. Please scan chinese text.</source>
-        <translation>Quellsprache: Chinesisch. Chinesischen Text scannen.</translation>
+        <translation>Quellsprache: Chinesisch. Bitte chinesischen Text scannen.</translation>
     </message>
     <message>
         <source>No translation result.</source>
@@ -62,7 +62,7 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Dateisystem beschädigt. Bitte an einen PC anschließen und reparieren.</translation>
+        <translation>Speicher beschädigt. Bitte an einen Computer anschließen und reparieren.</translation>
     </message>
 </context>
 <context>
@@ -415,11 +415,11 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Dateisystem beschädigt. Bitte an einen PC anschließen und reparieren.</translation>
+        <translation>Speicher beschädigt. Bitte an einen Computer anschließen und reparieren.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
-        <translation>Höchstzahl an Dateien erreicht. Bitte einige Dateien löschen.</translation>
+        <translation>Es gibt zu viele Dateien. Bitte einige löschen.</translation>
     </message>
     <message>
         <source>The file is missing.</source>
@@ -431,7 +431,7 @@
     </message>
     <message>
         <source>none</source>
-        <translation>keine</translation>
+        <translation>Keine</translation>
     </message>
     <message>
         <source>1s</source>
@@ -515,11 +515,11 @@
     </message>
     <message>
         <source>Scan or press Menu for options.</source>
-        <translation>Scannen oder für Optionen Menü drücken.</translation>
+        <translation>Scannen, oder für Optionen Menü drücken.</translation>
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>Der Name ist leer.</translation>
+        <translation>Der Name fehlt.</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -527,7 +527,7 @@
     </message>
     <message>
         <source>Invalid character.</source>
-        <translation>Unzulässiges Zeichen.</translation>
+        <translation>Dieses Zeichen ist nicht erlaubt.</translation>
     </message>
     <message>
         <source>This name cannot be used.</source>

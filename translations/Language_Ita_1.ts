@@ -62,7 +62,7 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>File system danneggiato. Collegare la penna a un PC e ripararlo.</translation>
+        <translation>Memoria danneggiata. Collegare la penna a un computer e ripararla.</translation>
     </message>
 </context>
 <context>
@@ -231,23 +231,23 @@
     </message>
     <message>
         <source>Scan to file</source>
-        <translation>Scansione su file</translation>
+        <translation>Scansione in un documento</translation>
     </message>
     <message>
         <source>New file</source>
-        <translation>Nuovo file</translation>
+        <translation>Nuovo documento</translation>
     </message>
     <message>
         <source>Open file</source>
-        <translation>Apri file</translation>
+        <translation>Apri documento</translation>
     </message>
     <message>
         <source>Delete file</source>
-        <translation>Elimina file</translation>
+        <translation>Elimina documento</translation>
     </message>
     <message>
         <source>Scan settings</source>
-        <translation>Impostazioni scansione</translation>
+        <translation>Impostazioni di scansione</translation>
     </message>
     <message>
         <source>Continue scan</source>
@@ -255,7 +255,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>Eliminare questo file?</translation>
+        <translation>Eliminare questo documento?</translation>
     </message>
     <message>
         <source>Press OK to delete, or right to interrupt.</source>
@@ -267,15 +267,15 @@
     </message>
     <message>
         <source>The file cannot be deleted.</source>
-        <translation>Impossibile eliminare il file.</translation>
+        <translation>Impossibile eliminare il documento.</translation>
     </message>
     <message>
         <source>No available files!</source>
-        <translation>Nessun file disponibile!</translation>
+        <translation>Nessun documento disponibile!</translation>
     </message>
     <message>
         <source>No enough storage space. Please remove some files.</source>
-        <translation>Memoria insufficiente. Eliminare alcuni file.</translation>
+        <translation>Memoria insufficiente. Eliminare alcuni documenti.</translation>
     </message>
     <message>
         <source>word is null</source>
@@ -375,7 +375,7 @@
     </message>
     <message>
         <source>Reading settings</source>
-        <translation>Impostazioni lettura</translation>
+        <translation>Impostazioni di lettura</translation>
     </message>
     <message>
         <source>Translate</source>
@@ -387,7 +387,7 @@
     </message>
     <message>
         <source>This file cannot be renamed.</source>
-        <translation>Questo file non si può rinominare.</translation>
+        <translation>Questo documento non si può rinominare.</translation>
     </message>
     <message>
         <source>Scan to rename,press ok to confirm.</source>
@@ -395,7 +395,7 @@
     </message>
     <message>
         <source>Sure to rename the file?</source>
-        <translation>Rinominare questo file?</translation>
+        <translation>Rinominare questo documento?</translation>
     </message>
     <message>
         <source>Press OK to rename, or right to interrupt.</source>
@@ -411,19 +411,19 @@
     </message>
     <message>
         <source>The file cannot be renamed.</source>
-        <translation>Impossibile rinominare il file.</translation>
+        <translation>Impossibile rinominare il documento.</translation>
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>File system danneggiato. Collegare la penna a un PC e ripararlo.</translation>
+        <translation>Memoria danneggiata. Collegare la penna a un computer e ripararla.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
-        <translation>Numero massimo di file raggiunto. Eliminare alcuni file.</translation>
+        <translation>Ci sono troppi documenti. Eliminarne alcuni.</translation>
     </message>
     <message>
         <source>The file is missing.</source>
-        <translation>File non trovato.</translation>
+        <translation>Documento non trovato.</translation>
     </message>
     <message>
         <source>Vertical Text Scan Mode!</source>
@@ -431,7 +431,7 @@
     </message>
     <message>
         <source>none</source>
-        <translation>nessuna</translation>
+        <translation>Nessuna</translation>
     </message>
     <message>
         <source>1s</source>
@@ -511,7 +511,7 @@
     </message>
     <message>
         <source>Scan to File mode. </source>
-        <translation>Scansione su file. </translation>
+        <translation>Scansione in un documento. </translation>
     </message>
     <message>
         <source>Scan or press Menu for options.</source>
@@ -519,7 +519,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>Il nome è vuoto.</translation>
+        <translation>Manca il nome.</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -546,7 +546,7 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>Il file è troppo grande. Non modificarlo al computer.</translation>
+        <translation>Il documento è troppo grande. Non modificarlo al computer.</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
@@ -570,7 +570,7 @@
     </message>
     <message>
         <source>The file is too big. Please create new file.</source>
-        <translation>Il file è troppo grande. Creare un nuovo file.</translation>
+        <translation>Il documento è troppo grande. Creare un nuovo documento.</translation>
     </message>
     <message>
         <source>Start of text.</source>
@@ -593,7 +593,7 @@
     </message>
     <message>
         <source>Are you sure to delete it?</source>
-        <translation>Eliminare questo file?</translation>
+        <translation>Eliminare questo documento?</translation>
     </message>
 </context>
 </TS>

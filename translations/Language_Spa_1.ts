@@ -20,7 +20,7 @@
     </message>
     <message>
         <source>No translation result.</source>
-        <translation>No se encontró traducción.</translation>
+        <translation>No se encontró ninguna traducción.</translation>
     </message>
     <message>
         <source>Last entry.</source>
@@ -36,7 +36,7 @@
     </message>
     <message>
         <source>Start of text.</source>
-        <translation>Inicio del texto.</translation>
+        <translation>Principio del texto.</translation>
     </message>
     <message>
         <source>End of entry.</source>
@@ -62,7 +62,7 @@
     <name>FileManager</name>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Sistema de archivos dañado. Conecte el lápiz a un PC para repararlo.</translation>
+        <translation>Memoria dañada. Conecte el lápiz a un PC para repararla.</translation>
     </message>
 </context>
 <context>
@@ -415,7 +415,7 @@
     </message>
     <message>
         <source>File system is damaged, please connect to PC and repair.</source>
-        <translation>Sistema de archivos dañado. Conecte el lápiz a un PC para repararlo.</translation>
+        <translation>Memoria dañada. Conecte el lápiz a un PC para repararla.</translation>
     </message>
     <message>
         <source>Max number of files exceeded. Please remove some files.</source>
@@ -431,7 +431,7 @@
     </message>
     <message>
         <source>none</source>
-        <translation>ninguna</translation>
+        <translation>Ninguna</translation>
     </message>
     <message>
         <source>1s</source>
@@ -503,7 +503,7 @@
     </message>
     <message>
         <source>Press OK to select, or up or down for more options.</source>
-        <translation>Pulse OK para elegir, o arriba o abajo para más opciones.</translation>
+        <translation>Pulse OK para elegir, arriba o abajo para más opciones.</translation>
     </message>
     <message>
         <source>Press OK to select, or Up for other options.</source>
@@ -519,7 +519,7 @@
     </message>
     <message>
         <source>The name is empty.</source>
-        <translation>El nombre está vacío.</translation>
+        <translation>Falta el nombre.</translation>
     </message>
     <message>
         <source>String is too long.</source>
@@ -574,7 +574,7 @@
     </message>
     <message>
         <source>Start of text.</source>
-        <translation>Inicio del texto.</translation>
+        <translation>Principio del texto.</translation>
     </message>
     <message>
         <source>End of text.</source>
