@@ -177,11 +177,33 @@ class Guide(Tree):
 
     def test_text_that_is_not_explained(self):
         ts = "translations/Language_Eng_1.ts"
-        self.fails("is not explained", **{ts: GUIDE[ts].replace("files here", "words here")})
+        self.fails("is not explained", **{ts: GUIDE[ts].replace(
+            "</context>", "<message><source>New</source><translation>New</translation></message>"
+            "</context>")})
 
     def test_text_without_quotation_marks_does_not_count(self):
         readme = "docs/guide/README.md"
         self.fails("is not explained", **{readme: GUIDE[readme].replace('"2 of 5"', "2 of 5")})
+
+    def test_quotation_of_no_text(self):
+        self.plant('README.md: "No file here!" is no text of the pen', '"No file\nhere!"\n')
+        self.plant("is no text of the pen", '![List: "No files"](images/menu.png)\n')
+
+    def test_code_is_no_quotation(self):
+        for text in ('`a "b" c`', '```\n"b"\n```\n'):
+            readme = GUIDE["docs/guide/README.md"] + text
+            done = self.run_check("check-guide", {**GUIDE, "docs/guide/README.md": readme})
+            self.assertEqual(done.returncode, 0, done.stdout)
+
+    def test_other_quotations(self):
+        listed = {"docs/guide/quotations.txt": '# others\n\n"tea": the name of a file\n'}
+        readme = GUIDE["docs/guide/README.md"]
+        for quotation in ("tea", "tea. 2 of 5", "2 of 5 tea"):
+            text = f'{readme}"{quotation}"\n'
+            done = self.run_check("check-guide", {**GUIDE, **listed, "docs/guide/README.md": text})
+            self.assertEqual(done.returncode, 0, f"{quotation}: {done.stdout}")
+        self.fails('no page quotes "tea"', **listed)
+        self.fails("expected", **{"docs/guide/quotations.txt": "tea\n"})
 
     def test_missing_picture(self):
         self.plant("is missing", "![x](images/x.png)\n")
