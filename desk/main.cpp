@@ -180,8 +180,6 @@ int main(int argc, char** argv)
                    stdout);
         return 0;
     }
-    // Plain pictures need no graphics driver, neither in the pen nor where the desk is a client.
-    qputenv("QT_WAYLAND_CLIENT_BUFFER_INTEGRATION", "none");
     const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
     if (!windowed && !chosen)
         qputenv("QT_QPA_PLATFORM", "offscreen");
