@@ -119,6 +119,10 @@ QString checkFiles(const DeskOptions& options, const QString& givenPen)
     if (!QFileInfo(options.root).isDir())
         return tr("There is no folder %1 (--root). Make one with scripts/make-run-root.")
             .arg(options.root);
+    if (!QFileInfo(options.root + QLatin1String("/apps")).isDir())
+        return tr("There are no files of a pen in %1 (--root). Make some with "
+                  "scripts/make-run-root.")
+            .arg(options.root);
     if (options.pen.isEmpty())
         return tr("The pen's program \"swipeline\" was not found beside the desk; build it, or "
                   "name it with --pen.");

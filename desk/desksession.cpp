@@ -18,6 +18,7 @@ constexpr int LeaveMs = 10'000; // a pen that saves needs a moment
 DeskSession::DeskSession(DeskSetting setting, QObject* parent)
     : QObject(parent),
       m_setting(std::move(setting)),
+      m_rootLock(m_setting.root + QLatin1String("/.desk.lock")),
       m_feeder(m_link),
       m_storage(m_setting.root),
       m_screen(penpicture::toOneBit(QImage()))
@@ -37,6 +38,8 @@ DeskSession::~DeskSession()
 
 bool DeskSession::open()
 {
+    if (!lockRoot())
+        return false;
     if (!m_runtimeDir.isValid()) {
         m_error = tr("A private folder cannot be made in the temporary folder.");
         return false;
@@ -66,6 +69,24 @@ bool DeskSession::open()
     connectLink();
     connectFeeder();
     return true;
+}
+
+/* Two pens that write the same files would undo each other's work. */
+bool DeskSession::lockRoot()
+{
+    m_rootLock.setStaleLockTime(0); // however long the other one runs
+    if (m_rootLock.tryLock())
+        return true;
+    qint64 process = 0;
+    QString host;
+    QString program;
+    const bool held = m_rootLock.error() == QLockFile::LockFailedError
+                      && m_rootLock.getLockInfo(&process, &host, &program);
+    m_error = held ? tr("Another desk uses the pen's files in %1. Close it, or make files of its "
+                        "own for this one with scripts/make-run-root.")
+                         .arg(m_setting.root)
+                   : tr("The pen's files in %1 cannot be written.").arg(m_setting.root);
+    return false;
 }
 
 void DeskSession::makePen(const QString& linkPath)

@@ -13,6 +13,7 @@
 #include "desk/transcript.h"
 
 #include <QElapsedTimer>
+#include <QLockFile>
 #include <QObject>
 #include <memory>
 #include <optional>
@@ -118,6 +119,7 @@ signals:
     void penEnded(const QString& how, bool well);
 
 private:
+    bool lockRoot();
     void makePen(const QString& linkPath);
     void connectLink();
     void connectFeeder();
@@ -131,6 +133,7 @@ private:
 
     DeskSetting m_setting;
     QString m_error;
+    QLockFile m_rootLock;
     RuntimeDir m_runtimeDir;
     LinkServer m_link;
     SwipeFeeder m_feeder;

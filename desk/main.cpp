@@ -9,6 +9,7 @@
 #include "desk/framerecorder.h"
 #include "desk/pencheck.h"
 #include "desk/penlanguages.h"
+#include "desk/platformcheck.h"
 #include "desk/scriptrunner.h"
 #include "desk/unixsignals.h"
 
@@ -196,7 +197,10 @@ int main(int argc, char** argv)
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR"))
         runtimeDir.emplace();
 
+    std::optional<PlatformCheck> platformCheck;
+    platformCheck.emplace([&runtimeDir] { runtimeDir.reset(); });
     const QApplication application(argc, argv);
+    platformCheck.reset();
     desklook::apply(windowed && desklook::isDesktopDark());
     const DeskOptions options =
         DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());

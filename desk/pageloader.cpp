@@ -158,6 +158,8 @@ PageLoader::Result loadPicture(const PageSource& source)
 PageLoader::PageLoader(QObject* parent) : QObject(parent)
 {
     QImageReader::setAllocationLimit(MaxPictureMegabytes);
+    // What is wrong with a file is told in a sentence; the details are of no use on the desk.
+    Poppler::setDebugErrorFunction([](const QString&, const QVariant&) {}, QVariant());
     connect(&m_watcher, &QFutureWatcher<Result>::finished, this, [this] {
         const Result result = m_watcher.result();
         if (result.error.isEmpty())

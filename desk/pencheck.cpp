@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -42,15 +43,23 @@ bool holdsDictionary(const QString& folder)
 
 QStringList pencheck::voiceFolders()
 {
-    QStringList folders;
+    const QString below = QStringLiteral("/espeak-ng-data");
     const QString own = qEnvironmentVariable("ESPEAK_DATA_PATH");
+    QStringList first;
     if (!own.isEmpty())
-        folders << own << own + QLatin1String("/espeak-ng-data");
+        first << own + below << own;
+    first << QDir::homePath() + below;
+    // espeak-ng takes the first of these that is there, whether voices are in it or not.
+    for (const QString& folder : std::as_const(first)) {
+        if (QFileInfo(folder).isDir())
+            return {folder};
+    }
+    QStringList folders;
     folders << QStringLiteral("/usr/share/espeak-ng-data")
             << QStringLiteral("/usr/local/share/espeak-ng-data");
     const QDir libraries(QStringLiteral("/usr/lib"));
     for (const QString& name : libraries.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        folders << libraries.filePath(name) + QLatin1String("/espeak-ng-data");
+        folders << libraries.filePath(name) + below;
     return folders;
 }
 
@@ -67,7 +76,8 @@ QStringList pencheck::missing(const QString& root, const QStringList& voices)
     const auto hasVoices = [](const QString& folder) {
         return QFileInfo(folder + QLatin1String("/phontab")).isFile();
     };
-    if (!std::ranges::any_of(voices, hasVoices))
+    const QString ownVoices = root + QLatin1String("/mnt/hidmmc/sysdict/ttsrec/espeak-ng-data");
+    if (!hasVoices(ownVoices) && !std::ranges::any_of(voices, hasVoices))
         sentences << tr("The pen cannot speak: the voices are missing. They come with the package "
                         "espeak-ng-data.");
     const auto holds = [&root](const char* folder) {
@@ -76,5 +86,10 @@ QStringList pencheck::missing(const QString& root, const QStringList& voices)
     if (!std::ranges::any_of(DictionaryFolders, holds))
         sentences << tr("Words cannot be looked up: there is no dictionary on the pen. "
                         "scripts/install-dictionaries puts some there.");
+    const QString font = root + QLatin1String("/apps/res/fonts/unifont.otf");
+    if (!QFileInfo(font).isFile())
+        sentences << tr("The pen's display will look wrong: its font %1 is missing. It comes with "
+                        "the package fonts-unifont.")
+                         .arg(font);
     return sentences;
 }

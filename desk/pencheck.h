@@ -7,7 +7,7 @@
 /* What the pen needs beside its program. */
 namespace pencheck {
 
-/* Where this machine can have the voices of espeak-ng. */
+/* Where espeak-ng looks for its voices on this machine, beside the run root. */
 QStringList voiceFolders();
 
 /* What is missing below a run root and on this machine, a sentence for each thing: what does not

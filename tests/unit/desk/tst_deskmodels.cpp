@@ -193,11 +193,12 @@ private slots:
     {
         const QString voices = m_dir->filePath("voices");
         QStringList missing = pencheck::missing(m_dir->path(), {voices});
-        QCOMPARE(missing.size(), 6);
+        QCOMPARE(missing.size(), 7);
         QVERIFY2(missing[0].contains("Latin.traineddata"), qPrintable(missing[0]));
         QVERIFY(missing[1].contains("tesseract-ocr-rus"));
         QVERIFY(missing[4].contains("espeak-ng-data"));
         QVERIFY(missing[5].contains("no dictionary"));
+        QVERIFY(missing[6].contains("fonts-unifont"));
 
         QVERIFY(QDir(m_dir->path()).mkpath("apps/data/ocrrec"));
         QVERIFY(QDir(m_dir->path()).mkpath("mnt/mmc/usrdict"));
@@ -206,10 +207,24 @@ private slots:
             QVERIFY(
                 write(m_dir->filePath(QString("apps/data/ocrrec/%1.traineddata").arg(name)), "m"));
         QVERIFY(write(voices + "/phontab", "v"));
+        QVERIFY(QDir(m_dir->path()).mkpath("apps/res/fonts"));
+        QVERIFY(write(m_dir->filePath("apps/res/fonts/unifont.otf"), "f"));
         QVERIFY(write(m_dir->filePath("mnt/mmc/usrdict/a.index"), "d"));
         QCOMPARE(pencheck::missing(m_dir->path(), {"/nowhere", voices}), QStringList());
         QVERIFY(QFile::remove(m_dir->filePath("apps/data/ocrrec/rus.traineddata")));
         QCOMPARE(pencheck::missing(m_dir->path(), {voices}).size(), 1);
+    }
+
+    void voicesAreSoughtAsTheSpeechLibraryDoes()
+    {
+        const QString own = m_dir->filePath("own");
+        qputenv("ESPEAK_DATA_PATH", own.toLocal8Bit());
+        QVERIFY(pencheck::voiceFolders().contains("/usr/share/espeak-ng-data"));
+        QVERIFY(QDir().mkpath(own)); // it is taken now, though nothing is in it
+        QCOMPARE(pencheck::voiceFolders(), QStringList(own));
+        QVERIFY(QDir().mkpath(own + "/espeak-ng-data"));
+        QCOMPARE(pencheck::voiceFolders(), QStringList(own + "/espeak-ng-data"));
+        qunsetenv("ESPEAK_DATA_PATH");
     }
 
     void theDeskRemembers()

@@ -9,6 +9,13 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+namespace {
+
+/* Holds what a run root must have. */
+constexpr const char* Root = SWIPELINE_SOURCE_DIR "/device";
+
+} // namespace
+
 /* The small plain parts: keys, pictures, transcript, files, command line. */
 class TestDeskParts : public QObject
 {
@@ -196,11 +203,13 @@ private slots:
         QTest::addColumn<QString>("part");
         QTest::newRow("no root") << QStringList() << "--root is missing";
         QTest::newRow("root") << QStringList({"--root", "/no/such"}) << "no folder /no/such";
-        QTest::newRow("pen") << QStringList({"--root", "/tmp"}) << "\"swipeline\" was not found";
-        QTest::newRow("given pen") << QStringList({"--root", "/tmp", "--pen", "/no/pen"})
-                                   << "/no/pen (--pen) is no program";
+        QTest::newRow("other root")
+            << QStringList({"--root", "/tmp"}) << "no files of a pen in /tmp";
+        QTest::newRow("pen") << QStringList({"--root", Root}) << "\"swipeline\" was not found";
+        QTest::newRow("given pen")
+            << QStringList({"--root", Root, "--pen", "/no/pen"}) << "/no/pen (--pen) is no program";
         QTest::newRow("script") << QStringList(
-            {"--root", "/tmp", "--pen", "/bin/true", "--headless", "/no/script"})
+            {"--root", Root, "--pen", "/bin/true", "--headless", "/no/script"})
                                 << "no script /no/script";
         QTest::newRow("option") << QStringList({"--rot", "/tmp"}) << "rot";
         QTest::newRow("stray") << QStringList({"--root", "/tmp", "stray"}) << "\"stray\"";
@@ -210,7 +219,7 @@ private slots:
         QTest::newRow("dpi") << QStringList({"--root", "/tmp", "--dpi", "ten"}) << "--dpi";
         QTest::newRow("pdf page") << QStringList({"--root", "/tmp", "--pdf-page", "0"})
                                   << "--pdf-page";
-        QTest::newRow("sound") << QStringList({"--root", "/tmp", "--pen", "/bin/true"}) << "";
+        QTest::newRow("sound") << QStringList({"--root", Root, "--pen", "/bin/true"}) << "";
     }
 
     void commandLine()
