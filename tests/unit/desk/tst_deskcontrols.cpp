@@ -1,6 +1,6 @@
+#include "testwindow.h"
+
 #include "desk/desklook.h"
-#include "desk/desksession.h"
-#include "desk/deskwindow.h"
 #include "desk/oledview.h"
 #include "desk/pageview.h"
 #include "desk/typedialog.h"
@@ -9,18 +9,14 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
-#include <QDragEnterEvent>
 #include <QFile>
 #include <QLabel>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTabBar>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QUrl>
 
 /* The controls of the window that adjust the desk, each used once. */
 class TestDeskControls : public QObject
@@ -30,23 +26,15 @@ class TestDeskControls : public QObject
 private slots:
     void init()
     {
-        m_root = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir(m_root->path()).mkpath("mnt/mmc/e_ScanFile"));
-        DeskSetting setting;
-        setting.penProgram = TESTPEN;
-        setting.root = m_root->path();
-        m_desk = std::make_unique<DeskSession>(setting);
-        QVERIFY(m_desk->open());
-        m_window = std::make_unique<DeskWindow>(*m_desk);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_test = std::make_unique<TestWindow>();
+        m_desk = &m_test->session();
+        QVERIFY(m_test->show());
+        m_window = &m_test->window();
     }
 
     void cleanup()
     {
-        m_window.reset();
-        m_desk.reset();
+        m_test.reset();
         desklook::apply(false);
     }
 
@@ -78,7 +66,7 @@ private slots:
         for (const QWidget* const widget : m_window->findChildren<QWidget*>()) {
             // The lists of combo boxes are windows of their own.
             if (!(widget->focusPolicy() & Qt::TabFocus) || widget->focusProxy()
-                || widget->window() != m_window.get())
+                || widget->window() != m_window)
                 continue;
             const auto* const button = qobject_cast<const QAbstractButton*>(widget);
             const bool named = !widget->accessibleName().isEmpty()
@@ -90,46 +78,46 @@ private slots:
 
     void slidersMoveTheHand()
     {
-        chooseTab(2);
-        auto* const speed = slider("Speed");
+        m_test->tabs().setCurrentIndex(2);
+        auto* const speed = m_test->slider("Speed");
         QVERIFY(speed->isVisible());
         speed->setFocus();
         QTest::keyClick(speed, Qt::Key_Right);
         QCOMPARE(m_desk->hand().speedMmPerS, 160.0);
         QCOMPARE(speed->accessibleDescription(), "160 mm/s");
-        QTest::keyClick(slider("Tilt"), Qt::Key_Left);
+        QTest::keyClick(m_test->slider("Tilt"), Qt::Key_Left);
         QCOMPARE(m_desk->hand().tiltDeg, -1.0);
-        box("Left hand")->click();
+        m_test->button("Left hand")->click();
         QVERIFY(m_desk->hand().left);
-        button("Usual hand")->click();
+        m_test->button("Usual hand")->click();
         QVERIFY(m_desk->hand() == HandModel());
         HandModel other;
         other.blurPx = 2.0;
         m_desk->setHand(other); // by a script
-        QCOMPARE(slider("Blur")->accessibleDescription(), "2.0 px");
+        QCOMPARE(m_test->slider("Blur")->accessibleDescription(), "2.0 px");
     }
 
     void theCardAndTheMemory()
     {
-        button("Card out")->click();
+        m_test->button("Card out")->click();
         QVERIFY(m_desk->storage().isCardOut());
-        QVERIFY(!QFile::exists(m_root->filePath("mnt/mmc")));
-        button("Card out")->click();
-        QVERIFY(QFile::exists(m_root->filePath("mnt/mmc/e_ScanFile")));
-        button("Memory full")->click();
+        QVERIFY(!QFile::exists(m_test->path("mnt/mmc")));
+        m_test->button("Card out")->click();
+        QVERIFY(QFile::exists(m_test->path("mnt/mmc/e_ScanFile")));
+        m_test->button("Memory full")->click();
         QVERIFY(m_desk->storage().isFull());
         QVERIFY(m_desk->storage().setFull(false));
-        QVERIFY(!button("Memory full")->isChecked());
+        QVERIFY(!m_test->button("Memory full")->isChecked());
         QVERIFY(m_window->recorder().script().contains(
             "card out\ncard in\nstorage full\nstorage free\n"));
     }
 
     void aTypedTextBecomesThePage()
     {
-        QTest::keyClick(m_window.get(), Qt::Key_T, Qt::ControlModifier);
+        QTest::keyClick(m_window, Qt::Key_T, Qt::ControlModifier);
         auto* const dialog = m_window->findChild<TypeDialog*>();
         QVERIFY(dialog && dialog->isVisible());
-        QSignalSpy laid(m_desk.get(), &DeskSession::pageChanged);
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
         dialog->findChild<QPlainTextEdit*>()->setPlainText("Own words\nin two lines");
         QVERIFY(laid.wait(20000));
         QCOMPARE(m_desk->page().lines.size(), 2);
@@ -144,34 +132,34 @@ private slots:
     {
         QImage picture(300, 200, QImage::Format_Grayscale8);
         picture.fill(Qt::white);
-        const QString path = m_root->filePath("dropped.png");
+        const QString path = m_test->path("dropped.png");
         QVERIFY(picture.save(path));
-        QSignalSpy laid(m_desk.get(), &DeskSession::pageChanged);
-        QVERIFY(drop(path));
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        QVERIFY(m_test->drop(path));
         QVERIFY(laid.wait(20000));
         QCOMPARE(m_desk->page().name, "dropped.png");
-        QVERIFY(!drop(m_root->filePath("notes.xyz")));
+        QVERIFY(!m_test->drop(m_test->path("notes.xyz")));
     }
 
     void aPageThatCannotBeReadIsTold()
     {
-        const QString path = m_root->filePath("bad.pdf");
+        const QString path = m_test->path("bad.pdf");
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no PDF") > 0);
         file.close();
-        QSignalSpy failed(m_desk.get(), &DeskSession::pageFailed);
-        QVERIFY(drop(path));
+        QSignalSpy failed(m_desk, &DeskSession::pageFailed);
+        QVERIFY(m_test->drop(path));
         QVERIFY(failed.wait(20000));
         QVERIFY(failed[0][0].toString().contains("bad.pdf is no PDF file"));
     }
 
     void darkAndBack()
     {
-        box("Dark desk")->click();
+        m_test->button("Dark desk")->click();
         QVERIFY(desklook::isDark());
         QVERIFY(m_window->picture().pixelColor(3, 3).lightness() < 60);
         QCOMPARE(m_window->memory().dark, std::optional<bool>(true));
-        box("Dark desk")->click();
+        m_test->button("Dark desk")->click();
         QVERIFY(m_window->picture().pixelColor(3, 3).lightness() > 200);
     }
 
@@ -199,12 +187,12 @@ private slots:
         for (const QAbstractButton* const each : m_window->findChildren<QAbstractButton*>()) {
             if (!each->isVisible() || each->text().isEmpty())
                 continue;
-            const QRect place(each->mapTo(m_window.get(), QPoint(0, 0)), each->size());
+            const QRect place(each->mapTo(m_window, QPoint(0, 0)), each->size());
             QVERIFY2(m_window->rect().contains(place), qPrintable(each->text()));
-            const QRect glass(display->mapTo(m_window.get(), QPoint(0, 0)), display->size());
+            const QRect glass(display->mapTo(m_window, QPoint(0, 0)), display->size());
             QVERIFY2(!glass.intersects(place), qPrintable(each->text()));
         }
-        QVERIFY(m_window->findChild<PageView*>()->height() >= 120);
+        QVERIFY(m_test->page().height() >= 120);
     }
 
     void whatWasRememberedIsThereAgain()
@@ -223,8 +211,6 @@ private slots:
     }
 
 private:
-    static QString plain(QString text) { return text.remove('&'); }
-
     bool hasBuddy(const QWidget* widget) const
     {
         for (const QLabel* const label : m_window->findChildren<QLabel*>()) {
@@ -234,53 +220,9 @@ private:
         return false;
     }
 
-    QPushButton* button(const QString& text) const
-    {
-        for (QPushButton* const each : m_window->findChildren<QPushButton*>()) {
-            if (plain(each->text()) == text)
-                return each;
-        }
-        return nullptr;
-    }
-
-    QCheckBox* box(const QString& text) const
-    {
-        for (QCheckBox* const each : m_window->findChildren<QCheckBox*>()) {
-            if (plain(each->text()) == text)
-                return each;
-        }
-        return nullptr;
-    }
-
-    QSlider* slider(const QString& name) const
-    {
-        for (QSlider* const each : m_window->findChildren<QSlider*>()) {
-            if (each->accessibleName() == name)
-                return each;
-        }
-        return nullptr;
-    }
-
-    void chooseTab(int tab) { m_window->findChild<QTabBar*>()->setCurrentIndex(tab); }
-
-    /* Whether the window takes a file that is dropped on it. */
-    bool drop(const QString& path)
-    {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QDragEnterEvent enter(QPoint(200, 200), Qt::CopyAction, &data, Qt::LeftButton, {});
-        enter.setAccepted(false);
-        QApplication::sendEvent(m_window.get(), &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(QPointF(200, 200), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(m_window.get(), &event);
-        return true;
-    }
-
-    std::unique_ptr<QTemporaryDir> m_root;
-    std::unique_ptr<DeskSession> m_desk;
-    std::unique_ptr<DeskWindow> m_window;
+    std::unique_ptr<TestWindow> m_test;
+    DeskSession* m_desk = nullptr;
+    DeskWindow* m_window = nullptr;
 };
 
 QTEST_MAIN(TestDeskControls)

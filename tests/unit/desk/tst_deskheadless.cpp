@@ -1,10 +1,11 @@
+#include "deskprogram.h"
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QProcess>
 #include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
 /* The desk's program, driven by scripts. */
 class TestDeskHeadless : public QObject
@@ -12,14 +13,7 @@ class TestDeskHeadless : public QObject
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_dir = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir(m_dir->path()).mkpath("root/mnt/mmc/e_ScanFile"));
-        QVERIFY(QDir(m_dir->path()).mkpath("root/apps/config"));
-        QVERIFY(QFile::copy(SWIPELINE_SOURCE_DIR "/device/apps/config/menulan.cfg",
-                            m_dir->filePath("root/apps/config/menulan.cfg")));
-    }
+    void init() { m_desk = std::make_unique<DeskProgram>(); }
 
     void carriesOutAScript()
     {
@@ -35,12 +29,12 @@ private slots:
                              "desk-shot desk\n"
                              "quit\n");
         QVERIFY2(code == 0, m_output.constData());
-        const QImage screen(m_dir->filePath("out/half.png"));
+        const QImage screen(m_desk->path("out/half.png"));
         QCOMPARE(screen.size(), QSize(256, 64));
         QCOMPARE(qGray(screen.pixel(192, 32)), 255);
         QCOMPARE(qGray(screen.pixel(64, 32)), 0);
-        QCOMPARE(QImage(m_dir->filePath("out/half-4x.png")).size(), QSize(1024, 256));
-        QVERIFY(QImage(m_dir->filePath("out/desk.png")).width() > 1000);
+        QCOMPARE(QImage(m_desk->path("out/half-4x.png")).size(), QSize(1024, 256));
+        QVERIFY(QImage(m_desk->path("out/desk.png")).width() > 1000);
         QVERIFY(m_output.contains("says \"Second half\""));
         QVERIFY(m_output.contains("scan engine: delivered"));
         QVERIFY(m_output.contains("Second"));
@@ -66,7 +60,7 @@ private slots:
         QVERIFY(m_output.contains("Second half"));
         QVERIFY(m_output.contains("the test pen is up"));
         QVERIFY(m_output.contains("soundyes"));
-        QCOMPARE(QImage(m_dir->filePath("out/failed-screen.png")).size(), QSize(1024, 256));
+        QCOMPARE(QImage(m_desk->path("out/failed-screen.png")).size(), QSize(1024, 256));
     }
 
     void aFalseExpectationFails()
@@ -126,7 +120,7 @@ private slots:
 
     void aSessionIsRecordedAndPlayedAgain()
     {
-        const QString recorded = m_dir->filePath("recorded.desk");
+        const QString recorded = m_desk->path("recorded.desk");
         QVERIFY2(run("page german\n"
                      "wait message mainprocess Show(QString) scan\n"
                      "hand tilt 3\n"
@@ -159,8 +153,8 @@ private slots:
             QVERIFY2(script.contains(part), (QByteArray(part) + "\n--\n" + script).constData());
 
         // What the recorded script does is recorded as the same.
-        QVERIFY(QFile::remove(m_dir->filePath("root/apps/config/config.ini"))); // in English again
-        const QString again = m_dir->filePath("again.desk");
+        QVERIFY(QFile::remove(m_desk->path("root/apps/config/config.ini"))); // in English again
+        const QString again = m_desk->path("again.desk");
         QVERIFY2(run(script, {"--record", again}) == 0, m_output.constData());
         QFile second(again);
         QVERIFY(second.open(QIODevice::ReadOnly));
@@ -169,7 +163,7 @@ private slots:
 
     void aRecordThatCannotBeWrittenFails()
     {
-        QCOMPARE(run("wait idle\n", {"--record", m_dir->filePath("nowhere/x.desk")}), 2);
+        QCOMPARE(run("wait idle\n", {"--record", m_desk->path("nowhere/x.desk")}), 2);
         QVERIFY2(m_output.contains("nowhere/x.desk cannot be written"), m_output.constData());
     }
 
@@ -178,76 +172,44 @@ private slots:
         QVERIFY2(
             run("wait message mainprocess Show(QString) scan\nframes off\npause 0.2\n"
                 "frames on\nkey Down\nwait idle\n",
-                {"--frames", m_dir->filePath("film"), "--frames-of", "pen", "--frames-every", "50"})
+                {"--frames", m_desk->path("film"), "--frames-of", "pen", "--frames-every", "50"})
                 == 0,
             m_output.constData());
-        const QImage first(m_dir->filePath("film/frame-0001.png"));
+        const QImage first(m_desk->path("film/frame-0001.png"));
         QVERIFY(first.width() > 1000);
         QVERIFY(first.height() < 500);
-        QVERIFY(QFile::exists(m_dir->filePath("film/frames.txt")));
+        QVERIFY(QFile::exists(m_desk->path("film/frames.txt")));
     }
 
     void aSignalLeavesNothingBehind()
     {
-        QVERIFY(writeScript("wait spoken nonsense\n"));
-        QVERIFY(QDir(m_dir->path()).mkpath("t"));
+        QVERIFY(m_desk->write("script.desk", "wait spoken nonsense\n"));
+        QVERIFY(QDir(m_desk->path(QString())).mkpath("t"));
+        m_desk->setVariable("TMPDIR", m_desk->path("t"));
         QProcess desk;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", m_dir->filePath("t"));
-        desk.setProcessEnvironment(environment);
-        desk.start(DESK, arguments());
+        m_desk->start(desk, m_desk->scriptOptions());
         QByteArray output;
         QTRY_VERIFY_WITH_TIMEOUT((output += desk.readAllStandardOutput()).contains("nonsense"),
                                  20000);
-        QVERIFY(!QDir(m_dir->filePath("t")).isEmpty());
+        QVERIFY(!QDir(m_desk->path("t")).isEmpty());
         desk.terminate();
         QVERIFY(desk.waitForFinished());
         QCOMPARE(desk.exitStatus(), QProcess::NormalExit);
         QCOMPARE(desk.exitCode(), 1);
         QVERIFY(desk.readAllStandardOutput().contains("broken off"));
-        QVERIFY(QDir(m_dir->filePath("t")).isEmpty());
-    }
-
-    void withoutADisplayItSaysSo()
-    {
-        QProcess desk;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            environment.remove(name);
-        desk.setProcessEnvironment(environment);
-        desk.start(DESK, {"--root", m_dir->filePath("root"), "--pen", TESTPEN});
-        QVERIFY(desk.waitForFinished());
-        QCOMPARE(desk.exitCode(), 2);
-        QVERIFY(desk.readAllStandardError().contains("--headless"));
+        QVERIFY(QDir(m_desk->path("t")).isEmpty());
     }
 
     void helpNeedsNothing()
     {
-        QProcess desk;
-        desk.start(DESK, {"--help"});
-        QVERIFY(desk.waitForFinished());
-        QCOMPARE(desk.exitCode(), 0);
-        QVERIFY(desk.readAllStandardOutput().contains("--headless"));
+        QCOMPARE(m_desk->run({"--help"}), 0);
+        QVERIFY(m_desk->output().contains("--headless"));
     }
 
 private:
-    bool writeScript(const QByteArray& script)
-    {
-        QFile file(m_dir->filePath("script.desk"));
-        return file.open(QIODevice::WriteOnly) && file.write(script) == script.size();
-    }
-
-    QStringList arguments() const
-    {
-        return {"--headless", m_dir->filePath("script.desk"),
-                "--root",     m_dir->filePath("root"),
-                "--pen",      TESTPEN,
-                "--out",      m_dir->filePath("out")};
-    }
-
     int language() const
     {
-        return QSettings(m_dir->filePath("root/apps/config/config.ini"), QSettings::IniFormat)
+        return QSettings(m_desk->path("root/apps/config/config.ini"), QSettings::IniFormat)
             .value("SystemSet/Lan", -1)
             .toInt();
     }
@@ -268,17 +230,12 @@ private:
 
     int run(const QByteArray& script, const QStringList& options = {})
     {
-        if (!writeScript(script))
-            return -1;
-        QProcess desk;
-        desk.setProcessChannelMode(QProcess::MergedChannels);
-        desk.start(DESK, arguments() + options);
-        const bool ended = desk.waitForFinished(60000);
-        m_output = desk.readAll();
-        return ended && desk.exitStatus() == QProcess::NormalExit ? desk.exitCode() : -1;
+        const int code = m_desk->play(script, options);
+        m_output = m_desk->output();
+        return code;
     }
 
-    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<DeskProgram> m_desk;
     QByteArray m_output;
 };
 

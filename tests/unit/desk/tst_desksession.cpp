@@ -1,22 +1,12 @@
-#include "desk/desksession.h"
-#include "desk/penlanguages.h"
-#include "desk/penpicture.h"
+#include "testdesk.h"
 
+#include "desk/penlanguages.h"
+
+#include <QDir>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QTest>
 #include <algorithm>
 #include <cmath>
-
-namespace {
-
-/* Whether the left or right half of the screen is lit. */
-bool isLit(const QImage& screen, bool right)
-{
-    return screen.pixelIndex(right ? 192 : 64, 32) == 1;
-}
-
-} // namespace
 
 /* The desk against a real process of its own: display, keys, messages, link, ends. */
 class TestDeskSession : public QObject
@@ -26,35 +16,32 @@ class TestDeskSession : public QObject
 private slots:
     void init()
     {
-        m_root = std::make_unique<QTemporaryDir>();
-        DeskSetting setting;
-        setting.penProgram = TESTPEN;
-        setting.root = m_root->path();
-        m_desk = std::make_unique<DeskSession>(setting);
-        QVERIFY2(m_desk->open(), qPrintable(m_desk->errorString()));
+        m_test = std::make_unique<TestDesk>();
+        m_desk = &m_test->session();
+        QVERIFY2(m_test->open(), qPrintable(m_desk->errorString()));
     }
 
     void cleanup()
     {
         if (QTest::currentTestFailed())
             qInfo().noquote() << "The pen's output:" << m_desk->pen().lastOutput().join('\n');
-        m_desk.reset();
+        m_test.reset();
     }
 
     void showsWhatThePenDraws()
     {
-        startPen();
-        QVERIFY(isLit(m_desk->screen(), false));
-        QVERIFY(!isLit(m_desk->screen(), true));
+        QVERIFY(m_test->startPen());
+        QVERIFY(m_test->isLeftLit());
+        QVERIFY(!m_test->isRightLit());
         QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan"));
     }
 
     void keysReachThePen()
     {
-        startPen();
+        QVERIFY(m_test->startPen());
         type(Qt::Key_Down);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
-        QVERIFY(!isLit(m_desk->screen(), false));
+        QTRY_VERIFY(m_test->isRightLit());
+        QVERIFY(!m_test->isLeftLit());
         QTRY_VERIFY(m_desk->transcript().contains("second half"));
         QTRY_VERIFY(!m_desk->transcript().isSpeaking());
         QCOMPARE(m_desk->transcript().utterances().last().heard(), "Second");
@@ -63,46 +50,46 @@ private slots:
 
     void aDialogIsOnTopAndHasTheKeys()
     {
-        startPen();
+        QVERIFY(m_test->startPen());
         type(Qt::Key_F12);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
-        QVERIFY(isLit(m_desk->screen(), false));
+        QTRY_VERIFY(m_test->isRightLit());
+        QVERIFY(m_test->isLeftLit());
         // The dialog takes Escape, so the pen stays; the window below comes back.
         type(Qt::Key_Escape);
-        QTRY_VERIFY(!isLit(m_desk->screen(), true));
+        QTRY_VERIFY(!m_test->isRightLit());
         QVERIFY(m_desk->pen().isRunning());
         QVERIFY(!m_desk->launcher().hasHeard("ESC(QString)", "escpressed"));
         type(Qt::Key_Down);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
+        QTRY_VERIFY(m_test->isRightLit());
     }
 
     void theUserLeavesAndStartsAgain()
     {
-        startPen();
+        QVERIFY(m_test->startPen());
         QSignalSpy left(&m_desk->launcher(), &Launcher::penLeft);
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         type(Qt::Key_Escape);
         QVERIFY(ended.wait());
         QTRY_COMPARE(left.size(), 1);
         QVERIFY(ended[0][1].toBool());
         QVERIFY(!m_desk->hasWindow());
-        QTRY_VERIFY(!isLit(m_desk->screen(), false));
-        startPen();
+        QTRY_VERIFY(!m_test->isLeftLit());
+        QVERIFY(m_test->startPen());
         QCOMPARE(m_desk->penRuns(), 2U);
     }
 
     void anotherLanguageStartsThePenAnew()
     {
-        startPen();
+        QVERIFY(m_test->startPen());
         QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan"));
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
-        QSignalSpy failed(m_desk.get(), &DeskSession::languageFailed);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
+        QSignalSpy failed(m_desk, &DeskSession::languageFailed);
         m_desk->chooseLanguage(2);
         m_desk->chooseLanguage(4); // the last word counts
-        QCOMPARE(penlanguages::chosen(m_root->path()), 0);
+        QCOMPARE(penlanguages::chosen(m_test->path(QString())), 0);
         QVERIFY(ended.wait());
         QVERIFY(ended[0][1].toBool());
-        QCOMPARE(penlanguages::chosen(m_root->path()), 4);
+        QCOMPARE(penlanguages::chosen(m_test->path(QString())), 4);
         QCOMPARE(m_desk->penRuns(), 2U);
         const qsizetype seen = m_desk->launcher().log().size();
         QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan", seen));
@@ -112,15 +99,14 @@ private slots:
     void aPenThatIsOffOnlyRemembersTheLanguage()
     {
         m_desk->chooseLanguage(6);
-        QCOMPARE(penlanguages::chosen(m_root->path()), 6);
+        QCOMPARE(penlanguages::chosen(m_test->path(QString())), 6);
         QCOMPARE(m_desk->penRuns(), 0U);
     }
 
     void settingsThatCannotBeWrittenAreTold()
     {
-        QFile file(m_root->filePath("apps")); // where a folder should be
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QSignalSpy failed(m_desk.get(), &DeskSession::languageFailed);
+        QVERIFY(QDir().mkpath(m_test->path("apps/config/config.ini"))); // where a file should be
+        QSignalSpy failed(m_desk, &DeskSession::languageFailed);
         m_desk->chooseLanguage(6);
         QCOMPARE(failed.size(), 1);
     }
@@ -135,9 +121,9 @@ private slots:
 
     void endsAreToldPlainly()
     {
-        startPen();
+        QVERIFY(m_test->startPen());
         QFETCH(int, key);
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         type(Qt::Key(key));
         QVERIFY(ended.wait());
         QFETCH(QString, part);
@@ -147,8 +133,8 @@ private slots:
 
     void launcherStopsThePen()
     {
-        startPen();
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QVERIFY(m_test->startPen());
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         m_desk->launcher().plugUsb();
         QVERIFY(m_desk->launcher().isUsbPlugged());
         const auto& log = m_desk->launcher().log();
@@ -166,11 +152,10 @@ private slots:
 
     void aLineIsSwiped()
     {
-        startPen();
-        loadPage();
-        QTRY_VERIFY(m_desk->link().isCameraOn());
-        QSignalSpy ended(m_desk.get(), &DeskSession::swipeEnded);
-        QSignalSpy reported(m_desk.get(), &DeskSession::swipeReported);
+        QVERIFY(m_test->startPen());
+        QVERIFY(m_test->layPageForSwipes());
+        QSignalSpy ended(m_desk, &DeskSession::swipeEnded);
+        QSignalSpy reported(m_desk, &DeskSession::swipeReported);
         QVERIFY(!m_desk->swipeLine(-1, 300));
         QVERIFY(!m_desk->swipeLine(500, 300));
         QVERIFY(m_desk->swipeLine(1, 300));
@@ -193,19 +178,18 @@ private slots:
     void aHandSwipes()
     {
         QFETCH(double, wobble);
-        startPen();
-        loadPage();
-        QTRY_VERIFY(m_desk->link().isCameraOn());
+        QVERIFY(m_test->startPen());
+        QVERIFY(m_test->layPageForSwipes());
         HandModel model;
         model.wobbleMm = wobble;
         m_desk->setHand(model);
-        QSignalSpy looks(m_desk.get(), &DeskSession::swipeLooksAt);
-        QSignalSpy reported(m_desk.get(), &DeskSession::swipeReported);
+        QSignalSpy looks(m_desk, &DeskSession::swipeLooksAt);
+        QSignalSpy reported(m_desk, &DeskSession::swipeReported);
         QVERIFY(m_desk->beginSwipe(QPointF(20, 40)));
         QVERIFY(!m_desk->beginSwipe(QPointF(20, 40)));
         double x = 20.0;
         QTimer hand;
-        connect(&hand, &QTimer::timeout, m_desk.get(), [&] { m_desk->moveSwipe({x += 1.0, 40}); });
+        connect(&hand, &QTimer::timeout, m_desk, [&] { m_desk->moveSwipe({x += 1.0, 40}); });
         hand.start(5);
         QTRY_VERIFY(looks.size() > 60);
         hand.stop();
@@ -223,12 +207,11 @@ private slots:
 
     void aMissingProgramIsTold()
     {
-        DeskSetting setting;
-        setting.penProgram = "/nowhere/pen";
-        m_desk.reset();
-        m_desk = std::make_unique<DeskSession>(setting);
-        QVERIFY(m_desk->open());
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        m_test.reset();
+        m_test = std::make_unique<TestDesk>("/nowhere/pen");
+        m_desk = &m_test->session();
+        QVERIFY(m_test->open());
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         m_desk->startPen();
         QTRY_COMPARE(ended.size(), 1);
         QVERIFY(ended[0][0].toString().contains("could not be started"));
@@ -236,29 +219,14 @@ private slots:
     }
 
 private:
-    void startPen()
-    {
-        m_desk->startPen();
-        QTRY_VERIFY_WITH_TIMEOUT(isLit(m_desk->screen(), false), 20000);
-    }
-
     void type(Qt::Key key)
     {
         m_desk->sendKey(key, true);
         m_desk->sendKey(key, false);
     }
 
-    void loadPage()
-    {
-        QSignalSpy changed(m_desk.get(), &DeskSession::pageChanged);
-        PageSource source;
-        source.name = "english";
-        m_desk->pageLoader().load(source);
-        QVERIFY(changed.wait(30000));
-    }
-
-    std::unique_ptr<QTemporaryDir> m_root;
-    std::unique_ptr<DeskSession> m_desk;
+    std::unique_ptr<TestDesk> m_test;
+    DeskSession* m_desk = nullptr;
 };
 
 QTEST_MAIN(TestDeskSession)

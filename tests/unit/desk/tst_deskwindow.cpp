@@ -1,6 +1,5 @@
-#include "desk/deskwindow.h"
+#include "testwindow.h"
 
-#include "desk/desksession.h"
 #include "desk/keybutton.h"
 #include "desk/oledview.h"
 #include "desk/pageview.h"
@@ -12,17 +11,7 @@
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QTabWidget>
-#include <QTemporaryDir>
 #include <QTest>
-
-namespace {
-
-bool isLit(const QImage& screen, bool right)
-{
-    return screen.pixelIndex(right ? 192 : 64, 32) == 1;
-}
-
-} // namespace
 
 /* The window with mouse and keyboard, against a process that stands for the pen. */
 class TestDeskWindow : public QObject
@@ -32,38 +21,24 @@ class TestDeskWindow : public QObject
 private slots:
     void init()
     {
-        m_root = std::make_unique<QTemporaryDir>();
-        QVERIFY(QDir(m_root->path()).mkpath("apps/config"));
-        QVERIFY(QFile::copy(SWIPELINE_SOURCE_DIR "/device/apps/config/menulan.cfg",
-                            m_root->filePath("apps/config/menulan.cfg")));
-        DeskSetting setting;
-        setting.penProgram = TESTPEN;
-        setting.root = m_root->path();
-        m_desk = std::make_unique<DeskSession>(setting);
-        QVERIFY(m_desk->open());
-        m_window = std::make_unique<DeskWindow>(*m_desk);
-        m_window->show();
-        m_window->activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
-        m_desk->startPen();
-        QTRY_VERIFY_WITH_TIMEOUT(isLit(m_desk->screen(), false), 20000);
+        m_test = std::make_unique<TestWindow>();
+        m_desk = &m_test->session();
+        QVERIFY(m_test->show());
+        m_window = &m_test->window();
+        QVERIFY(m_test->startPen());
     }
 
-    void cleanup()
-    {
-        m_window.reset();
-        m_desk.reset();
-    }
+    void cleanup() { m_test.reset(); }
 
     void keyboardGoesToThePen()
     {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
+        QTRY_VERIFY(m_test->isRightLit());
     }
 
     void enterOfTheNumberPadIsOk()
     {
-        auto* const ok = key(Qt::Key_Return);
+        auto* const ok = m_test->key(Qt::Key_Return);
         const QImage before = ok->grab().toImage();
         QTest::keyPress(QApplication::focusWidget(), Qt::Key_Enter);
         QVERIFY(ok->grab().toImage() != before);
@@ -83,26 +58,26 @@ private slots:
             QFAIL("no box of languages");
         QCOMPARE(languages->count(), 8);
         QCOMPARE(languages->currentText(), "English");
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         languages->setFocus();
         QTest::keyClick(languages, Qt::Key_D); // "Deutsch"
         QVERIFY(ended.wait());
         QTRY_COMPARE(languages->currentText(), "Deutsch");
         QCOMPARE(m_desk->penRuns(), 2U);
-        QVERIFY(QFile::exists(m_root->filePath("apps/config/config.ini")));
+        QVERIFY(QFile::exists(m_test->path("apps/config/config.ini")));
     }
 
     void keysOnThePenAreClickable()
     {
-        QTest::mouseClick(key(Qt::Key_Down), Qt::LeftButton);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
+        QTest::mouseClick(m_test->key(Qt::Key_Down), Qt::LeftButton);
+        QTRY_VERIFY(m_test->isRightLit());
     }
 
     void spaceBarPressesTheFocusedKey()
     {
-        key(Qt::Key_Down)->setFocus();
-        QTest::keyClick(key(Qt::Key_Down), Qt::Key_Space);
-        QTRY_VERIFY(isLit(m_desk->screen(), true));
+        m_test->key(Qt::Key_Down)->setFocus();
+        QTest::keyClick(m_test->key(Qt::Key_Down), Qt::Key_Space);
+        QTRY_VERIFY(m_test->isRightLit());
     }
 
     void tabReachesEverything()
@@ -124,8 +99,8 @@ private slots:
 
     void pageKeepsItsArrowKeys()
     {
-        loadPage();
-        auto* const page = m_window->findChild<PageView*>();
+        QVERIFY(m_test->layPageForSwipes());
+        PageView* const page = &m_test->page();
         page->setFocus();
         QSignalSpy wanted(page, &PageView::lineWanted);
         QTest::keyClick(page, Qt::Key_Down);
@@ -133,19 +108,19 @@ private slots:
         QTest::keyClick(page, Qt::Key_Return);
         QCOMPARE(wanted.size(), 1);
         QCOMPARE(wanted[0][0].toInt(), 1);
-        QVERIFY(!isLit(m_desk->screen(), true));
+        QVERIFY(!m_test->isRightLit());
         QTRY_COMPARE(m_desk->swipeReports().size(), 1);
         // Escape still is the pen's.
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         QTest::keyClick(page, Qt::Key_Escape);
         QVERIFY(ended.wait());
     }
 
     void aDragIsASwipe()
     {
-        loadPage();
-        QWidget* const paper = m_window->findChild<PageView*>()->viewport();
-        QSignalSpy looks(m_desk.get(), &DeskSession::swipeLooksAt);
+        QVERIFY(m_test->layPageForSwipes());
+        QWidget* const paper = m_test->page().viewport();
+        QSignalSpy looks(m_desk, &DeskSession::swipeLooksAt);
         const QPoint start(paper->width() / 4, 150);
         QTest::mousePress(paper, Qt::LeftButton, {}, start);
         for (int x = 10; x <= 200; x += 10) {
@@ -162,8 +137,8 @@ private slots:
 
     void aNewPageEndsTheDrag()
     {
-        loadPage();
-        auto* const page = m_window->findChild<PageView*>();
+        QVERIFY(m_test->layPageForSwipes());
+        PageView* const page = &m_test->page();
         QSignalSpy ends(page, &PageView::swipeEnds);
         QSignalSpy moves(page, &PageView::swipeMoves);
         const QPoint start(page->viewport()->width() / 4, 150);
@@ -171,7 +146,7 @@ private slots:
         QTest::mouseMove(page->viewport(), start + QPoint(40, 0));
         QTRY_VERIFY(!moves.isEmpty());
         QVERIFY(ends.isEmpty());
-        loadPage();
+        QVERIFY(m_test->layPageForSwipes());
         QCOMPARE(ends.size(), 1);
         moves.clear();
         QTest::mouseMove(page->viewport(), start + QPoint(80, 0));
@@ -183,10 +158,10 @@ private slots:
 
     void theChooserNamesThePage()
     {
-        loadPage();
+        QVERIFY(m_test->layPageForSwipes());
         auto* const chooser = m_window->findChild<QComboBox*>();
         QCOMPARE(chooser->currentText(), "English");
-        QSignalSpy changed(m_desk.get(), &DeskSession::pageChanged);
+        QSignalSpy changed(m_desk, &DeskSession::pageChanged);
         PageSource source;
         source.name = "chinese";
         m_desk->pageLoader().load(source);
@@ -199,27 +174,26 @@ private slots:
     {
         auto* const card = m_window->findChild<QPlainTextEdit*>();
         QTRY_COMPARE(card->toPlainText(), "No scan files yet");
-        QVERIFY(QDir(m_root->path()).mkpath("mnt/mmc/e_ScanFile"));
-        QFile file(m_root->filePath("mnt/mmc/e_ScanFile/notes.txt"));
+        QFile file(m_test->path("mnt/mmc/e_ScanFile/notes.txt"));
         QVERIFY(file.open(QIODevice::WriteOnly));
         QVERIFY(file.write("A line.") > 0);
         file.close();
-        m_window->findChild<QTabWidget*>()->setCurrentIndex(1);
+        m_test->tabs().setCurrentIndex(1);
         QTRY_VERIFY(card->toPlainText().contains("notes.txt (7 bytes)\nA line."));
     }
 
     void aClickIsNoSwipe()
     {
-        loadPage();
-        QWidget* const paper = m_window->findChild<PageView*>()->viewport();
+        QVERIFY(m_test->layPageForSwipes());
+        QWidget* const paper = m_test->page().viewport();
         QTest::mouseClick(paper, Qt::LeftButton, {}, QPoint(paper->width() / 2, 150));
         QVERIFY(!m_desk->isSwiping());
     }
 
     void aDoubleClickSwipesTheLine()
     {
-        loadPage();
-        auto* const page = m_window->findChild<PageView*>();
+        QVERIFY(m_test->layPageForSwipes());
+        PageView* const page = &m_test->page();
         QSignalSpy wanted(page, &PageView::lineWanted);
         // Somewhere below the head of the page stands a line.
         for (int y = 60; y < page->viewport()->height() && wanted.isEmpty(); y += 6)
@@ -231,7 +205,7 @@ private slots:
 
     void closingLetsThePenSave()
     {
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         QVERIFY(!m_window->close());
         QVERIFY(ended.wait());
         QVERIFY(ended[0][1].toBool());
@@ -241,45 +215,21 @@ private slots:
 
     void aStoppedPenCanBeStartedAgain()
     {
-        QSignalSpy ended(m_desk.get(), &DeskSession::penEnded);
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_F8);
         QVERIFY(ended.wait());
         auto* const oled = m_window->findChild<OledView*>();
         QVERIFY(oled->accessibleDescription().contains("crashed"));
-        const auto buttons = m_window->findChildren<QAbstractButton*>();
-        for (QAbstractButton* const button : buttons) {
-            if (button->isVisible()
-                && QString(button->text()).remove('&').contains("Start the pen"))
-                button->click();
-        }
-        QTRY_VERIFY(isLit(m_desk->screen(), false));
+        QVERIFY(m_test->button("Start the pen")->isVisible());
+        m_test->button("Start the pen")->click();
+        QTRY_VERIFY(m_test->isLeftLit());
         QVERIFY(oled->accessibleDescription().isEmpty());
     }
 
 private:
-    KeyButton* key(Qt::Key wanted) const
-    {
-        const auto keys = m_window->findChildren<KeyButton*>();
-        for (KeyButton* const button : keys) {
-            if (button->key() == wanted)
-                return button;
-        }
-        return nullptr;
-    }
-
-    void loadPage()
-    {
-        QTRY_VERIFY(m_desk->link().isCameraOn());
-        QSignalSpy changed(m_desk.get(), &DeskSession::pageChanged);
-        PageSource source;
-        source.name = "english";
-        m_desk->pageLoader().load(source);
-        QVERIFY(changed.wait(30000));
-    }
-
-    std::unique_ptr<QTemporaryDir> m_root;
-    std::unique_ptr<DeskSession> m_desk;
-    std::unique_ptr<DeskWindow> m_window;
+    std::unique_ptr<TestWindow> m_test;
+    DeskSession* m_desk = nullptr;
+    DeskWindow* m_window = nullptr;
 };
 
 QTEST_MAIN(TestDeskWindow)
