@@ -65,6 +65,7 @@ private slots:
         QTRY_COMPARE(languages->currentText(), "Deutsch");
         QCOMPARE(m_desk->penRuns(), 2U);
         QVERIFY(QFile::exists(m_test->path("apps/config/config.ini")));
+        QTRY_VERIFY(m_test->isLeftLit());
     }
 
     void keysOnThePenAreClickable()
