@@ -47,6 +47,8 @@ constexpr QColor KeyBottom(0x2a, 0x30, 0x38);
 constexpr QColor KeyPressed(0x1c, 0x21, 0x27);
 constexpr QColor KeyText(0xf2, 0xf5, 0xf8);
 
+constexpr int FieldHeight = 28; // of choosers, so that they stand in line with buttons
+
 /* Whether the user's desktop is dark. Ask before the first apply(). */
 bool isDesktopDark();
 

@@ -139,6 +139,7 @@ void LauncherView::addLanguages(QGridLayout& grid, int row)
         m_languages->addItem(language.ownName);
     m_languages->setCurrentIndex(penlanguages::chosen(m_root));
     m_languages->setToolTip(tr("Language of the pen's menus and help; the pen starts anew"));
+    m_languages->setMinimumHeight(desklook::FieldHeight);
     connect(m_languages, &QComboBox::activated, this, &LauncherView::languageWanted);
     auto* const label = new QLabel(tr("&Language of the pen"));
     label->setBuddy(m_languages);

@@ -1,5 +1,6 @@
 #include "desk/pagebar.h"
 
+#include "desk/desklook.h"
 #include "desk/pageloader.h"
 
 #include <QCheckBox>
@@ -9,8 +10,32 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 
 namespace {
+
+constexpr int LeastLetters = 10; // of the name of a page
+constexpr int MostChooserWidth = 240;
+
+/* A chooser that shortens the name of a page of the user's own in the middle. */
+class PageChooser : public QComboBox
+{
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStylePainter painter(this);
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        const QRect field = style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                    QStyle::SC_ComboBoxEditField, this);
+        const QString name = currentIndex() < 0 ? placeholderText() : currentText();
+        option.currentText =
+            option.fontMetrics.elidedText(name, Qt::ElideMiddle, field.width() - 2);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
 
 QPushButton* button(const QString& text, const QString& tip)
 {
@@ -25,7 +50,7 @@ QPushButton* button(const QString& text, const QString& tip)
 
 PageBar::PageBar(QWidget* parent)
     : QWidget(parent),
-      m_pages(new QComboBox),
+      m_pages(new PageChooser),
       m_sheet(new QSpinBox),
       m_ruler(new QCheckBox(tr("&Ruler"))),
       m_dark(new QCheckBox(tr("&Dark desk")))
@@ -33,7 +58,12 @@ PageBar::PageBar(QWidget* parent)
     auto* const label = new QLabel(tr("&Page"));
     label->setBuddy(m_pages);
     m_pages->setAccessibleName(tr("Sample page"));
-    m_pages->setToolTip(tr("A page of print in one of the twelve languages that the pen reads"));
+    m_pages->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_pages->setMinimumContentsLength(LeastLetters);
+    m_pages->setMaximumWidth(MostChooserWidth);
+    m_pages->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    for (QWidget* const field : std::initializer_list<QWidget*>{m_pages, m_sheet})
+        field->setMinimumHeight(desklook::FieldHeight);
     for (const QString& sample : PageLoader::samples())
         m_pages->addItem(sample.at(0).toUpper() + sample.mid(1), sample);
     auto* const open = button(tr("&Open..."), tr("A picture or a PDF file as the page (Ctrl+O). "
@@ -54,8 +84,8 @@ PageBar::PageBar(QWidget* parent)
     row->setContentsMargins(4, 0, 8, 0);
     for (QWidget* const widget :
          std::initializer_list<QWidget*>{label, m_pages, open, type, m_sheet})
-        row->addWidget(widget);
-    row->addStretch();
+        row->addWidget(widget, widget == m_pages ? 2 : 0);
+    row->addStretch(1);
     for (QWidget* const widget : std::initializer_list<QWidget*>{m_ruler, m_dark, help})
         row->addWidget(widget);
 
@@ -78,6 +108,10 @@ void PageBar::showPage(const PrintedPage& page, const PageSource& source)
     m_source = source;
     // A page of the user's own is named, but is not among the samples.
     m_pages->setPlaceholderText(page.name);
+    m_pages->setToolTip(
+        source.kind == PageSource::Kind::File
+            ? source.name
+            : tr("A page of print in one of the twelve languages that the pen reads"));
     m_pages->setCurrentIndex(
         source.kind == PageSource::Kind::Sample ? m_pages->findData(source.name) : -1);
     const QSignalBlocker still(m_sheet);

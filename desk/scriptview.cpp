@@ -30,7 +30,7 @@ ScriptView::ScriptView(const SessionRecorder& recorder, QWidget* parent)
     buttons->addWidget(save);
     buttons->addWidget(m_play);
     auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(2, 2, 2, 6);
+    column->setContentsMargins(6, 2, 6, 6);
     column->setSpacing(6);
     column->addWidget(m_text, 1);
     column->addLayout(buttons);
@@ -54,6 +54,7 @@ void ScriptView::showScript()
     m_text->setPlainText(m_recorder.script());
     if (atEnd)
         m_text->verticalScrollBar()->setValue(m_text->verticalScrollBar()->maximum());
+    m_text->horizontalScrollBar()->setValue(0);
 }
 
 void ScriptView::setPlaying(bool playing)
