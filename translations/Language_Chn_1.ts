@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>语音设置</translation>
+        <translation>英语语音</translation>
     </message>
     <message>
         <source>Scan Direction</source>

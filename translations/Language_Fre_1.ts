@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>Voix</translation>
+        <translation>Voix anglaise</translation>
     </message>
     <message>
         <source>Scan Direction</source>

@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>Stimme</translation>
+        <translation>Englische Stimme</translation>
     </message>
     <message>
         <source>Scan Direction</source>

@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>Voce</translation>
+        <translation>Voce inglese</translation>
     </message>
     <message>
         <source>Scan Direction</source>

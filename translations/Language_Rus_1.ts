@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>Голос</translation>
+        <translation>Английский голос</translation>
     </message>
     <message>
         <source>Scan Direction</source>

@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>Voz</translation>
+        <translation>Voz inglesa</translation>
     </message>
     <message>
         <source>Scan Direction</source>

@@ -351,7 +351,7 @@
     </message>
     <message>
         <source>TTS Setting</source>
-        <translation>語音設定</translation>
+        <translation>英語語音</translation>
     </message>
     <message>
         <source>Scan Direction</source>
