@@ -101,8 +101,14 @@ bool isSymbol(char32_t c)
 char32_t narrowForm(char32_t c)
 {
     constexpr char32_t Distance = 0xff01 - U'!';
-    const bool wide =
-        between(c, 0xff10, 0xff19) || between(c, 0xff21, 0xff3a) || between(c, 0xff41, 0xff5a);
+    if (c == 0xffe5)
+        return 0xa5; // yen
+    if (c == 0x30fb || c == 0xff65)
+        return 0xb7; // the dot between the parts of a name
+    // Punctuation stays as it is: so it makes its pause between Chinese characters.
+    const bool wide = between(c, 0xff03, 0xff06) || between(c, 0xff0a, 0xff0b) || c == 0xff0f
+                      || between(c, 0xff10, 0xff19) || between(c, 0xff1c, 0xff1e)
+                      || between(c, 0xff20, 0xff3a) || between(c, 0xff41, 0xff5a) || c == 0xff5e;
     return wide ? c - Distance : c;
 }
 

@@ -23,7 +23,7 @@ bool isLetter(char32_t c);
 /* A sign that is spoken by its name: arrows, units, emoji, but none of ASCII. */
 bool isSymbol(char32_t c);
 
-/* The ASCII form of a full-width letter or digit, every other character as it is. */
+/* The narrow form of a full-width letter, digit or sign, every other character as it is. */
 char32_t narrowForm(char32_t c);
 
 /* Ends a clause and makes a pause: . , ; : ! ? and their full-width and Arabic forms. */

@@ -1,6 +1,7 @@
 #include "open/tts/piecer.h"
 
 #include "open/tts/characters.h"
+#include "open/tts/chinesereading.h"
 
 #include <algorithm>
 #include <optional>
@@ -171,6 +172,14 @@ bool endsWithClauseEnd(const std::u32string& text)
     return false;
 }
 
+/* A gap, three blanks or more, is heard as a comma is. */
+void breatheInGap(std::u32string& text)
+{
+    constexpr std::u32string_view Gap = U"   ";
+    if (text.size() > Gap.size() && text.ends_with(Gap) && !endsWithClauseEnd(text))
+        text[text.size() - Gap.size()] = U',';
+}
+
 /* Appends a character in the form that the synthesizer takes best: of a run like "..." or "?!"
  * only the first, as it loses its place in the text there; symbols apart from letters, as it may
  * change to another language for them, and letters of this one would end that untimely. */
@@ -184,6 +193,7 @@ void appendCharacter(std::u32string& text, char32_t c)
     const bool repeats = isClauseEnd(c) && !text.empty() && lastMark != std::u32string::npos
                          && isClauseEnd(text[lastMark]);
     text += repeats || isBlank(c) ? U' ' : c;
+    breatheInGap(text);
 }
 
 class StretchCutter
@@ -309,7 +319,8 @@ bool Piecer::atEnd()
     while (m_next == m_pieces.size() && !m_reader.atEnd()) {
         m_pieces.clear();
         m_next = 0;
-        const Stretch stretch = m_reader.next();
+        Stretch stretch = m_reader.next();
+        widenChineseStops(stretch.characters);
         StretchCutter(stretch, m_script).cut(m_pieces);
     }
     return m_next == m_pieces.size();

@@ -26,8 +26,9 @@ struct Piece
     Script script = Script::Latin;
     std::u32string text; // empty when nothing is to be spoken
     std::vector<Word> words;
-    bool endPause = true; // the pause that the last punctuation makes by nature
-    int pauseMs = 0;      // silence to add after it
+    bool endPause = true;     // the pause that the last punctuation makes by nature
+    int pauseMs = 0;          // silence to add after it
+    bool hasPhonemes = false; // some of the text is phonemes in double brackets
 };
 
 /*

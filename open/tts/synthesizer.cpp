@@ -89,7 +89,8 @@ bool Synthesizer::speak(const Piece& piece, const char* voiceFile, int rate,
     s_receiver = &receiver;
     // Its 16-bit form speaks nothing: 32-bit characters it is.
     static_assert(sizeof(wchar_t) == sizeof(char32_t));
-    const unsigned flags = espeakCHARS_WCHAR | (piece.endPause ? espeakENDPAUSE : 0);
+    const unsigned flags = espeakCHARS_WCHAR | (piece.endPause ? espeakENDPAUSE : 0)
+                           | (piece.hasPhonemes ? espeakPHONEMES : 0);
     const espeak_ERROR error =
         espeak_Synth(piece.text.c_str(), (piece.text.size() + 1) * sizeof(char32_t), 0,
                      POS_CHARACTER, 0, flags, nullptr, nullptr);

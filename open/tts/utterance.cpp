@@ -1,5 +1,7 @@
 #include "open/tts/utterance.h"
 
+#include "open/tts/respelling.h"
+
 #include <algorithm>
 
 namespace tts {
@@ -25,7 +27,8 @@ Utterance::Outcome Utterance::speak(Piecer& pieces)
 {
     bool failed = false;
     while (!pieces.atEnd()) {
-        const Piece piece = pieces.next();
+        Piece piece = pieces.next();
+        respell(piece, m_manner.voice->file(piece.script));
         failed = !piece.text.empty() && !speakPiece(piece);
         if (failed || m_stopped)
             break;

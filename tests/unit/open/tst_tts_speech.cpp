@@ -25,6 +25,7 @@ private slots:
     void pauseIsExact_data();
     void pauseIsExact();
     void naturalPauseIsKept();
+    void narrowStopsPauseInChinese();
     void pauseBetweenWordsIsItsTag_data();
     void pauseBetweenWordsIsItsTag();
     void pauseAloneIsSilence();
@@ -63,7 +64,7 @@ void TstTtsSpeech::speaksEveryLanguage_data()
     add("Norwegian", 109, "Båten lå på fjorden, og været var klart og kaldt.");
     add("Dutch", 110, "De molen draait langzaam in de wind bij het water.");
     add("Portuguese", 111, "O pão fresco da manhã não dura até ao serão.");
-    add("Russian", 151, "Над рекой поднимался туман, и деревня ещё спала.");
+    add("Russian", 151, "Над рекой уже поднимался туман, и 21 человек шёл к воде.");
     add("Arabic", 152, "كان البحر هادئا، والطيور تحلق فوق الماء.");
     const QString chinese = QStringLiteral("清晨的湖面很安静，只有几只小船。");
     QStringList characters;
@@ -211,6 +212,18 @@ void TstTtsSpeech::naturalPauseIsKept()
         QVERIFY2(
             std::abs(whole - divided) <= 2 * SamplesPerSecond / 1000,
             qPrintable(QStringLiteral("%1: %2").arg(QLatin1String(mark)).arg(whole - divided)));
+    }
+}
+
+void TstTtsSpeech::narrowStopsPauseInChinese()
+{
+    ZEMBRA_TTS_SetLang(1);
+    const QString marks = QStringLiteral(",.!?;:");
+    for (const QChar mark : marks) {
+        const QString text = QStringLiteral("马") + mark + QStringLiteral("路");
+        QCOMPARE(play(text), 0);
+        const int silence = longestSilenceOf(recorded()) * 1000 / SamplesPerSecond;
+        QVERIFY2(silence > 100, qPrintable(text + QString::number(silence)));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "open/tts/pausetag.h"
+#include "open/tts/respelling.h"
 #include "open/tts/textreader.h"
 #include "tests/unit/open/cutpieces.h"
 
@@ -23,7 +24,28 @@ private slots:
     void unspeakableBecomesBlank_data();
     void unspeakableBecomesBlank();
     void silentMarksStayInTheirWord();
+    void saysWhatTheVoiceGetsWrong_data();
+    void saysWhatTheVoiceGetsWrong();
+    void respelledWordsKeepTheirPlaces();
+    void gapIsAComma();
 };
+
+namespace {
+
+/* The pieces as they reach the synthesizer. */
+QString saidOf(const QString& text, Script script, const char* latinVoice)
+{
+    QStringList said;
+    for (Piece piece : cut(text, script)) {
+        const bool latin = piece.script == Script::Latin;
+        const bool chinese = piece.script == Script::Chinese;
+        respell(piece, latin ? latinVoice : chinese ? "sit/cmn-Latn-pinyin+f3" : "zle/ru");
+        said.append(QString::fromStdU32String(piece.text).simplified());
+    }
+    return said.join(QLatin1Char('|'));
+}
+
+} // namespace
 
 void TstTtsWords::findsWords_data()
 {
@@ -191,6 +213,90 @@ void TstTtsWords::silentMarksStayInTheirWord()
     const QString text = QStringLiteral("know\u00adledge is\u200b on");
     QCOMPARE(wordsOf(text), QStringList({"know\u00adledge", "is", "on"}));
     QCOMPARE(piecesOf(text), QStringList({"knowledge is on"}));
+    QVERIFY(areOrdered(cut(text), text.size()));
+}
+
+void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("said");
+    QTest::addColumn<int>("script");
+    QTest::addColumn<QString>("voice");
+    const auto add = [](const char* name, Script script, const char* voice, const char* text,
+                        const char* said) {
+        QTest::newRow(name) << QString::fromUtf8(text) << QString::fromUtf8(said)
+                            << static_cast<int>(script) << QString::fromLatin1(voice);
+    };
+    const auto chinese = [&add](const char* name, const char* text, const char* said) {
+        add(name, Script::Chinese, "gmw/en", text, said);
+    };
+    chinese("narrow stops", "你好!吗?好.是,的:嗯;\"对.\"完",
+            "你好！吗？好。是，的：嗯；\"对。\"完");
+    chinese("point of a number", "共3.14元.", "共三点一四元。");
+    chinese("number of an entry", "3.打开", "三。打开");
+    chinese("quantities", "10 15 110 101 1010 2000 12345 10005 20000 1,000",
+            "十 十五 一百一十 一百零一 一千零一十 两千 一万两千三百四十五 一万零五 两万 一千");
+    chinese("large quantities", "1000000 12000000 20000002", "一百万 一千二百万 两千万零二");
+    chinese("no quantities", "13812345678 007", "一三八一二三四五六七八 零零七");
+    chinese("two", "第2条，共2条；2月2日", "第二条，共两条；二月二日");
+    chinese("a year", "2026年11月", "二零二六年十一月");
+    chinese("shares", "50%和3/4", "百分之五十和四分之三");
+    chinese("times of the day", "8:00到9:05到10:30", "八点到九点零五到十点三十分");
+    chinese("ranges", "3-5天，2026-11-22", "三到五天，两千零二十六 十一 二十二");
+    chinese("full-width signs", "￥１００，５０％", "一百元，百分之五十");
+    chinese("signs", "3×4=12，+86", "三 乘以 四等于十二，加八十六");
+    chinese("lines", "第2行，行走", "第二航，行走");
+    chinese("two readings", "重新，重要，银行，自行车", "虫新，重要，银航，自行车");
+    chinese("traditional characters", "重新命名，音樂，快樂", "虫新命名，音月，快樂");
+    chinese("no such word", "了解，为了解决", "瞭解，为了解决");
+    chinese("words said twice", "瑞典语", "锐典语");
+    chinese("dot in a name", "张三・李四", "张三·李四");
+    chinese("other words", "用USB", "用,|USB");
+    add("Russian", Script::Cyrillic, "gmw/en", "К столу. Мы уже [тут]; буква К.",
+        "[[k]] столу. Мы [[uZ'E]] (тут]; буква К.");
+    add("Russian numbers", Script::Cyrillic, "gmw/en", "1 и 21, 101; 11 и 01 и 1,1",
+        "один и 20 один, 100 один; 11 и 01 и 1,1");
+    add("English seconds", Script::Latin, "gmw/en-US+f3", "1s 3s 10s x1s",
+        "1 second 3 seconds 10s x1s");
+    add("German", Script::Latin, "gmw/de", "1s USB usb OK", "1s U S B usb OK");
+    add("Spanish", Script::Latin, "roa/es-419", "OK & 3 × 4", "okey y 3 por 4");
+    add("no language", Script::Latin, "", "OK 1s", "OK 1s");
+}
+
+void TstTtsWords::saysWhatTheVoiceGetsWrong()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, said);
+    QFETCH(int, script);
+    QFETCH(QString, voice);
+    QCOMPARE(saidOf(text, static_cast<Script>(script), qPrintable(voice)), said);
+}
+
+void TstTtsWords::respelledWordsKeepTheirPlaces()
+{
+    const QString text = QStringLiteral("共12345页，第2行50%的。");
+    auto pieces = cut(text, Script::Chinese);
+    QCOMPARE(pieces.size(), std::size_t(1));
+    const std::vector<Word> before = pieces[0].words;
+    respell(pieces[0], "sit/cmn-Latn-pinyin");
+    QVERIFY(areOrdered(pieces, text.size()));
+    QStringList spoken;
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const Word& word = pieces[0].words[i];
+        QCOMPARE(word.offset, before[i].offset);
+        QCOMPARE(word.length, before[i].length);
+        spoken.append(
+            QString::fromStdU32String(pieces[0].text.substr(word.begin, word.end - word.begin)));
+    }
+    QCOMPARE(spoken,
+             QStringList({"共", "一万两千三百四十五", "页", "第", "二", "航", "百分之五十", "的"}));
+}
+
+void TstTtsWords::gapIsAComma()
+{
+    const QString text = QStringLiteral("Settings    Press OK.    Or  not   ");
+    QCOMPARE(piecesOf(text), QStringList({"Settings, Press OK. Or not,"}));
+    QCOMPARE(wordsOf(text), QStringList({"Settings", "Press", "OK", "Or", "not"}));
     QVERIFY(areOrdered(cut(text), text.size()));
 }
 

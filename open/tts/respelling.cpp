@@ -1,0 +1,162 @@
+#include "open/tts/respelling.h"
+
+#include "open/tts/characters.h"
+#include "open/tts/chinesereading.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tts {
+
+namespace {
+
+struct Respelling
+{
+    std::string_view language;
+    std::u32string_view written; // in small letters, but for abbreviations
+    std::u32string_view said;
+};
+
+/* Text in double brackets is in the synthesizer's own phonemes: where no spelling has the stress.
+ */
+constexpr Respelling Respellings[] = {
+    {"de", U"USB", U"U S B"},
+    {"de", U"№", U"Nummer"},
+    {"fr", U"№", U"numéro"},
+    {"fr", U"§", U"paragraphe"},
+    {"es", U"OK", U"okey"},
+    {"es", U"USB", U"U S B"},
+    {"es", U"&", U"y"},
+    {"es", U"×", U"por"},
+    {"es", U"№", U"número"},
+    {"it", U"&", U"e"},
+    {"it", U"×", U"per"},
+    {"it", U"§", U"paragrafo"},
+    {"sv", U"OK", U"okej"},
+    {"sv", U"USB", U"U S B"},
+    {"sv", U"×", U"gånger"},
+    {"sv", U"§", U"paragraf"},
+    {"sv", U"№", U"nummer"},
+    {"da", U"USB", U"U S B"},
+    {"da", U"№", U"nummer"},
+    {"nb", U"OK", U"okei"},
+    {"nb", U"USB", U"U S B"},
+    {"nb", U"×", U"ganger"},
+    {"nb", U"§", U"paragraf"},
+    {"nb", U"№", U"nummer"},
+    {"nl", U"OK", U"oké"},
+    {"nl", U"USB", U"U S B"},
+    {"nl", U"&", U"en"},
+    {"nl", U"№", U"nummer"},
+    {"nl", U"§", U"paragraaf"},
+    {"ru", U"уже", U"[[uZ'E]]"},
+    {"ru", U"потом", U"[[pVt'om]]"},
+    {"ru", U"своего", U"[[svVjIv'o]]"},
+    {"ru", U"себе", U"[[s;Ib;'e]]"},
+    {"ru", U"сами", U"[[sVm;'I]]"},
+    {"ru", U"глаза", U"[[glaz'A]]"},
+};
+
+/* "gmw/en-GB-scotland" is of "en". */
+std::string_view languageOf(std::string_view voiceFile)
+{
+    const std::size_t begin = voiceFile.find('/') + 1;
+    return voiceFile.substr(begin, voiceFile.find_first_of("+-", begin) - begin);
+}
+
+char32_t smallRussian(char32_t c)
+{
+    constexpr char32_t Distance = U'а' - U'А';
+    return c >= U'А' && c <= U'Я' ? c + Distance : c;
+}
+
+std::u32string textOf(const Piece& piece, const Word& word)
+{
+    std::u32string text = piece.text.substr(word.begin, word.end - word.begin);
+    std::ranges::transform(text, text.begin(), smallRussian);
+    return text;
+}
+
+bool isNumber(std::u32string_view text)
+{
+    return !text.empty() && std::ranges::all_of(text, isDigit);
+}
+
+/* "1s" is otherwise one with a plural's end. */
+std::u32string englishSeconds(std::u32string_view word)
+{
+    if (word.size() != 2 || word[1] != U's' || word[0] < U'1' || word[0] > U'9')
+        return {};
+    return std::u32string(1, word[0]) + (word[0] == U'1' ? U" second" : U" seconds");
+}
+
+/* The synthesizer's own word for one at the end of a number is none. */
+std::u32string russianNumber(std::u32string_view word)
+{
+    if (!isNumber(word) || word.back() != U'1' || word.front() == U'0' || word.ends_with(U"11"))
+        return {};
+    if (word.size() == 1)
+        return U"один";
+    return std::u32string(word.substr(0, word.size() - 1)) + U"0 один";
+}
+
+/* Before another word it is a preposition, which would be spelled out; elsewhere a letter. */
+bool isPreposition(const Piece& piece, const Word& word)
+{
+    const std::size_t next = piece.text.find_first_not_of(U' ', word.end);
+    return next != std::u32string::npos && next > word.end && isLetter(piece.text[next]);
+}
+
+std::u32string saidFor(std::string_view language, const Piece& piece, const Word& word)
+{
+    const std::u32string text = textOf(piece, word);
+    const auto found = std::ranges::find_if(Respellings, [&](const Respelling& respelling) {
+        return respelling.language == language && respelling.written == text;
+    });
+    if (found != std::end(Respellings))
+        return std::u32string(found->said);
+    if (language == "en")
+        return englishSeconds(text);
+    if (language != "ru")
+        return {};
+    if (text == U"к" && isPreposition(piece, word))
+        return U"[[k]]";
+    return russianNumber(text);
+}
+
+} // namespace
+
+void respellWord(Piece& piece, std::size_t word, std::u32string_view text)
+{
+    const std::size_t begin = piece.words[word].begin;
+    const std::size_t before = piece.words[word].end - begin;
+    piece.text.replace(begin, before, text);
+    piece.words[word].end = begin + text.size();
+    for (std::size_t i = word + 1; i < piece.words.size(); ++i) {
+        piece.words[i].begin += text.size() - before;
+        piece.words[i].end += text.size() - before;
+    }
+}
+
+void respell(Piece& piece, const char* voiceFile)
+{
+    if (!voiceFile)
+        return;
+    const std::string_view language = languageOf(voiceFile);
+    if (language == "cmn") {
+        readChinese(piece);
+        return;
+    }
+    // No bracket of the text is taken for one of ours.
+    if (language == "ru")
+        std::ranges::replace(piece.text, U'[', U'(');
+    for (std::size_t i = 0; i < piece.words.size(); ++i) {
+        const std::u32string said = saidFor(language, piece, piece.words[i]);
+        if (said.empty())
+            continue;
+        piece.hasPhonemes = piece.hasPhonemes || said.starts_with(U"[[");
+        respellWord(piece, i, said);
+    }
+}
+
+} // namespace tts

@@ -1,0 +1,22 @@
+#ifndef OPEN_TTS_SOUNDALIKES_H
+#define OPEN_TTS_SOUNDALIKES_H
+
+#include <span>
+#include <string_view>
+
+namespace tts {
+
+/* A Chinese character that the synthesizer reads wrongly in some words, and one that it reads as it
+ * should be there. */
+struct SoundAlike
+{
+    char32_t written;
+    char32_t said;             // the same character where a longer word is no such word
+    std::u32string_view words; // with blanks between, 0 for any digit; everywhere if empty
+};
+
+std::span<const SoundAlike> soundAlikes();
+
+} // namespace tts
+
+#endif
