@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
 #include <algorithm>
 #include <utility>
@@ -30,13 +31,12 @@ QString tr(const char* text)
     return QCoreApplication::translate("PenCheck", text);
 }
 
+// In the folder or in one of those below it, where the pen looks, too.
 bool holdsDictionary(const QString& folder)
 {
-    return !QDir(folder)
-                .entryList({QStringLiteral("*.index"), QStringLiteral("*.ifo"),
-                            QStringLiteral("*.idx"), QStringLiteral("*.idx.gz")},
-                           QDir::Files)
-                .isEmpty();
+    const QStringList names = {QStringLiteral("*.index"), QStringLiteral("*.ifo"),
+                               QStringLiteral("*.idx"), QStringLiteral("*.idx.gz")};
+    return QDirIterator(folder, names, QDir::Files, QDirIterator::Subdirectories).hasNext();
 }
 
 } // namespace
