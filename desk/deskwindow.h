@@ -68,6 +68,7 @@ private:
     void connectPen();
     void connectPage();
     void tellWhenCameraIsOff();
+    QString whyCameraIsOff() const;
     void tellSwipe(const SwipeReport& report);
     void layPage(const PageSource& source);
     void typePage();

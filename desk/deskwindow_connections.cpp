@@ -63,21 +63,29 @@ void DeskWindow::connectPage()
     connect(&m_session, &DeskSession::swipeEnded, this, [this] {
         m_pen->setTipPressed(false);
         m_page->hideCamera();
+        if (!m_session.link().isCameraOn())
+            m_page->showOutcome(whyCameraIsOff(), true);
     });
 }
 
 void DeskWindow::tellWhenCameraIsOff()
 {
     if (!m_session.link().isCameraOn())
-        tell(tr("The pen's camera is off: open a file first, for instance with \"New file\""),
-             true);
+        tell(whyCameraIsOff(), true);
+}
+
+QString DeskWindow::whyCameraIsOff() const
+{
+    return m_session.pen().isRunning()
+               ? tr("The pen's camera is off: open a file first, for instance with \"New file\"")
+               : tr("The pen is off: start it first");
 }
 
 void DeskWindow::tellSwipe(const SwipeReport& report)
 {
-    const bool lost = report.outcome == desklink::SwipeOutcome::NoPrint
-                      || report.outcome == desklink::SwipeOutcome::BadMotion;
-    tell(desktexts::swipe(report), lost);
+    const bool lost = report.outcome != desklink::SwipeOutcome::Delivered;
+    tell(desktexts::swipe(report), lost && report.outcome != desklink::SwipeOutcome::Stopped);
+    m_page->showOutcome(lost ? desktexts::swipe(report) : tr("Scanned"), lost);
 }
 
 void DeskWindow::connectLauncher()
@@ -93,8 +101,10 @@ void DeskWindow::connectLauncher()
     connect(&m_session, &DeskSession::languageFailed, this,
             [this](const QString& error) { tell(error, true); });
     connect(m_hand, &HandView::handWanted, &m_session, &DeskSession::setHand);
-    connect(&m_session, &DeskSession::handChanged, this,
-            [this] { m_hand->showHand(m_session.hand()); });
+    connect(&m_session, &DeskSession::handChanged, this, [this] {
+        m_hand->showHand(m_session.hand());
+        m_page->setLeftHand(m_session.hand().left);
+    });
     connect(m_script, &ScriptView::told, this, &DeskWindow::tell);
     connect(m_script, &ScriptView::playWanted, this, &DeskWindow::play);
     connect(m_script, &ScriptView::stopWanted, &m_player, &DeskPlayer::stop);

@@ -63,8 +63,8 @@ LauncherView::LauncherView(Launcher& launcher, PenStorage& storage, QString root
     m_files->setAccessibleName(tr("Files on the pen's card"));
     m_files->setReadOnly(true);
     m_files->setTabChangesFocus(true);
-    m_tabs->addTab(m_messages, tr("&Messages"));
     m_tabs->addTab(m_files, tr("&Card"));
+    m_tabs->addTab(m_messages, tr("&Messages"));
     column->addWidget(m_tabs, 1);
 
     connect(&m_launcher, &Launcher::logged, this, &LauncherView::addMessage);

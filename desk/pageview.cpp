@@ -15,7 +15,9 @@ constexpr int PaperMargin = 18;
 constexpr double MostPixelsPerMm = 6.0;
 constexpr int RestMs = 8;
 constexpr double DragThreshold = 4.0; // pixels; less is a click
-constexpr QSizeF CameraMm(13.5, 8.8);
+constexpr double TrailStepMm = 0.5;
+constexpr int ReadMs = 1500; // an outcome is shown so long
+constexpr int LostMs = 4000;
 
 } // namespace
 
@@ -30,7 +32,6 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
     setFocusPolicy(Qt::StrongFocus);
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
-    viewport()->setCursor(Qt::CrossCursor);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(&m_scaler, &QFutureWatcher<QImage>::finished, this, [this] {
         m_scaled = m_scaler.result();
@@ -38,6 +39,8 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
     });
     m_restTimer.setInterval(RestMs);
     connect(&m_restTimer, &QTimer::timeout, this, [this] { emit swipeMoves(handAt(m_mouse)); });
+    m_outcomeTimer.setSingleShot(true);
+    connect(&m_outcomeTimer, &QTimer::timeout, this, &PageView::clearOutcome);
 }
 
 void PageView::setPage(const PrintedPage& page)
@@ -47,6 +50,7 @@ void PageView::setPage(const PrintedPage& page)
     m_notice.clear();
     m_scaled = QImage();
     m_line = -1;
+    clearOutcome();
     arrange();
     scale();
     verticalScrollBar()->setValue(0);
@@ -60,15 +64,42 @@ void PageView::setNotice(const QString& notice)
 
 void PageView::showCamera(QPointF mm, double angleDeg)
 {
+    if (!m_cameraShown)
+        clearOutcome();
     m_cameraShown = true;
     m_cameraMm = mm;
     m_cameraAngle = angleDeg;
+    if (m_trail.empty() || QLineF(m_trail.back(), mm).length() >= TrailStepMm)
+        m_trail.push_back(mm);
     viewport()->update();
 }
 
 void PageView::hideCamera()
 {
     m_cameraShown = false;
+    viewport()->update();
+}
+
+void PageView::setLeftHand(bool left)
+{
+    m_leftHand = left;
+    viewport()->update();
+}
+
+void PageView::showOutcome(const QString& text, bool lost)
+{
+    m_outcome = text;
+    m_outcomeKind = lost ? penonpaper::Outcome::Lost : penonpaper::Outcome::Read;
+    m_outcomeTimer.start(lost ? LostMs : ReadMs);
+    viewport()->update();
+}
+
+void PageView::clearOutcome()
+{
+    m_outcomeTimer.stop();
+    m_outcome.clear();
+    m_outcomeKind = penonpaper::Outcome::Open;
+    m_trail.clear();
     viewport()->update();
 }
 
@@ -163,8 +194,7 @@ void PageView::paintEvent(QPaintEvent*)
         return;
     }
     paintPaper(painter);
-    if (m_cameraShown)
-        paintCamera(painter);
+    paintSwipe(painter);
     if (hasFocus()) {
         painter.setPen(QPen(desklook::colours().accent, 2));
         painter.setBrush(Qt::NoBrush);
@@ -194,19 +224,33 @@ void PageView::paintPaper(QPainter& painter)
     painter.drawRoundedRect(toViewport(m_page.lines.at(m_line).mm).adjusted(-6, -4, 6, 4), 5, 5);
 }
 
-void PageView::paintCamera(QPainter& painter)
+void PageView::paintSwipe(QPainter& painter)
 {
-    painter.save();
-    const QRectF field(QPointF(-CameraMm.width() / 2, -CameraMm.height() / 2), CameraMm);
-    painter.translate(m_cameraMm * pixelsPerMm() + paperOrigin());
-    painter.rotate(m_cameraAngle);
-    painter.scale(pixelsPerMm(), pixelsPerMm());
-    QPen edge(QColor(0xff, 0x5a, 0x3c), 2);
-    edge.setCosmetic(true);
-    painter.setPen(edge);
-    painter.setBrush(QColor(255, 90, 60, 34));
-    painter.drawRoundedRect(field, 0.8, 0.8);
-    painter.restore();
+    std::vector<QPointF> trail;
+    trail.reserve(m_trail.size());
+    for (const QPointF& mm : m_trail)
+        trail.push_back(mm * pixelsPerMm() + paperOrigin());
+    penonpaper::paintTrail(painter, trail, pixelsPerMm(), m_outcomeKind);
+    if (m_cameraShown) {
+        painter.save();
+        painter.translate(m_cameraMm * pixelsPerMm() + paperOrigin());
+        painter.rotate(m_cameraAngle);
+        painter.scale(pixelsPerMm(), pixelsPerMm());
+        penonpaper::paintPen(painter, m_leftHand);
+        painter.restore();
+    }
+    if (!m_outcome.isEmpty())
+        penonpaper::paintNote(painter, m_outcome, m_outcomeKind, noteAnchor(), viewport()->rect());
+}
+
+/* Where the swipe ended; without one, the line that was chosen. */
+QPointF PageView::noteAnchor() const
+{
+    if (!m_trail.empty())
+        return m_trail.back() * pixelsPerMm() + paperOrigin();
+    if (m_line >= 0 && m_line < m_page.lines.size())
+        return toViewport(m_page.lines.at(m_line).mm).center();
+    return QRectF(viewport()->rect()).center();
 }
 
 void PageView::showLine(int line)
@@ -260,8 +304,11 @@ void PageView::mouseMoveEvent(QMouseEvent* event)
 {
     m_mouse = event->position();
     if (m_drag == Drag::None) {
+        const QPointF mm = toMm(m_mouse);
+        const bool onPaper = QRectF(QPointF(), m_page.sizeMm()).contains(mm);
+        viewport()->setCursor(onPaper ? Qt::CrossCursor : Qt::ArrowCursor);
         if (!m_page.isEmpty())
-            chooseLine(m_page.lineAt(toMm(m_mouse)));
+            chooseLine(m_page.lineAt(mm));
         return;
     }
     if (m_drag == Drag::Pressed) {

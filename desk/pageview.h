@@ -1,11 +1,13 @@
 #ifndef PAGEVIEW_H
 #define PAGEVIEW_H
 
+#include "desk/penonpaper.h"
 #include "desk/printedpage.h"
 
 #include <QAbstractScrollArea>
 #include <QFutureWatcher>
 #include <QTimer>
+#include <vector>
 
 /*
  * The page of print on the desk. A drag is a swipe with the user's own hand, a double click swipes
@@ -29,9 +31,15 @@ public:
     /* Where a part of the page is shown, in pixels of the viewport; it may be scrolled away. */
     QRectF toViewport(const QRectF& mm) const;
 
-    /* Shows where the camera looks. */
+    /* Shows the pen where its camera looks, and the way that it has gone since it was hidden. */
     void showCamera(QPointF mm, double angleDeg);
     void hideCamera();
+    void setLeftHand(bool left);
+
+    /* Shows for a moment what became of the last swipe, where it ended. */
+    void showOutcome(const QString& text, bool lost);
+    /* What is shown so; empty when nothing is. */
+    QString outcome() const { return m_outcome; }
 
 signals:
     void swipeBegins(QPointF mm);
@@ -62,7 +70,9 @@ private:
     void chooseLine(int line);
     void showLine(int line);
     void paintPaper(QPainter& painter);
-    void paintCamera(QPainter& painter);
+    void paintSwipe(QPainter& painter);
+    void clearOutcome();
+    QPointF noteAnchor() const;
 
     PrintedPage m_page;
     QString m_notice;
@@ -78,6 +88,11 @@ private:
     bool m_cameraShown = false;
     QPointF m_cameraMm;
     double m_cameraAngle = 0.0;
+    bool m_leftHand = false;
+    std::vector<QPointF> m_trail; // of the camera, mm
+    QString m_outcome;
+    penonpaper::Outcome m_outcomeKind = penonpaper::Outcome::Open;
+    QTimer m_outcomeTimer;
 };
 
 #endif

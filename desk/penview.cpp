@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr int TipLength = 78;
+constexpr int TipLength = 92;
+constexpr double GlowRadius = 30.0; // of the camera's light
 constexpr int Shadow = 8;
 constexpr int BodyPadding = 20;
 constexpr int CompactPadding = 12;
@@ -136,11 +137,11 @@ void PenView::paintTip(QPainter& painter, const QRectF& body) const
                          : m_cameraOn ? QColor(0xff, 0xb4, 0xa0)
                                       : QColor(0x6b, 0x70, 0x78);
     if (m_tipPressed) {
-        QRadialGradient glow(window.center(), 44);
+        QRadialGradient glow(window.center(), GlowRadius);
         glow.setColorAt(0.0, QColor(255, 90, 60, 150));
         glow.setColorAt(1.0, QColor(255, 90, 60, 0));
         painter.setBrush(glow);
-        painter.drawEllipse(window.center(), 44, 44);
+        painter.drawEllipse(window.center(), GlowRadius, GlowRadius);
     }
     painter.setBrush(light);
     painter.drawRoundedRect(window, 6, 6);

@@ -141,6 +141,46 @@ private slots:
         QVERIFY(!m_test->drop(m_test->path("notes.xyz")));
     }
 
+    void aSwipeWithoutCameraIsToldOnThePage()
+    {
+        auto* const page = m_window->findChild<PageView*>();
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        m_desk->pageLoader().load(PageLoader::named("english"));
+        QVERIFY(laid.wait(20000));
+        page->setFocus();
+        QTest::keyClick(page, Qt::Key_Down);
+        const QImage before = page->grab().toImage();
+        QTest::keyClick(page, Qt::Key_Return);
+        QTRY_COMPARE(page->outcome(), "The pen is off: start it first");
+        QVERIFY(page->grab().toImage() != before);
+        m_desk->pageLoader().load(PageLoader::named("german"));
+        QVERIFY(laid.wait(20000));
+        QCOMPARE(page->outcome(), QString()); // it was about another page
+    }
+
+    void thePenLeansTowardsItsHand()
+    {
+        PrintedPage sheet;
+        sheet.image = QImage(1000, 1000, QImage::Format_Grayscale8);
+        sheet.image.fill(Qt::white);
+        sheet.dpi = 150.0;
+        PageView page;
+        page.resize(900, 900);
+        page.setPage(sheet);
+        const QPointF mm(80.0, 60.0);
+        const auto isDark = [&](double x) {
+            const QPoint at = page.toViewport({mm + QPointF(x, 9.0), QSizeF()}).topLeft().toPoint();
+            return page.viewport()->grab().toImage().pixelColor(at).lightness() < 120;
+        };
+        QVERIFY(!isDark(6.0) && !isDark(-6.0));
+        page.showCamera(mm, 0.0);
+        QVERIFY(isDark(6.0) && !isDark(-6.0));
+        page.setLeftHand(true);
+        QVERIFY(!isDark(6.0) && isDark(-6.0));
+        page.hideCamera();
+        QVERIFY(!isDark(6.0) && !isDark(-6.0));
+    }
+
     void aPageThatCannotBeReadIsTold()
     {
         const QString path = m_test->path("bad.pdf");

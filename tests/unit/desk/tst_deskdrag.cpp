@@ -69,6 +69,12 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(m_desk->transcript().contains(text), 30000);
     }
 
+    void aDragBesideThePrintIsTold()
+    {
+        drag(QLineF(20.0, 5.0, 90.0, 5.0));
+        QTRY_COMPARE_WITH_TIMEOUT(m_page->outcome(), "No print was found under the pen", 30000);
+    }
+
 private:
     /* Drags as a mouse does: from pixel to pixel, at the pace of the camera's pictures. */
     void drag(const QLineF& mm)
