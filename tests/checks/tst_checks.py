@@ -118,7 +118,7 @@ class Texts(Tree):
 
     def test_clean_tree_passes(self):
         done = self.run_check("check-text", {"README.md": "fine\n", "build/x": "TO" "DO\n",
-                                             "a b/c.png": b"\xff \n"})
+                                             "run.log": "[1/9] \r\n", "a b/c.png": b"\xff \n"})
         self.assertEqual(done.returncode, 0, done.stdout)
 
     def test_foreign_words(self):
