@@ -2,6 +2,7 @@
 
 #include "open/tts/characters.h"
 #include "open/tts/chinesereading.h"
+#include "open/tts/respellings.h"
 
 #include <algorithm>
 #include <string>
@@ -9,53 +10,6 @@
 namespace tts {
 
 namespace {
-
-struct Respelling
-{
-    std::string_view language;
-    std::u32string_view written; // in small letters, but for abbreviations
-    std::u32string_view said;
-};
-
-/* Text in double brackets is in the synthesizer's own phonemes: where no spelling has the stress.
- */
-constexpr Respelling Respellings[] = {
-    {"de", U"USB", U"U S B"},
-    {"de", U"№", U"Nummer"},
-    {"fr", U"№", U"numéro"},
-    {"fr", U"§", U"paragraphe"},
-    {"es", U"OK", U"okey"},
-    {"es", U"USB", U"U S B"},
-    {"es", U"&", U"y"},
-    {"es", U"×", U"por"},
-    {"es", U"№", U"número"},
-    {"it", U"&", U"e"},
-    {"it", U"×", U"per"},
-    {"it", U"§", U"paragrafo"},
-    {"sv", U"OK", U"okej"},
-    {"sv", U"USB", U"U S B"},
-    {"sv", U"×", U"gånger"},
-    {"sv", U"§", U"paragraf"},
-    {"sv", U"№", U"nummer"},
-    {"da", U"USB", U"U S B"},
-    {"da", U"№", U"nummer"},
-    {"nb", U"OK", U"okei"},
-    {"nb", U"USB", U"U S B"},
-    {"nb", U"×", U"ganger"},
-    {"nb", U"§", U"paragraf"},
-    {"nb", U"№", U"nummer"},
-    {"nl", U"OK", U"oké"},
-    {"nl", U"USB", U"U S B"},
-    {"nl", U"&", U"en"},
-    {"nl", U"№", U"nummer"},
-    {"nl", U"§", U"paragraaf"},
-    {"ru", U"уже", U"[[uZ'E]]"},
-    {"ru", U"потом", U"[[pVt'om]]"},
-    {"ru", U"своего", U"[[svVjIv'o]]"},
-    {"ru", U"себе", U"[[s;Ib;'e]]"},
-    {"ru", U"сами", U"[[sVm;'I]]"},
-    {"ru", U"глаза", U"[[glaz'A]]"},
-};
 
 /* "gmw/en-GB-scotland" is of "en". */
 std::string_view languageOf(std::string_view voiceFile)
@@ -107,14 +61,26 @@ bool isPreposition(const Piece& piece, const Word& word)
     return next != std::u32string::npos && next > word.end && isLetter(piece.text[next]);
 }
 
-std::u32string saidFor(std::string_view language, const Piece& piece, const Word& word)
+const Respelling* entryOf(std::string_view language, std::u32string_view text, bool stop)
+{
+    const auto found = std::ranges::find_if(respellings(), [&](const Respelling& respelling) {
+        std::u32string_view written = respelling.written;
+        if (stop && written.ends_with(U'.'))
+            written.remove_suffix(1);
+        return written == text && respelling.language == language;
+    });
+    return found == respellings().end() ? nullptr : &*found;
+}
+
+bool isStopBehind(const Piece& piece, const Word& word)
+{
+    return word.end < piece.text.size() && piece.text[word.end] == U'.';
+}
+
+/* What no list can have. */
+std::u32string ruleFor(std::string_view language, const Piece& piece, const Word& word)
 {
     const std::u32string text = textOf(piece, word);
-    const auto found = std::ranges::find_if(Respellings, [&](const Respelling& respelling) {
-        return respelling.language == language && respelling.written == text;
-    });
-    if (found != std::end(Respellings))
-        return std::u32string(found->said);
     if (language == "en")
         return englishSeconds(text);
     if (language != "ru")
@@ -122,6 +88,21 @@ std::u32string saidFor(std::string_view language, const Piece& piece, const Word
     if (text == U"к" && isPreposition(piece, word))
         return U"[[k]]";
     return russianNumber(text);
+}
+
+void respellWordOf(std::string_view language, Piece& piece, std::size_t index)
+{
+    const Word& word = piece.words[index];
+    const Respelling* entry = entryOf(language, textOf(piece, word), isStopBehind(piece, word));
+    const std::u32string said =
+        entry ? std::u32string(entry->said) : ruleFor(language, piece, word);
+    if (said.empty())
+        return;
+    piece.hasPhonemes = piece.hasPhonemes || said.starts_with(U"[[");
+    respellWord(piece, index, said);
+    // The stop of such an abbreviation ends no sentence.
+    if (entry && entry->written.ends_with(U'.') && index + 1 < piece.words.size())
+        piece.text[word.end] = U' ';
 }
 
 } // namespace
@@ -150,13 +131,8 @@ void respell(Piece& piece, const char* voiceFile)
     // No bracket of the text is taken for one of ours.
     if (language == "ru")
         std::ranges::replace(piece.text, U'[', U'(');
-    for (std::size_t i = 0; i < piece.words.size(); ++i) {
-        const std::u32string said = saidFor(language, piece, piece.words[i]);
-        if (said.empty())
-            continue;
-        piece.hasPhonemes = piece.hasPhonemes || said.starts_with(U"[[");
-        respellWord(piece, i, said);
-    }
+    for (std::size_t i = 0; i < piece.words.size(); ++i)
+        respellWordOf(language, piece, i);
 }
 
 } // namespace tts

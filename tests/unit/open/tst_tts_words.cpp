@@ -260,6 +260,16 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
         "1 second 3 seconds 10s x1s");
     add("German", Script::Latin, "gmw/de", "1s USB usb OK", "1s U S B usb OK");
     add("Spanish", Script::Latin, "roa/es-419", "OK & 3 × 4", "okey y 3 por 4");
+    add("German abbreviations", Script::Latin, "gmw/de",
+        "Dr. Lenz, Nr. 5 usw. Die Nr 3/4 z.B. km/h",
+        "Doktor Lenz, Nummer 5 und so weiter. Die Nr drei Viertel zum Beispiel. Kilometer pro "
+        "Stunde");
+    add("French abbreviations", Script::Latin, "roa/fr", "M. Lenoir, le n° 5, au 19e siècle, M",
+        "monsieur Lenoir, le numéro 5, au dix-neuvième siècle, M");
+    add("Italian abbreviations", Script::Latin, "roa/it", "pane ecc. e 1/2",
+        "pane eccetera. e un mezzo");
+    add("Russian abbreviations", Script::Cyrillic, "gmw/en", "стр. 5 и т.д.",
+        "страница 5 и так далее.");
     add("no language", Script::Latin, "", "OK 1s", "OK 1s");
 }
 
