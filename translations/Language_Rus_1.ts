@@ -546,7 +546,7 @@
     <name>MyEdit</name>
     <message>
         <source>The file is too big, do not edit the file in computer.</source>
-        <translation>Файл слишком большой. Не редактируйте его на компьютере.</translation>
+        <translation>Файл слишком большой. Не&#xa0;изменяйте его на&#xa0;компьютере.</translation>
     </message>
     <message>
         <source>Not saved. Text is kept here.</source>
