@@ -135,9 +135,17 @@ class Gather(Scripts):
         index = self.root / "cache/pen/apps/data/dictindex/kept"
         index.parent.mkdir(parents=True)
         index.write_text("")
-        self.gather()
+        again = self.gather()
         self.assertEqual((self.root / "scripts/calls").read_text(), "called\n")
         self.assertTrue(index.exists())
+        self.assertRegex(again.stdout, r"\Adictionaries: 2, none of them part of this project; .*/cache/list\n\Z")
+        self.assertIn("A Book", (self.root / "cache/list").read_text())
+
+    def test_what_changed_is_listed(self):
+        self.table("eng-spa | make-one")
+        self.gather()
+        self.table("eng-spa | make-one", self.book_row())
+        self.assertIn("\n  deu-eng  A Book", self.gather().stdout)
 
     def test_what_a_script_uses_counts_as_the_script(self):
         self.write("scripts/make-one", "#!/usr/bin/env python3\nimport helper\nimport sys\n"
