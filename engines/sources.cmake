@@ -18,5 +18,6 @@ target_sources(swipeline_app PRIVATE
     ${CMAKE_SOURCE_DIR}/engines/speechworker.cpp
     ${CMAKE_SOURCE_DIR}/engines/stimg.cpp
     ${CMAKE_SOURCE_DIR}/engines/translater.cpp
+    ${CMAKE_SOURCE_DIR}/engines/translater_lookup.cpp
     ${CMAKE_SOURCE_DIR}/engines/ttsplayer.cpp
 )
