@@ -93,12 +93,12 @@ bool isTwoHanLines(const std::vector<float>& profile, const Run& core, double do
 /* Raises the threshold until the run nearest to the middle is one line: what little ink there is
  * between lines joins them at a low one. At the lowest threshold when that never happens. */
 std::optional<Parted> partLines(const std::vector<float>& profile, double middle, double dotsPerMm,
-                                bool han, float ground, float fullest)
+                                bool square, float ground, float fullest)
 {
-    int bridge = static_cast<int>(std::lround((han ? 0.3 : 0.5) * dotsPerMm));
-    const double most = (han ? MostHanCoreMm : MostCoreMm) * dotsPerMm;
+    int bridge = static_cast<int>(std::lround((square ? 0.3 : 0.5) * dotsPerMm));
+    const double most = (square ? MostHanCoreMm : MostCoreMm) * dotsPerMm;
     const auto isOneLine = [&](const Run& run) {
-        return run.height() <= most && !(han && isTwoHanLines(profile, run, dotsPerMm, ground));
+        return run.height() <= most && !(square && isTwoHanLines(profile, run, dotsPerMm, ground));
     };
     std::optional<Parted> parted;
     for (float part = CorePart; part < HighestPart; part += PartStep) {
@@ -148,7 +148,7 @@ std::vector<float> rowProfile(const cv::Mat& ink, const cv::Mat& seen, double sm
 }
 
 std::optional<LineBand> findLine(const std::vector<float>& profile, double middle, double dotsPerMm,
-                                 bool han)
+                                 bool square)
 {
     const int rows = static_cast<int>(profile.size());
     const int from = std::clamp(static_cast<int>(middle - AimMm * dotsPerMm), 0, rows - 1);
@@ -160,7 +160,7 @@ std::optional<LineBand> findLine(const std::vector<float>& profile, double middl
     if (fullest - ground < LeastInk)
         return std::nullopt;
 
-    const auto parted = partLines(profile, middle, dotsPerMm, han, ground, fullest);
+    const auto parted = partLines(profile, middle, dotsPerMm, square, ground, fullest);
     if (!parted)
         return std::nullopt;
 
@@ -178,8 +178,8 @@ std::optional<LineBand> findLine(const std::vector<float>& profile, double middl
         if (run.first > core.last && band.belowTop == rows)
             band.belowTop = run.first;
     }
-    const int reachUp = static_cast<int>((han ? 0.35 : 1.25) * height);
-    const int reachDown = static_cast<int>((han ? 0.35 : 0.8) * height);
+    const int reachUp = static_cast<int>((square ? 0.35 : 1.25) * height);
+    const int reachDown = static_cast<int>((square ? 0.35 : 0.8) * height);
     band.top = std::max(0, core.first - reachUp);
     band.bottom = std::min(rows - 1, core.last + reachDown);
     if (band.aboveBottom >= 0)

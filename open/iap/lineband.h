@@ -22,9 +22,9 @@ struct LineBand
 /* Mean ink of each row over the columns that were seen there, smoothed. */
 std::vector<float> rowProfile(const cv::Mat& ink, const cv::Mat& seen, double smoothing);
 
-/* The line of print nearest to row `middle`; nothing when there is none. `dotsPerMm`: resolution.
- */
+/* The line of print nearest to row `middle`; nothing when there is none. `dotsPerMm`: resolution;
+ * `square`: each character fills a square, as in Chinese and in vertical text. */
 std::optional<LineBand> findLine(const std::vector<float>& profile, double middle, double dotsPerMm,
-                                 bool han);
+                                 bool square);
 
 #endif

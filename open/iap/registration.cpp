@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -141,8 +142,40 @@ float inkBetween(const cv::Mat& ink, float x, float y)
            + (lower[0] * (1.0F - fx) + lower[1] * fx) * fy;
 }
 
-/* One step of least squares on the frame's edge pixels; false when it has no ground. */
-bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, double& change)
+/* Equations of least squares for a step: along, across, and a turn. */
+struct StepEquations
+{
+    cv::Matx33d normal = cv::Matx33d::zeros(); // its upper right half
+    cv::Vec3d right = {0.0, 0.0, 0.0};
+    int used = 0;
+
+    void add(const cv::Vec3d& slope, double error)
+    {
+        for (int i = 0; i < 3; ++i) {
+            for (int j = i; j < 3; ++j)
+                normal(i, j) += slope[i] * slope[j];
+            right[i] += slope[i] * error;
+        }
+        ++used;
+    }
+
+    /* Nothing when they have no ground. */
+    std::optional<cv::Vec3d> solved()
+    {
+        if (used < MinRefinePixels)
+            return std::nullopt;
+        normal(1, 0) = normal(0, 1);
+        normal(2, 0) = normal(0, 2);
+        normal(2, 1) = normal(1, 2);
+        cv::Vec3d step;
+        if (!cv::solve(normal, right, step, cv::DECOMP_CHOLESKY))
+            return std::nullopt;
+        return step;
+    }
+};
+
+/* What the frame's edge pixels ask for where `shift` puts them on the key. */
+StepEquations equationsOf(const cv::Mat& keyInk, const FramePyramid& frame, const Shift& shift)
 {
     const float c = static_cast<float>(std::cos(shift.angle));
     const float s = static_cast<float>(std::sin(shift.angle));
@@ -150,9 +183,7 @@ bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, 
     const float midY = static_cast<float>((keyInk.rows - 1) / 2.0 + shift.y);
     const float lastX = static_cast<float>(keyInk.cols - 1);
     const float lastY = static_cast<float>(keyInk.rows - 1);
-    cv::Matx33d normal = cv::Matx33d::zeros();
-    cv::Vec3d right(0.0, 0.0, 0.0);
-    int used = 0;
+    StepEquations equations;
     for (const FramePyramid::EdgePixel& edge : frame.edges()) {
         const float x = c * edge.x - s * edge.y + midX;
         const float y = s * edge.x + c * edge.y + midY;
@@ -161,24 +192,19 @@ bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, 
         if (x >= lastX || y >= lastY)
             continue;
         const float seen = inkBetween(keyInk, x, y);
-        const double error = double(seen) - edge.ink;
-        const cv::Vec3d slope(edge.slopeX, edge.slopeY,
-                              edge.slopeY * edge.x - edge.slopeX * edge.y);
-        for (int i = 0; i < 3; ++i) {
-            for (int j = i; j < 3; ++j)
-                normal(i, j) += slope[i] * slope[j];
-            right[i] += slope[i] * error;
-        }
-        ++used;
+        equations.add({edge.slopeX, edge.slopeY, edge.slopeY * edge.x - edge.slopeX * edge.y},
+                      double(seen) - edge.ink);
     }
-    if (used < MinRefinePixels)
+    return equations;
+}
+
+/* One step of least squares on the frame's edge pixels; false when it has no ground. */
+bool refineStep(const cv::Mat& keyInk, const FramePyramid& frame, Shift& shift, double& change)
+{
+    const std::optional<cv::Vec3d> solved = equationsOf(keyInk, frame, shift).solved();
+    if (!solved)
         return false;
-    normal(1, 0) = normal(0, 1);
-    normal(2, 0) = normal(0, 2);
-    normal(2, 1) = normal(1, 2);
-    cv::Vec3d step;
-    if (!cv::solve(normal, right, step, cv::DECOMP_CHOLESKY))
-        return false;
+    const cv::Vec3d& step = *solved;
     // The step moves the frame's own grid; the key sees it the other way round.
     shift.angle -= step[2];
     const double turnedX = std::cos(shift.angle) * step[0] - std::sin(shift.angle) * step[1];
