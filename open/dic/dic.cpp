@@ -83,6 +83,23 @@ std::u16string textOf(const uint16_t* text, int32_t bytes)
     return text ? std::u16string(text, text + std::min(bytes, LongestText) / 2) : std::u16string();
 }
 
+/* Searches in the open dictionary; nothing found is no failure unless its files could not be read.
+ */
+template <typename Search>
+int32_t searchOpen(const char* name, tagResultNodeInfo** result, const Search& search)
+{
+    return guarded(name, [&] {
+        Open& open = engine().open;
+        const std::lock_guard lock(open.mutex);
+        if (!open.dictionary)
+            return Failed;
+        dic::Lookup lookup(*open.dictionary, *open.forms);
+        open.dictionary->takeFailure();
+        *result = search(lookup);
+        return !*result && open.dictionary->takeFailure() ? Failed : Ok;
+    });
+}
+
 } // namespace
 
 int32_t ZEMBRA_DIC_GetDicList(void** dicList, const char* const* dirs, int32_t count)
@@ -199,15 +216,8 @@ int32_t ZEMBRA_DIC_SearchWord(struct tagResultNodeInfo** result, const uint16_t*
 {
     if (!storeNull(result) || !isText(word, bytes) || kind != 1 || flag != 0)
         return Failed;
-    return guarded("SearchWord", [=] {
-        Open& open = engine().open;
-        const std::lock_guard lock(open.mutex);
-        if (!open.dictionary)
-            return Failed;
-        dic::Lookup lookup(*open.dictionary, *open.forms);
-        open.dictionary->takeFailure();
-        *result = engine().results.keep(lookup.search(textOf(word, bytes)));
-        return !*result && open.dictionary->takeFailure() ? Failed : Ok;
+    return searchOpen("SearchWord", result, [=](dic::Lookup& lookup) {
+        return engine().results.keep(lookup.search(textOf(word, bytes)));
     });
 }
 
@@ -219,17 +229,11 @@ int32_t ZEMBRA_DIC_GetFirstComment(struct tagResultNodeInfo** result, int32_t* p
     *position = 0;
     if (!isText(text, bytes))
         return Failed;
-    return guarded("GetFirstComment", [=] {
-        Open& open = engine().open;
-        const std::lock_guard lock(open.mutex);
-        if (!open.dictionary)
-            return Failed;
-        dic::Lookup lookup(*open.dictionary, *open.forms);
-        open.dictionary->takeFailure();
+    return searchOpen("GetFirstComment", result, [=](dic::Lookup& lookup) {
         const dic::FirstWord first = lookup.firstOf(textOf(text, bytes));
-        *result = engine().results.keep(first.hits);
-        *position = *result ? static_cast<int32_t>(first.position) : 0;
-        return !*result && open.dictionary->takeFailure() ? Failed : Ok;
+        tagResultNodeInfo* const found = engine().results.keep(first.hits);
+        *position = found ? static_cast<int32_t>(first.position) : 0;
+        return found;
     });
 }
 
