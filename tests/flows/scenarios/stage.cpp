@@ -8,35 +8,25 @@
 #include "engines/csoundthread.h"
 #include "engines/csoundtransthread.h"
 #include "engines/cttsthread.h"
-#include "platform/qcopchannel.h"
 #include "tests/fakes/fakedic.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakeocr.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/fakes/faketts.h"
-#include "tests/flows/scenarios/runningtimer.h"
 #include "widgets/sandglass.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
 #include <QFile>
-#include <QPointer>
-#include <QTest>
 #include <QTimer>
-#include <QTimerEvent>
 #include <algorithm>
 
 namespace {
 
-constexpr std::chrono::milliseconds Moment{5}; // for the interface thread to begin to wait
 constexpr int DeadlineMs = 60'000;
 constexpr int CalmTurns = 3;
 constexpr int SpinMs = 20;
 constexpr int PatienceTurnMs = 1;
-constexpr int PictureWidth = 100; // of the first swipe; each that follows is one wider
-constexpr int PictureHeight = 20;
-const QString ToApplication = QStringLiteral("scanprocess");
-const QString Mark = QStringLiteral("stageMark");
 const QString Execute = QStringLiteral("execute(QString) ");
 
 Stage* onStage = nullptr;
@@ -77,12 +67,6 @@ bool isOwnedBy(const QObject* object, const QObject* owner)
     while (object && object != owner)
         object = object->parent();
     return object;
-}
-
-void runOut(QObject* owner, int timerId)
-{
-    QTimerEvent event(timerId);
-    QCoreApplication::sendEvent(owner, &event);
 }
 
 } // namespace
@@ -158,6 +142,8 @@ void Stage::later(int milliseconds)
 // within.
 void Stage::tick()
 {
+    if (m_waitingActions == 0)
+        m_turnIsDue = false;
     const QString unrestful = unrest();
     if (!unrestful.isEmpty() || somethingNew()) {
         m_calmTurns = 0;
@@ -315,133 +301,4 @@ MainWindow* Stage::window()
             return main;
     }
     return nullptr;
-}
-
-void Stage::act(std::function<void()> action)
-{
-    ++m_actions;
-    ++m_waitingActions;
-    QMetaObject::invokeMethod(
-        this,
-        [this, action = std::move(action)] {
-            --m_waitingActions;
-            m_calmTurns = 0;
-            action();
-        },
-        Qt::QueuedConnection);
-}
-
-void Stage::press(int key)
-{
-    act([key] {
-        if (QWindow* const front = QGuiApplication::focusWindow())
-            QTest::keyEvent(QTest::Press, front, Qt::Key(key));
-    });
-}
-
-void Stage::release(int key)
-{
-    act([key] {
-        if (QWindow* const front = QGuiApplication::focusWindow())
-            QTest::keyEvent(QTest::Release, front, Qt::Key(key));
-    });
-}
-
-// The mark comes over the same channel: when it is heard, the message has been obeyed or its
-// handler runs.
-void Stage::send(const QString& message, const QByteArray& payload)
-{
-    act([this, message, payload] {
-        if (!window())
-            return;
-        auto* const channel = window()->findChild<QCopChannel*>();
-        if (m_channel != channel) {
-            m_channel = channel;
-            connect(channel, &QCopChannel::received, this, [this](const QString& name) {
-                if (name == Mark)
-                    --m_awaitedMarks;
-            });
-        }
-        ++m_awaitedMarks;
-        QCopChannel::send(ToApplication, message, payload);
-        QCopChannel::send(ToApplication, Mark, {});
-    });
-}
-
-bool Stage::tipDown()
-{
-    m_tipIsDown = FakeIap::press();
-    return m_tipIsDown && !FakeIap::stopSignal();
-}
-
-void Stage::tipUp(const QString& text)
-{
-    act([this, text] {
-        const int width = PictureWidth + m_swipes++;
-        FakeOcr::setResultOf(width, text.toStdU16String());
-        if (text.isEmpty())
-            FakeIap::liftWithoutLine();
-        else
-            FakeIap::lift(FakeIap::pattern(width, PictureHeight));
-        m_tipIsDown = false;
-    });
-}
-
-void Stage::letGo()
-{
-    holdVoice(false);
-    holdRecognition(false);
-    holdDictionary(false);
-    FakeIap::liftWithoutLine();
-    m_tipIsDown = false;
-}
-
-void Stage::joinReleaser()
-{
-    if (m_releaser.joinable())
-        m_releaser.join();
-}
-
-void Stage::releaseRecognitionSoon()
-{
-    joinReleaser();
-    m_recognitionHeld = false;
-    m_releaser = std::thread([] {
-        std::this_thread::sleep_for(Moment);
-        FakeOcr::release();
-    });
-}
-
-void Stage::holdRecognition(bool hold)
-{
-    joinReleaser();
-    m_recognitionHeld = hold;
-    if (hold)
-        FakeOcr::hold();
-    else
-        FakeOcr::release();
-}
-
-void Stage::holdDictionary(bool hold)
-{
-    m_dictionaryHeld = hold;
-    FakeDic::holdInitialize(hold);
-}
-
-void Stage::holdVoice(bool hold)
-{
-    m_voiceHeld = hold;
-    FakeTts::setPace(hold ? FakeTts::Pace::Held : FakeTts::Pace::Automatic);
-}
-
-bool Stage::endTimer(const QString& name)
-{
-    const RunningTimer timer = findTimer(name);
-    if (!timer.owner || timer.id == 0)
-        return false;
-    act([timer] {
-        if (timer.owner)
-            runOut(timer.owner, timer.id);
-    });
-    return true;
 }

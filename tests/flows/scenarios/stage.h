@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -75,7 +76,8 @@ public:
     void tipUp(const QString& text);
 
     void holdRecognition(bool hold);
-    /* Releases it in a moment from another thread, while the application may wait for it. */
+    /* Releases it from another thread once the application waits for it, or once what was asked
+     * for is done without that. */
     void releaseRecognitionSoon();
     void holdVoice(bool hold);
     void holdDictionary(bool hold);
@@ -127,6 +129,7 @@ private:
     QString m_lastSound;
     QStringList m_widgetsLeft;
     std::thread m_releaser;
+    std::atomic<bool> m_turnIsDue{false}; // since releaseRecognitionSoon()
 };
 
 #endif
