@@ -52,10 +52,25 @@ function(swipeline_library name)
     target_link_libraries(${name} PUBLIC swipeline_flags ${ARG_LINK})
 endfunction()
 
+# A file that does not register its object would be built and not run.
+function(swipeline_check_test_objects)
+    list(FILTER ARGN INCLUDE REGEX "^tst_.*[.]cpp$")
+    foreach(source ${ARGN})
+        file(STRINGS ${source} registered REGEX "^TEST_OBJECT[(]")
+        if(NOT registered)
+            message(FATAL_ERROR "${CMAKE_CURRENT_SOURCE_DIR}/${source} has no TEST_OBJECT")
+        endif()
+    endforeach()
+endfunction()
+
 # swipeline_test(NAME SOURCES ... LINK ... [LABELS ...] [ENVIRONMENT ...] [TIMEOUT seconds]):
-# a Qt Test program that CTest runs without a display.
+# a Qt Test program that CTest runs without a display. With ${TEST_OBJECTS} among its sources it has a
+# test object in each of its files tst_*.cpp (tests/shared/testobjects.h).
 function(swipeline_test name)
     cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;LABELS;ENVIRONMENT" ${ARGN})
+    if("${TEST_OBJECTS}" IN_LIST ARG_SOURCES)
+        swipeline_check_test_objects(${ARG_SOURCES})
+    endif()
     add_executable(${name} ${ARG_SOURCES})
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE swipeline_flags Qt6::Test ${ARG_LINK})

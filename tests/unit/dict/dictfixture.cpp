@@ -75,6 +75,21 @@ void DictFixture::press(Qt::Key key)
     QTest::keyClick(m_edit.get(), key);
 }
 
+void DictFixture::holdWord(const QString& text)
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    m_edit->setScanText(text, true);
+    QTRY_VERIFY(FakeTts::isSpeaking());
+    QVERIFY(m_edit->srcThread()->isRunning());
+}
+
+void DictFixture::holdEntry(const QString& text)
+{
+    holdWord(text);
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
+}
+
 void DictFixture::waitUntilSilent()
 {
     // What is to be read begins with the next turn of the event loop.

@@ -33,6 +33,10 @@ protected:
     /* A key; presses of Enter are a second apart. */
     void press(Qt::Key key);
 
+    /* Shows a text; its first word, or the entry for it, is being read. */
+    void holdWord(const QString& text = QStringLiteral("house green"));
+    void holdEntry(const QString& text = QStringLiteral("house green"));
+
     /* Waits until everything that is to be read has been. */
     void waitUntilSilent();
 

@@ -1,14 +1,11 @@
-#include "engines/csoundsrcthread.h"
 #include "engines/csoundtransthread.h"
 #include "engines/cttsthread.h"
-#include "tests/fakes/calls.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/dict/dictfixture.h"
 
-#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
-#include <QTextEdit>
 
 /* The translate screen reading aloud. */
 class TestDictScanEditReading : public DictFixture
@@ -26,14 +23,6 @@ private slots:
     void voices_data();
     void voices();
     void languageWithoutAVoiceStaysSilent();
-    void theSpokenWordIsMarked_data();
-    void theSpokenWordIsMarked();
-    void theWordItselfReportsNothing();
-    void marksOfTheSecondEntry();
-    void thePaneGoesAlongAndBack_data();
-    void thePaneGoesAlongAndBack();
-    void lateReportsMarkNothing();
-    void reportsOfWhatIsNoWordMarkNothing();
     void theLauncherIsToldOnce();
     void readingBeginsOnceTheScreenIsShown();
     void readingWaitsForTheMenus();
@@ -161,9 +150,7 @@ void TestDictScanEditReading::voices()
     m_state->root.setSetting(QStringLiteral("DictTrans/Volum"), 3);
     m_state->root.setSetting(QStringLiteral("DictTrans/ReadSpeed"), 7);
     open(source, target, {{"a", "b"}});
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("a"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
+    holdWord(QStringLiteral("a"));
     QCOMPARE(FakeTts::language(), sourceVoice);
     QCOMPARE(FakeTts::volume(), 60);
     QCOMPARE(FakeTts::speed(), 56);
@@ -182,138 +169,6 @@ void TestDictScanEditReading::languageWithoutAVoiceStaysSilent()
     m_edit->setScanText(QStringLiteral("a"), true);
     waitUntilSilent();
     QCOMPARE(spoken(), QStringList("b"));
-}
-
-void TestDictScanEditReading::theSpokenWordIsMarked_data()
-{
-    QTest::addColumn<int>("wordPause");
-    QTest::newRow("punctuation pauses") << 0;
-    QTest::newRow("word pauses") << 2;
-}
-
-void TestDictScanEditReading::theSpokenWordIsMarked()
-{
-    QFETCH(int, wordPause);
-    m_state->root.setSetting(QStringLiteral("SystemSet/WORDPAUSE"), wordPause);
-    open(101, 104, {{"ran", "1. laufen [v], rennen 2. Lauf [m]\n[ran]", "run"}});
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("ran"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    const QStringList words = {"1", "laufen", ",", "rennen", "2", "Lauf"};
-    for (const QString& word : words) {
-        QVERIFY(FakeTts::speakWord());
-        QTRY_VERIFY2(marked().startsWith(word), qPrintable(word + u'/' + marked()));
-    }
-    QVERIFY(FakeTts::finish());
-    QTRY_COMPARE(marked(), QString());
-    waitUntilSilent();
-}
-
-void TestDictScanEditReading::theWordItselfReportsNothing()
-{
-    openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    QSignalSpy reports(m_edit.get(), &DictScanEdit::signalTTShignlight);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::speakWord());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    QCOMPARE(reports.count(), 0);
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(reports.count(), 1);
-    QVERIFY(FakeTts::finish());
-    waitUntilSilent();
-}
-
-void TestDictScanEditReading::marksOfTheSecondEntry()
-{
-    openEnglish();
-    m_edit->setScanText(QStringLiteral("run"), true);
-    waitUntilSilent();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    press(Qt::Key_F8);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(marked(), QStringLiteral("Lauf"));
-    QVERIFY(FakeTts::finish());
-    waitUntilSilent();
-    press(Qt::Key_Down); // one entry on the whole screen
-    press(Qt::Key_Return);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(marked(), QStringLiteral("Lauf"));
-    QVERIFY(FakeTts::finish());
-    waitUntilSilent();
-}
-
-void TestDictScanEditReading::thePaneGoesAlongAndBack_data()
-{
-    QTest::addColumn<bool>("stopped");
-    QTest::newRow("read to its end") << false;
-    QTest::newRow("stopped") << true;
-}
-
-void TestDictScanEditReading::thePaneGoesAlongAndBack()
-{
-    QFETCH(bool, stopped);
-    open(101, 104, {{"a", QStringLiteral("word after word ").repeated(12)}});
-    const QScrollBar* bar =
-        m_edit->findChild<QTextEdit*>(QStringLiteral("editTrans"))->verticalScrollBar();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("a"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    for (int i = 0; i < 30; ++i)
-        QVERIFY(FakeTts::speakWord());
-    QTRY_VERIFY(bar->value() > 0);
-    if (stopped)
-        press(Qt::Key_Return);
-    else
-        QVERIFY(FakeTts::finish());
-    QTRY_COMPARE(bar->value(), 0);
-    waitUntilSilent();
-}
-
-void TestDictScanEditReading::lateReportsMarkNothing()
-{
-    openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    QVERIFY(FakeTts::speakWord()); // its report is on its way
-    m_edit->stopReading();
-    QCoreApplication::processEvents();
-    QCOMPARE(marked(), QString());
-    waitUntilSilent();
-    m_edit->TTShignlightFun(0, 4, 0);
-    QCOMPARE(marked(), QString());
-}
-
-void TestDictScanEditReading::reportsOfWhatIsNoWordMarkNothing()
-{
-    openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(marked(), QStringLiteral("Haus"));
-    m_edit->TTShignlightFun(7, 4, 1);    // no word
-    m_edit->TTShignlightFun(9999, 4, 0); // outside the text
-    m_edit->TTShignlightFun(-1, 4, 0);
-    m_edit->TTShignlightFun(0, 0, 0);
-    QCOMPARE(marked(), QStringLiteral("Haus"));
-    QVERIFY(FakeTts::finish());
-    waitUntilSilent();
 }
 
 // Between word and entry the sound output stays on.
@@ -386,9 +241,7 @@ void TestDictScanEditReading::aScanCutsAReadingShort()
 {
     QFETCH(bool, entry);
     openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
+    holdWord(QStringLiteral("house"));
     if (entry) {
         QVERIFY(FakeTts::finish());
         QTRY_VERIFY(m_edit->transThread()->isRunning() && FakeTts::isSpeaking());
@@ -404,9 +257,7 @@ void TestDictScanEditReading::aScanCutsAReadingShort()
 void TestDictScanEditReading::powerKeyEndsEverything()
 {
     openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
+    holdWord(QStringLiteral("house"));
     QVERIFY(m_edit->getOkSoundFlagForTalk());
     TTSPlayer::Instance()->stop();
     m_edit->clearTransContent();
@@ -418,9 +269,7 @@ void TestDictScanEditReading::powerKeyEndsEverything()
 void TestDictScanEditReading::leavingTheScreenEndsReading()
 {
     openEnglish();
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->setScanText(QStringLiteral("house"), true);
-    QTRY_VERIFY(FakeTts::isSpeaking());
+    holdWord(QStringLiteral("house"));
     WidgetChange::Instance()->Go2NewWidget(m_previous.get());
     waitUntilSilent();
     QCOMPARE(spoken(), QStringList("house"));
@@ -493,5 +342,5 @@ void TestDictScanEditReading::destroyedWhileReading()
     QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
 }
 
-QTEST_MAIN(TestDictScanEditReading)
+TEST_OBJECT(TestDictScanEditReading)
 #include "tst_dictscanedit_reading.moc"

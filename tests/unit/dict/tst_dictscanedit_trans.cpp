@@ -1,3 +1,4 @@
+#include "tests/shared/testobjects.h"
 #include "tests/unit/dict/dictfixture.h"
 
 #include <QScrollBar>
@@ -315,5 +316,5 @@ void TestDictScanEditTrans::manyLongEntriesAreShownAtOnce()
     m_edit->stopReading();
 }
 
-QTEST_MAIN(TestDictScanEditTrans)
+TEST_OBJECT(TestDictScanEditTrans)
 #include "tst_dictscanedit_trans.moc"

@@ -1,3 +1,4 @@
+#include "tests/shared/testobjects.h"
 #include "tests/unit/dict/dictswitchfixture.h"
 
 #include <QSignalSpy>
@@ -320,5 +321,5 @@ void TestDictSwitch::keysAreSwallowedDuringASwipe()
     QCOMPARE(m->page->getSelectIndex(), 1);
 }
 
-QTEST_MAIN(TestDictSwitch)
+TEST_OBJECT(TestDictSwitch)
 #include "tst_dictswitch.moc"

@@ -1,4 +1,5 @@
 #include "engines/translater.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/dict/dictswitchfixture.h"
 
 #include <QAbstractEventDispatcher>
@@ -271,5 +272,5 @@ void TestDictSwitchLeaving::slotsMayDeleteTheScreen()
     QVERIFY(!page);
 }
 
-QTEST_MAIN(TestDictSwitchLeaving)
+TEST_OBJECT(TestDictSwitchLeaving)
 #include "tst_dictswitch_leaving.moc"

@@ -5,6 +5,7 @@
 #include "tests/fakes/faketts.h"
 #include "tests/fakes/testroot.h"
 #include "tests/unit/engines/freshsettings.h"
+#include "tests/unit/engines/queuedtexts.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -135,16 +136,8 @@ void TestCTTSThread::withNothingQueuedItEnds()
 
 void TestCTTSThread::aTextQueuedWhileSpeakingIsSpokenNext()
 {
-    FakeTts::setPace(FakeTts::Pace::Held);
     CTTSThread thread;
-    thread.setContent(QStringLiteral("first"));
-    thread.start();
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    thread.setContent(QStringLiteral("dropped"));
-    thread.setContent(QStringLiteral("second"));
-    FakeTts::setPace(FakeTts::Pace::Automatic);
-    QVERIFY(thread.wait());
-    QCOMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"first", u"second"}));
+    speaksTheNewestOfThoseQueuedMeanwhile(thread);
 }
 
 void TestCTTSThread::aKeyEndsItAfterTheCurrentText()
@@ -289,15 +282,7 @@ void TestCTTSThread::itCanBeStartedAgain()
 
 void TestCTTSThread::destroyingItWhileItSpeaksEndsIt()
 {
-    FakeTts::setPace(FakeTts::Pace::Held);
-    auto thread = std::make_unique<CTTSThread>();
-    thread->setContent(QStringLiteral("text"));
-    thread->start();
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    thread->setContent(QStringLiteral("behind"));
-    thread.reset();
-    QVERIFY(!FakeTts::isSpeaking());
-    QCOMPARE(FakeTts::texts().size(), std::size_t{1});
+    endsWhenDestroyedWhileSpeaking(std::make_unique<CTTSThread>());
 }
 
 void TestCTTSThread::destroyingItWithTextsQueuedDoesNotSpeakThem()

@@ -31,6 +31,50 @@ struct Scan
     int flag = 0;
 };
 
+/* An editor that scans are for, and a scan engine that runs. */
+class Listener
+{
+public:
+    // The record belongs to the editor; the direct connection looks at it before the editor does.
+    Listener()
+    {
+        QObject::connect(
+            &m_edit, &MyEdit::signalEdit, &m_edit,
+            [this](const _stImg* image) {
+                const std::lock_guard lock(m_mutex);
+                const std::size_t size = static_cast<std::size_t>(image->width) * image->height;
+                m_scans.push_back({image->buffer != nullptr,
+                                   std::vector<unsigned char>(image->image, image->image + size),
+                                   image->width, image->height, image->flag});
+            },
+            Qt::DirectConnection);
+        m_scanner.setEdit(&m_edit);
+        QCOMPARE(m_scanner.init(), 0);
+    }
+    ~Listener() { RecChar::forget(&m_edit); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    std::vector<Scan> scans() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_scans;
+    }
+
+private:
+    MyEdit m_edit;
+    RecChar m_scanner{nullptr};
+    mutable std::mutex m_mutex;
+    std::vector<Scan> m_scans;
+};
+
+/* As before the first editor: one that is made becomes the receiver. */
+void nobodyListens()
+{
+    RecChar::editScan = nullptr;
+    RecChar::editStatck.clear();
+}
+
 } // namespace
 
 class TestRecChar : public QObject
@@ -64,11 +108,7 @@ private slots:
     void afterTheStopSignalNothingArrives();
 
 private:
-    void listen(MyEdit& edit);
-
     std::unique_ptr<TestRoot> m_root;
-    std::mutex m_mutex;
-    std::vector<Scan> m_scans;
 };
 
 void TestRecChar::init()
@@ -76,35 +116,17 @@ void TestRecChar::init()
     m_root = std::make_unique<TestRoot>();
     fakes::reset();
     freshSettings();
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
-    m_scans.clear();
+    nobodyListens();
     CallLog::clear();
 }
 
 void TestRecChar::cleanup()
 {
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     fakes::reset();
     OCRPen::quitFun();
     TTSPlayer::quitFun();
     m_root.reset();
-}
-
-// The record belongs to the editor; the direct connection looks at it before the editor does.
-void TestRecChar::listen(MyEdit& edit)
-{
-    connect(
-        &edit, &MyEdit::signalEdit, this,
-        [this](const _stImg* image) {
-            const std::lock_guard lock(m_mutex);
-            const std::size_t size = static_cast<std::size_t>(image->width) * image->height;
-            m_scans.push_back({image->buffer != nullptr,
-                               std::vector<unsigned char>(image->image, image->image + size),
-                               image->width, image->height, image->flag});
-        },
-        Qt::DirectConnection);
 }
 
 void TestRecChar::startingPassesHandDirectionScriptAndReceiver()
@@ -182,8 +204,7 @@ void TestRecChar::theReceiverBeforeGoesOnTheStack()
 {
     MyEdit first;
     MyEdit second;
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     RecChar one(&first);
     QVERIFY(RecChar::editStatck.isEmpty());
     QCOMPARE(static_cast<MyEdit*>(RecChar::editScan), &first);
@@ -198,8 +219,7 @@ void TestRecChar::setEditLeavesTheStackAlone()
 {
     MyEdit first;
     MyEdit second;
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     RecChar scanner(&first);
     scanner.setEdit(&second);
     QVERIFY(RecChar::editStatck.isEmpty());
@@ -211,8 +231,7 @@ void TestRecChar::destroyingStopsTheEngineAndRestoresTheReceiver()
 {
     MyEdit first;
     MyEdit second;
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     auto one = std::make_unique<RecChar>(&first);
     auto two = std::make_unique<RecChar>(&second);
     QCOMPARE(two->init(), 0);
@@ -226,8 +245,7 @@ void TestRecChar::destroyingStopsTheEngineAndRestoresTheReceiver()
 void TestRecChar::destroyingWithAnEmptyStackKeepsTheReceiver()
 {
     MyEdit edit;
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     auto scanner = std::make_unique<RecChar>(&edit);
     scanner.reset();
     QCOMPARE(static_cast<MyEdit*>(RecChar::editScan), &edit);
@@ -238,8 +256,7 @@ void TestRecChar::aForgottenEditorIsNeitherReceiverNorOnTheStack()
 {
     MyEdit first;
     MyEdit second;
-    RecChar::editScan = nullptr;
-    RecChar::editStatck.clear();
+    nobodyListens();
     RecChar one(&first);
     RecChar two(&second);
     RecChar again(&first);
@@ -251,22 +268,17 @@ void TestRecChar::aForgottenEditorIsNeitherReceiverNorOnTheStack()
 
 void TestRecChar::aSwipeArrivesAsACopy()
 {
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     const FakeIap::Picture picture = FakeIap::pattern(30, 20, 200);
     const auto result = FakeIap::swipe(picture);
     QCOMPARE(result.value_or(-9), 0);
     // The engine's buffer is overwritten by now.
-    QCOMPARE(m_scans.size(), std::size_t{1});
-    QCOMPARE(m_scans[0].pixels, picture.pixels);
-    QCOMPARE(m_scans[0].width, 30);
-    QCOMPARE(m_scans[0].height, 20);
-    QCOMPARE(m_scans[0].flag, 200);
-    QVERIFY(!m_scans[0].hasBuffer);
-    RecChar::forget(&edit);
+    QCOMPARE(listener.scans().size(), std::size_t{1});
+    QCOMPARE(listener.scans()[0].pixels, picture.pixels);
+    QCOMPARE(listener.scans()[0].width, 30);
+    QCOMPARE(listener.scans()[0].height, 20);
+    QCOMPARE(listener.scans()[0].flag, 200);
+    QVERIFY(!listener.scans()[0].hasBuffer);
 }
 
 void TestRecChar::aSwipeStopsSpeechAndTellsTheLauncher()
@@ -297,49 +309,35 @@ void TestRecChar::aSwipeMakesThePlayerIfThereIsNone()
 void TestRecChar::aSwipeWithoutLineStillStopsSpeechAndTellsTheLauncher()
 {
     QCopRecorder launcher;
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     CallLog::clear();
     QCOMPARE(FakeIap::swipe(FakeIap::Picture()).value_or(-9), -1);
     QCOMPARE(CallLog::count("ZEMBRA_TTS_Stop"), 1);
     QVERIFY(launcher.waitFor(QStringLiteral("execute(QString) trigger")));
-    QVERIFY(m_scans.empty());
-    RecChar::forget(&edit);
+    QVERIFY(listener.scans().empty());
 }
 
 void TestRecChar::anEmptyPictureArrivesEmpty()
 {
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     QCOMPARE(FakeIap::swipe({0, 40, {}, 1}).value_or(-9), 0);
     QCOMPARE(FakeIap::swipe({400, 0, {}, 2}).value_or(-9), 0);
-    QCOMPARE(m_scans.size(), std::size_t{2});
-    QCOMPARE(m_scans[0].height, 40);
-    QCOMPARE(m_scans[1].width, 400);
-    RecChar::forget(&edit);
+    QCOMPARE(listener.scans().size(), std::size_t{2});
+    QCOMPARE(listener.scans()[0].height, 40);
+    QCOMPARE(listener.scans()[1].width, 400);
 }
 
 void TestRecChar::aPictureWithoutSenseArrivesEmpty()
 {
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     QCOMPARE(FakeIap::swipe({-3, 40, {1}, 1}).value_or(-9), 0);
     QCOMPARE(FakeIap::swipe({0x10001, 0x10000, {1}, 2}).value_or(-9), 0);
-    QCOMPARE(m_scans.size(), std::size_t{2});
-    for (const Scan& scan : m_scans) {
+    QCOMPARE(listener.scans().size(), std::size_t{2});
+    const std::vector<Scan> scans = listener.scans();
+    for (const Scan& scan : scans) {
         QCOMPARE(scan.width, 0);
         QCOMPARE(scan.height, 0);
     }
-    RecChar::forget(&edit);
 }
 
 void TestRecChar::withoutReceiverTheRecordIsFreed()
@@ -351,16 +349,11 @@ void TestRecChar::withoutReceiverTheRecordIsFreed()
 
 void TestRecChar::twoSwipesBothArrive()
 {
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     FakeIap::swipe(FakeIap::pattern(3, 2, 1));
     FakeIap::swipe(FakeIap::pattern(3, 2, 2));
-    QCOMPARE(m_scans.size(), std::size_t{2});
-    QCOMPARE(m_scans[1].flag, 2);
-    RecChar::forget(&edit);
+    QCOMPARE(listener.scans().size(), std::size_t{2});
+    QCOMPARE(listener.scans()[1].flag, 2);
 }
 
 void TestRecChar::anEditorMayGoWhileSwipesArrive()
@@ -387,17 +380,12 @@ void TestRecChar::anEditorMayGoWhileSwipesArrive()
 
 void TestRecChar::afterTheStopSignalNothingArrives()
 {
-    MyEdit edit;
-    listen(edit);
-    RecChar scanner(nullptr);
-    scanner.setEdit(&edit);
-    QCOMPARE(scanner.init(), 0);
+    const Listener listener;
     ZEMBRA_IAP_SetStopSignal(1);
     QVERIFY(!FakeIap::swipe(FakeIap::pattern(3, 2)).has_value());
     ZEMBRA_IAP_SetStopSignal(0);
     QVERIFY(FakeIap::swipe(FakeIap::pattern(3, 2)).has_value());
-    QCOMPARE(m_scans.size(), std::size_t{1});
-    RecChar::forget(&edit);
+    QCOMPARE(listener.scans().size(), std::size_t{1});
 }
 
 QTEST_MAIN(TestRecChar)

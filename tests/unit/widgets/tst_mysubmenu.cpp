@@ -46,6 +46,7 @@ private slots:
     void slotMayDeleteTheMenu();
 
 private:
+    void showQuickLeaf();
     using Fixture = MenuFixture<MySubMenu>;
     std::unique_ptr<Fixture> m;
 };
@@ -269,7 +270,8 @@ void TestMySubMenu::enterOnALeafGoesBack()
     QCOMPARE(m->menu->getPrevWidget(), &m->previous);
 }
 
-void TestMySubMenu::enterOnAQuickLeafGoesToTheQuickScreen()
+/* A leaf below the quick menu. */
+void TestMySubMenu::showQuickLeaf()
 {
     m->fill(3);
     m->menu->setLeafNode(true);
@@ -277,6 +279,11 @@ void TestMySubMenu::enterOnAQuickLeafGoesToTheQuickScreen()
     m->menu->setPrevWidget(&m->previous);
     m->menu->setPrevQuickWidget(&m->quick);
     m->show();
+}
+
+void TestMySubMenu::enterOnAQuickLeafGoesToTheQuickScreen()
+{
+    showQuickLeaf();
     QVERIFY(m->menu->setCurIndex(1));
     QCOMPARE(ZEMBRA_IAP_Initialize(1, 0, 0, 0), 0);
     QCOMPARE(ZEMBRA_IAP_SetStopSignal(1), 0);
@@ -293,12 +300,7 @@ void TestMySubMenu::enterOnAQuickLeafGoesToTheQuickScreen()
 
 void TestMySubMenu::quickFlagCountsOnce()
 {
-    m->fill(3);
-    m->menu->setLeafNode(true);
-    m->menu->setQuickFlag(true);
-    m->menu->setPrevWidget(&m->previous);
-    m->menu->setPrevQuickWidget(&m->quick);
-    m->show();
+    showQuickLeaf();
     m->press(Qt::Key_Return);
     WidgetChange::Instance()->Go2NewWidget(&m->quick, m->menu);
     QSignalSpy chosen(m->menu, &MySubMenu::okPressed);

@@ -1,36 +1,15 @@
-#include "tests/unit/widgets/pagefixture.h"
-#include "widgets/spinitems.h"
-#include "widgets/ttsconfig.h"
+#include "tests/shared/testobjects.h"
+#include "tests/unit/widgets/ttsconfigfixture.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <QSignalSpy>
 
-using Calls = QList<QVariantList>;
-
-/* The settings page, key by key. */
-class TestTtsConfig : public QObject
+/* What the keys of the settings page change, and where they lead. */
+class TestTtsConfigKeys : public TtsConfigFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-
-    void startsOnTheFirstRow();
-    void showingTellsTheCurrentRow();
-    void pageOfFiveRowsShowsTheLastTwo();
-    void rowsArePlacedBelowEachOther();
-    void heightOfTheFirstRowPlacesAll();
-    void onlyTheCurrentRowIsSelected();
-    void shownRowsAreEnabled();
-    void hideAllHidesEveryRow();
-    void setCurIndexRefusesWhatIsOutside();
-    void sameRowTwiceAndNoRowAreIgnored();
-    void emptyPageOnlyLeaves();
-
-    void upMovesAndStopsAtTheFirst();
-    void downMovesAndStopsAtTheLast();
     void leftStepsBack();
     void rightStepsOnAndWraps();
     void changeIsTriggeredBeforeItIsTold();
@@ -50,195 +29,9 @@ private slots:
     void keysDuringASwipeChangeNothing();
     void slotMayDeleteThePage_data();
     void slotMayDeleteThePage();
-
-private:
-    using Fixture = PageFixture<TTSConfig>;
-    SpinItems* addRow();
-    void addRows(int count);
-    QList<bool> visible() const;
-
-    std::unique_ptr<Fixture> m;
-    QList<SpinItems*> m_rows;
 };
 
-void TestTtsConfig::init()
-{
-    m = std::make_unique<Fixture>();
-    m_rows.clear();
-}
-
-void TestTtsConfig::cleanup()
-{
-    m.reset();
-}
-
-// Row N is labelled "RowN " and offers A, B and C.
-SpinItems* TestTtsConfig::addRow()
-{
-    auto* row = new SpinItems;
-    row->setText1(QStringLiteral("Row%1 ").arg(m_rows.size()));
-    for (const char* value : {"A", "B", "C"})
-        row->addItem(QLatin1String(value));
-    m->page->addItem(row);
-    m_rows.append(row);
-    return row;
-}
-
-void TestTtsConfig::addRows(int count)
-{
-    for (int i = 0; i < count; ++i)
-        addRow();
-}
-
-QList<bool> TestTtsConfig::visible() const
-{
-    QList<bool> shown;
-    for (const SpinItems* row : m_rows)
-        shown.append(row->isVisible());
-    return shown;
-}
-
-void TestTtsConfig::startsOnTheFirstRow()
-{
-    QCOMPARE(m->page->getCurIndex(), 0);
-    QVERIFY(!m->page->getPrevWidget());
-    QVERIFY(!m->page->getMessWidget());
-}
-
-void TestTtsConfig::showingTellsTheCurrentRow()
-{
-    addRows(3);
-    QVERIFY(m->page->setCurIndex(1));
-    m_rows.at(1)->setCurIndex(2);
-    QSignalSpy shown(m->page, &TTSConfig::signalShow);
-    m->show();
-    QCOMPARE(shown, (Calls{{1, QStringLiteral("Row1 C")}}));
-}
-
-void TestTtsConfig::pageOfFiveRowsShowsTheLastTwo()
-{
-    addRows(5);
-    m->show();
-    QCOMPARE(visible(), (QList<bool>{true, true, true, false, false}));
-    QVERIFY(m->page->setCurIndex(4));
-    QCOMPARE(visible(), (QList<bool>{false, false, false, true, true}));
-    m->press(Qt::Key_Up);
-    QCOMPARE(visible(), (QList<bool>{false, false, false, true, true}));
-    m->press(Qt::Key_Up);
-    QCOMPARE(visible(), (QList<bool>{true, true, true, false, false}));
-}
-
-void TestTtsConfig::rowsArePlacedBelowEachOther()
-{
-    addRows(5);
-    m->show();
-    for (int i = 0; i < 3; ++i)
-        QCOMPARE(m_rows.at(i)->geometry(), QRect(0, 4 + 20 * i, 246, 20));
-    QVERIFY(m->page->setCurIndex(3));
-    QCOMPARE(m_rows.at(3)->y(), 4);
-    QCOMPARE(m_rows.at(4)->y(), 24);
-}
-
-void TestTtsConfig::heightOfTheFirstRowPlacesAll()
-{
-    addRows(3);
-    m_rows.at(0)->resize(246, 18);
-    m->show();
-    QCOMPARE(m_rows.at(1)->y(), 22);
-    QCOMPARE(m_rows.at(2)->y(), 40);
-}
-
-void TestTtsConfig::onlyTheCurrentRowIsSelected()
-{
-    addRows(5);
-    m->show();
-    for (int current = 0; current < 5; ++current) {
-        QVERIFY(m->page->setCurIndex(current));
-        for (int i = 0; i < 5; ++i)
-            QCOMPARE(m_rows.at(i)->isSelected(), i == current);
-    }
-}
-
-void TestTtsConfig::shownRowsAreEnabled()
-{
-    addRows(2);
-    m_rows.at(1)->setEnabled(false);
-    m->show();
-    QVERIFY(m_rows.at(1)->isEnabled());
-}
-
-void TestTtsConfig::hideAllHidesEveryRow()
-{
-    addRows(3);
-    m->show();
-    m->page->hideAll();
-    QCOMPARE(visible(), (QList<bool>{false, false, false}));
-    m->page->showPage();
-    QCOMPARE(visible(), (QList<bool>{true, true, true}));
-}
-
-void TestTtsConfig::setCurIndexRefusesWhatIsOutside()
-{
-    QVERIFY(!m->page->setCurIndex(0));
-    addRows(3);
-    QVERIFY(m->page->setCurIndex(2));
-    QVERIFY(!m->page->setCurIndex(-1));
-    QVERIFY(!m->page->setCurIndex(3));
-    QCOMPARE(m->page->getCurIndex(), 2);
-}
-
-void TestTtsConfig::sameRowTwiceAndNoRowAreIgnored()
-{
-    addRows(1);
-    m->page->addItem(m_rows.at(0));
-    m->page->addItem(nullptr);
-    QVERIFY(!m->page->setCurIndex(1));
-    m->show();
-    addRows(1);
-    QVERIFY(m_rows.at(1)->isVisible());
-}
-
-void TestTtsConfig::emptyPageOnlyLeaves()
-{
-    m->page->setPrevWidget(&m->previous);
-    QSignalSpy shown(m->page, &TTSConfig::signalShow);
-    QSignalSpy up(m->page, &TTSConfig::signalUp);
-    QSignalSpy down(m->page, &TTSConfig::signalDown);
-    QSignalSpy escaped(m->page, &TTSConfig::escPressed);
-    m->show();
-    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right})
-        m->press(key);
-    QVERIFY(!m->page->grab().isNull());
-    QCOMPARE(shown.size() + up.size() + down.size() + escaped.size(), 0);
-    m->press(Qt::Key_Return);
-    QCOMPARE(escaped.size(), 1);
-    QVERIFY(m->previous.isVisible());
-}
-
-void TestTtsConfig::upMovesAndStopsAtTheFirst()
-{
-    addRows(3);
-    m->show();
-    QVERIFY(m->page->setCurIndex(1));
-    QSignalSpy up(m->page, &TTSConfig::signalUp);
-    m->press(Qt::Key_Up);
-    m->press(Qt::Key_Up);
-    QCOMPARE(up, (Calls{{0, QStringLiteral("Row0 A")}, {0, QStringLiteral("Row0 A")}}));
-    QCOMPARE(m->page->getCurIndex(), 0);
-}
-
-void TestTtsConfig::downMovesAndStopsAtTheLast()
-{
-    addRows(2);
-    m->show();
-    QSignalSpy down(m->page, &TTSConfig::signalDown);
-    m->press(Qt::Key_Down);
-    m->press(Qt::Key_Down);
-    QCOMPARE(down, (Calls{{1, QStringLiteral("Row1 A")}, {1, QStringLiteral("Row1 A")}}));
-    QCOMPARE(m->page->getCurIndex(), 1);
-}
-
-void TestTtsConfig::leftStepsBack()
+void TestTtsConfigKeys::leftStepsBack()
 {
     addRows(2);
     m->show();
@@ -252,7 +45,7 @@ void TestTtsConfig::leftStepsBack()
     QCOMPARE(other.size(), 0);
 }
 
-void TestTtsConfig::rightStepsOnAndWraps()
+void TestTtsConfigKeys::rightStepsOnAndWraps()
 {
     addRows(1);
     m->show();
@@ -266,7 +59,7 @@ void TestTtsConfig::rightStepsOnAndWraps()
     QCOMPARE(down.size(), 0);
 }
 
-void TestTtsConfig::changeIsTriggeredBeforeItIsTold()
+void TestTtsConfigKeys::changeIsTriggeredBeforeItIsTold()
 {
     addRows(1);
     m->show();
@@ -281,7 +74,7 @@ void TestTtsConfig::changeIsTriggeredBeforeItIsTold()
                                  QStringLiteral("triggered A"), QStringLiteral("told   A")}));
 }
 
-void TestTtsConfig::enterStepsARow()
+void TestTtsConfigKeys::enterStepsARow()
 {
     addRows(1);
     m->show();
@@ -294,7 +87,7 @@ void TestTtsConfig::enterStepsARow()
     QVERIFY(m->page->isVisible());
 }
 
-void TestTtsConfig::enterOnALeftRightRowLeaves()
+void TestTtsConfigKeys::enterOnALeftRightRowLeaves()
 {
     addRows(2);
     m_rows.at(1)->setLeftRightClick(true);
@@ -315,7 +108,7 @@ void TestTtsConfig::enterOnALeftRightRowLeaves()
     QCOMPARE(m_rows.at(1)->getCurIndex(), 0);
 }
 
-void TestTtsConfig::enterOnAQuickPageGoesToTheQuickScreen()
+void TestTtsConfigKeys::enterOnAQuickPageGoesToTheQuickScreen()
 {
     addRow()->setLeftRightClick(true);
     m->page->setQuickFlag(true);
@@ -332,7 +125,7 @@ void TestTtsConfig::enterOnAQuickPageGoesToTheQuickScreen()
     QVERIFY(!m->previous.isVisible());
 }
 
-void TestTtsConfig::orderOfSignalsWhenLeftQuickly()
+void TestTtsConfigKeys::orderOfSignalsWhenLeftQuickly()
 {
     addRow()->setLeftRightClick(true);
     m->page->setQuickFlag(true);
@@ -353,7 +146,7 @@ void TestTtsConfig::orderOfSignalsWhenLeftQuickly()
                                  QStringLiteral("esc")}));
 }
 
-void TestTtsConfig::quickFlagCountsOnce()
+void TestTtsConfigKeys::quickFlagCountsOnce()
 {
     addRow()->setLeftRightClick(true);
     m->page->setQuickFlag(true);
@@ -368,7 +161,7 @@ void TestTtsConfig::quickFlagCountsOnce()
     QCOMPARE(m->page->getMessWidget(), &m->previous);
 }
 
-void TestTtsConfig::quickPageWithoutAQuickScreenGoesBack()
+void TestTtsConfigKeys::quickPageWithoutAQuickScreenGoesBack()
 {
     addRow()->setLeftRightClick(true);
     m->page->setQuickFlag(true);
@@ -379,7 +172,7 @@ void TestTtsConfig::quickPageWithoutAQuickScreenGoesBack()
     QVERIFY(m->window.isVisible());
 }
 
-void TestTtsConfig::escapeGoesBack()
+void TestTtsConfigKeys::escapeGoesBack()
 {
     addRows(2);
     m->page->setPrevWidget(&m->previous);
@@ -398,7 +191,7 @@ void TestTtsConfig::escapeGoesBack()
     QCOMPARE(m->page->getPrevWidget(), &m->previous);
 }
 
-void TestTtsConfig::escapeOnAQuickPageGoesBackToThePreviousScreen()
+void TestTtsConfigKeys::escapeOnAQuickPageGoesBackToThePreviousScreen()
 {
     addRows(1);
     m->page->setQuickFlag(true);
@@ -412,7 +205,7 @@ void TestTtsConfig::escapeOnAQuickPageGoesBackToThePreviousScreen()
     QCOMPARE(chosen.size(), 0);
 }
 
-void TestTtsConfig::escapeOnTheTopPageClosesTheWindows()
+void TestTtsConfigKeys::escapeOnTheTopPageClosesTheWindows()
 {
     addRows(1);
     m->show();
@@ -426,7 +219,7 @@ void TestTtsConfig::escapeOnTheTopPageClosesTheWindows()
     QVERIFY(!m->page->getMessWidget());
 }
 
-void TestTtsConfig::enterOnTheTopPageClosesTheWindows()
+void TestTtsConfigKeys::enterOnTheTopPageClosesTheWindows()
 {
     addRow()->setLeftRightClick(true);
     m->show();
@@ -436,7 +229,7 @@ void TestTtsConfig::enterOnTheTopPageClosesTheWindows()
     QCOMPARE(escaped.size(), 1);
 }
 
-void TestTtsConfig::deletedPreviousScreenCountsAsNone()
+void TestTtsConfigKeys::deletedPreviousScreenCountsAsNone()
 {
     addRows(1);
     auto* gone = new QWidget(&m->window);
@@ -448,7 +241,7 @@ void TestTtsConfig::deletedPreviousScreenCountsAsNone()
     QVERIFY(!m->window.isVisible());
 }
 
-void TestTtsConfig::otherKeysReachTheParent()
+void TestTtsConfigKeys::otherKeysReachTheParent()
 {
     addRows(3);
     m->page->setPrevWidget(&m->previous);
@@ -466,7 +259,7 @@ void TestTtsConfig::otherKeysReachTheParent()
     QCOMPARE(up.size() + down.size(), 2);
 }
 
-void TestTtsConfig::keysDuringASwipeChangeNothing_data()
+void TestTtsConfigKeys::keysDuringASwipeChangeNothing_data()
 {
     QTest::addColumn<Qt::Key>("key");
     for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right, Qt::Key_Return,
@@ -474,7 +267,7 @@ void TestTtsConfig::keysDuringASwipeChangeNothing_data()
         QTest::addRow("%x", static_cast<unsigned>(key)) << key;
 }
 
-void TestTtsConfig::keysDuringASwipeChangeNothing()
+void TestTtsConfigKeys::keysDuringASwipeChangeNothing()
 {
     QFETCH(Qt::Key, key);
     addRows(3);
@@ -494,7 +287,7 @@ void TestTtsConfig::keysDuringASwipeChangeNothing()
     QCOMPARE(m->page->getCurIndex(), 2);
 }
 
-void TestTtsConfig::slotMayDeleteThePage_data()
+void TestTtsConfigKeys::slotMayDeleteThePage_data()
 {
     QTest::addColumn<Qt::Key>("key");
     QTest::addColumn<bool>("leftRight");
@@ -507,7 +300,7 @@ void TestTtsConfig::slotMayDeleteThePage_data()
 }
 
 // The first signal that the key leads to deletes the page.
-void TestTtsConfig::slotMayDeleteThePage()
+void TestTtsConfigKeys::slotMayDeleteThePage()
 {
     QFETCH(Qt::Key, key);
     QFETCH(bool, leftRight);
@@ -530,5 +323,5 @@ void TestTtsConfig::slotMayDeleteThePage()
     QVERIFY(m->window.isVisible());
 }
 
-QTEST_MAIN(TestTtsConfig)
-#include "tst_ttsconfig.moc"
+TEST_OBJECT(TestTtsConfigKeys)
+#include "tst_ttsconfig_keys.moc"

@@ -1,50 +1,22 @@
-#include "dict/dictscanedit.h"
-#include "editor/myedit.h"
-#include "engines/flags.h"
 #include "engines/ttsplayer.h"
 #include "platform/zembra_tts.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/faketts.h"
-#include "tests/fakes/testroot.h"
-#include "tests/shared/asleep.h"
+#include "tests/shared/testobjects.h"
+#include "tests/unit/engines/playerfixture.h"
 
 #include <QTest>
 #include <future>
-#include <memory>
 #include <thread>
 
 using fakes::calls;
 
-namespace {
-
-using Highlight = std::array<int, 3>;
-
-// The highlights that a screen's signal brought to the interface thread.
-template <class Screen> class Highlights : public QObject
-{
-public:
-    explicit Highlights(Screen& screen)
-    {
-        connect(&screen, &Screen::signalTTShignlight, this,
-                [this](int offset, int length, int kind) {
-                    seen.push_back({offset, length, kind});
-                    thread = QThread::currentThread();
-                });
-    }
-
-    std::vector<Highlight> seen;
-    QThread* thread = nullptr;
-};
-
-} // namespace
-
-class TestTtsPlayer : public QObject
+/* The player from its first use to its end: voices, texts and stops. */
+class TestTtsPlayerSpeech : public PlayerFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
     void theFirstUseStartsTheEngineWithItsFolders();
     void oneInstanceForManyThreads();
     void initStartsTheEngineAgain();
@@ -62,41 +34,12 @@ private slots:
     void whatAVoiceDoesNotNameStays();
     void aVoiceWaitsForTheTextBefore();
     void aCancelledTextLeavesTheVoice();
-    void highlightsReachTheEditorUnchanged();
-    void withoutScanPlayFlagNoHighlightArrives();
-    void inDictionaryModeTheTranslateScreenReceives();
-    void inDictionaryModeWithoutTranslateScreenReportsAreDropped();
-    void withoutReceiverReportsAreDropped();
-    void theScreenSetLastIsNoted();
-    void forgettingAScreenWaitsForAReportInProgress();
-    void reportsAfterAScreenIsGoneAreDropped();
-    void forgettingAnotherScreenChangesNothing();
     void quitShutsTheEngineDown();
     void quitWithoutInstanceDoesNothing();
     void quitEndsSpeech();
-
-private:
-    std::unique_ptr<TestRoot> m_root;
 };
 
-void TestTtsPlayer::init()
-{
-    m_root = std::make_unique<TestRoot>();
-    fakes::reset();
-    TTSPlayer::editScan = nullptr;
-    TTSPlayer::editDict = nullptr;
-    TTSPlayer::scanPlayFlag = true;
-    g_InDict = false;
-}
-
-void TestTtsPlayer::cleanup()
-{
-    TTSPlayer::quitFun();
-    fakes::reset();
-    m_root.reset();
-}
-
-void TestTtsPlayer::theFirstUseStartsTheEngineWithItsFolders()
+void TestTtsPlayerSpeech::theFirstUseStartsTheEngineWithItsFolders()
 {
     QVERIFY(!TTSPlayer::player);
     TTSPlayer* const player = TTSPlayer::Instance();
@@ -106,7 +49,7 @@ void TestTtsPlayer::theFirstUseStartsTheEngineWithItsFolders()
                                   "/mnt/hidmmc/sysdict/languages, 2, 80)"});
 }
 
-void TestTtsPlayer::oneInstanceForManyThreads()
+void TestTtsPlayerSpeech::oneInstanceForManyThreads()
 {
     constexpr int Users = 8;
     std::vector<std::future<TTSPlayer*>> users;
@@ -118,7 +61,7 @@ void TestTtsPlayer::oneInstanceForManyThreads()
     QCOMPARE(CallLog::count("ZEMBRA_TTS_Initialize"), 1);
 }
 
-void TestTtsPlayer::initStartsTheEngineAgain()
+void TestTtsPlayerSpeech::initStartsTheEngineAgain()
 {
     TTSPlayer* const player = TTSPlayer::Instance();
     QCOMPARE(player->init(7), 0);
@@ -130,13 +73,13 @@ void TestTtsPlayer::initStartsTheEngineAgain()
     QCOMPARE(all[2], all[0]);
 }
 
-void TestTtsPlayer::anEngineThatDoesNotStartCannotSpeak()
+void TestTtsPlayerSpeech::anEngineThatDoesNotStartCannotSpeak()
 {
     FakeTts::setInitializeResult(-1);
     QCOMPARE(TTSPlayer::Instance()->play(QStringLiteral("Hello")), -1);
 }
 
-void TestTtsPlayer::setLanRegistersTheReceiverAgain()
+void TestTtsPlayerSpeech::setLanRegistersTheReceiverAgain()
 {
     TTSPlayer::Instance();
     CallLog::clear();
@@ -145,7 +88,7 @@ void TestTtsPlayer::setLanRegistersTheReceiverAgain()
                                    "ZEMBRA_TTS_SetHighlight_CallBack(callback)"}));
 }
 
-void TestTtsPlayer::speedAndVolumeGoThrough()
+void TestTtsPlayerSpeech::speedAndVolumeGoThrough()
 {
     TTSPlayer::Instance();
     CallLog::clear();
@@ -154,26 +97,26 @@ void TestTtsPlayer::speedAndVolumeGoThrough()
     QCOMPARE(calls(), (QStringList{"ZEMBRA_TTS_SetSpeed(48)", "ZEMBRA_TTS_SetVolume(80)"}));
 }
 
-void TestTtsPlayer::playHandsOverTheBytes()
+void TestTtsPlayerSpeech::playHandsOverTheBytes()
 {
     QCOMPARE(TTSPlayer::Instance()->play(QStringLiteral("Grün <vtml_pause time=\"5\"/>")), 0);
     QCOMPARE(calls("ZEMBRA_TTS_Play"),
              QStringList{"ZEMBRA_TTS_Play(\"Grün <vtml_pause time=\"5\"/>\", 54, 0)"});
 }
 
-void TestTtsPlayer::playOfAnEmptyTextHandsOverLengthZero()
+void TestTtsPlayerSpeech::playOfAnEmptyTextHandsOverLengthZero()
 {
     QCOMPARE(TTSPlayer::Instance()->play(QString()), 0);
     QCOMPARE(calls("ZEMBRA_TTS_Play"), QStringList{"ZEMBRA_TTS_Play(\"\", 0, 0)"});
 }
 
-void TestTtsPlayer::playReturnsTheEnginesResult()
+void TestTtsPlayerSpeech::playReturnsTheEnginesResult()
 {
     FakeTts::setPlayResult(-1);
     QCOMPARE(TTSPlayer::Instance()->play(QStringLiteral("Hello")), -1);
 }
 
-void TestTtsPlayer::stopFromAnotherThreadEndsPlay()
+void TestTtsPlayerSpeech::stopFromAnotherThreadEndsPlay()
 {
     FakeTts::setPace(FakeTts::Pace::Held);
     auto speech = std::async(std::launch::async, [] {
@@ -184,7 +127,7 @@ void TestTtsPlayer::stopFromAnotherThreadEndsPlay()
     QCOMPARE(speech.get(), 1);
 }
 
-void TestTtsPlayer::aStopAfterTheTextWasTakenCancelsIt()
+void TestTtsPlayerSpeech::aStopAfterTheTextWasTakenCancelsIt()
 {
     auto speech = std::async(std::launch::async, [] {
         TTSPlayer::beginRequest();
@@ -195,7 +138,7 @@ void TestTtsPlayer::aStopAfterTheTextWasTakenCancelsIt()
     QVERIFY(FakeTts::texts().empty());
 }
 
-void TestTtsPlayer::aStopBeforeTheTextWasTakenDoesNot()
+void TestTtsPlayerSpeech::aStopBeforeTheTextWasTakenDoesNot()
 {
     auto speech = std::async(std::launch::async, [] {
         TTSPlayer::beginRequest();
@@ -207,7 +150,7 @@ void TestTtsPlayer::aStopBeforeTheTextWasTakenDoesNot()
     QCOMPARE(FakeTts::texts().size(), std::size_t{1});
 }
 
-void TestTtsPlayer::aStopThatTheEngineMissedIsMadeGoodAtTheFirstWord()
+void TestTtsPlayerSpeech::aStopThatTheEngineMissedIsMadeGoodAtTheFirstWord()
 {
     TTSPlayer::Instance()->setLan(200);
     FakeTts::setPace(FakeTts::Pace::Held);
@@ -224,7 +167,7 @@ void TestTtsPlayer::aStopThatTheEngineMissedIsMadeGoodAtTheFirstWord()
     QCOMPARE(CallLog::count("ZEMBRA_TTS_Stop"), 2);
 }
 
-void TestTtsPlayer::aVoiceIsSetJustBeforeItsText()
+void TestTtsPlayerSpeech::aVoiceIsSetJustBeforeItsText()
 {
     TTSPlayer::Instance();
     CallLog::clear();
@@ -243,7 +186,7 @@ void TestTtsPlayer::aVoiceIsSetJustBeforeItsText()
     QVERIFY(TTSPlayer::scanPlayFlag);
 }
 
-void TestTtsPlayer::whatAVoiceDoesNotNameStays()
+void TestTtsPlayerSpeech::whatAVoiceDoesNotNameStays()
 {
     TTSPlayer::Instance();
     CallLog::clear();
@@ -252,7 +195,7 @@ void TestTtsPlayer::whatAVoiceDoesNotNameStays()
 }
 
 // Two workers at a time: the second one's voice is not set before the first one's text has ended.
-void TestTtsPlayer::aVoiceWaitsForTheTextBefore()
+void TestTtsPlayerSpeech::aVoiceWaitsForTheTextBefore()
 {
     FakeTts::setPace(FakeTts::Pace::Held);
     const auto say = [](const QString& text, int language) {
@@ -280,7 +223,7 @@ void TestTtsPlayer::aVoiceWaitsForTheTextBefore()
     QCOMPARE(FakeTts::language(), 104);
 }
 
-void TestTtsPlayer::aCancelledTextLeavesTheVoice()
+void TestTtsPlayerSpeech::aCancelledTextLeavesTheVoice()
 {
     TTSPlayer::Instance()->setLan(103);
     auto speech = std::async(std::launch::async, [] {
@@ -294,131 +237,7 @@ void TestTtsPlayer::aCancelledTextLeavesTheVoice()
     QCOMPARE(FakeTts::language(), 103);
 }
 
-void TestTtsPlayer::highlightsReachTheEditorUnchanged()
-{
-    MyEdit edit;
-    Highlights highlights(edit);
-    FakeTts::setReports({{3, 4, 0}, {-1, 70000, 9}});
-    TTSPlayer::Instance()->setLan(200);
-    TTSPlayer::Instance()->setEdit(&edit);
-    QCOMPARE(TTSPlayer::Instance()->play(QStringLiteral("Hello")), 0);
-    QTRY_COMPARE(highlights.seen, (std::vector<Highlight>{{3, 4, 0}, {-1, 70000, 9}}));
-    QCOMPARE(highlights.thread, qApp->thread());
-    TTSPlayer::forget(&edit);
-}
-
-void TestTtsPlayer::withoutScanPlayFlagNoHighlightArrives()
-{
-    MyEdit edit;
-    Highlights highlights(edit);
-    TTSPlayer::Instance()->setEdit(&edit);
-    TTSPlayer::Instance()->setScanPlayFlag(false);
-    QCOMPARE(TTSPlayer::ReceiveHighlight(0, 1, 0), -1);
-    TTSPlayer::Instance()->setScanPlayFlag(true);
-    QCOMPARE(TTSPlayer::ReceiveHighlight(1, 1, 0), 0);
-    QTRY_COMPARE(highlights.seen, (std::vector<Highlight>{{1, 1, 0}}));
-    TTSPlayer::forget(&edit);
-}
-
-void TestTtsPlayer::inDictionaryModeTheTranslateScreenReceives()
-{
-    MyEdit edit;
-    DictScanEdit dict;
-    Highlights editHighlights(edit);
-    Highlights dictHighlights(dict);
-    TTSPlayer::Instance()->setEditD(&dict);
-    TTSPlayer::Instance()->setEdit(&edit);
-    g_InDict = true;
-    QCOMPARE(TTSPlayer::ReceiveHighlight(5, 6, 7), 0);
-    QTRY_COMPARE(dictHighlights.seen, (std::vector<Highlight>{{5, 6, 7}}));
-    QVERIFY(editHighlights.seen.empty());
-    TTSPlayer::forget(&edit);
-    TTSPlayer::forget(&dict);
-}
-
-void TestTtsPlayer::inDictionaryModeWithoutTranslateScreenReportsAreDropped()
-{
-    MyEdit edit;
-    Highlights highlights(edit);
-    TTSPlayer::Instance()->setEdit(&edit);
-    g_InDict = true;
-    QCOMPARE(TTSPlayer::ReceiveHighlight(1, 1, 0), 0);
-    g_InDict = false;
-    QCOMPARE(TTSPlayer::ReceiveHighlight(2, 1, 0), 0);
-    QTRY_COMPARE(highlights.seen, (std::vector<Highlight>{{2, 1, 0}}));
-    TTSPlayer::forget(&edit);
-}
-
-void TestTtsPlayer::withoutReceiverReportsAreDropped()
-{
-    QCOMPARE(TTSPlayer::ReceiveHighlight(0, 1, 0), 0);
-    g_InDict = true;
-    QCOMPARE(TTSPlayer::ReceiveHighlight(0, 1, 0), 0);
-}
-
-void TestTtsPlayer::theScreenSetLastIsNoted()
-{
-    DictScanEdit dict;
-    TTSPlayer::Instance()->setEditD(&dict);
-    QCOMPARE(TTSPlayer::m_EditId.load(), 1);
-    TTSPlayer::Instance()->setEdit(nullptr);
-    QCOMPARE(TTSPlayer::m_EditId.load(), 0);
-    TTSPlayer::forget(&dict);
-}
-
-void TestTtsPlayer::forgettingAScreenWaitsForAReportInProgress()
-{
-    auto edit = std::make_unique<MyEdit>();
-    std::promise<void> reporting;
-    std::promise<void> goOn;
-    std::atomic<bool> reported{false};
-    connect(
-        edit.get(), &MyEdit::signalTTShignlight, edit.get(),
-        [&] {
-            reporting.set_value();
-            goOn.get_future().wait();
-            reported = true;
-        },
-        Qt::DirectConnection);
-    TTSPlayer::Instance()->setLan(200);
-    TTSPlayer::Instance()->setEdit(edit.get());
-    auto speech = std::async(std::launch::async,
-                             [] { return TTSPlayer::Instance()->play(QStringLiteral("One")); });
-    reporting.get_future().wait();
-    std::atomic<pid_t> destroyer{0};
-    auto destroyed = std::async(std::launch::async, [&] {
-        destroyer = gettid();
-        TTSPlayer::forget(edit.get());
-        return reported.load();
-    });
-    const bool waits = waitUntilAsleep(destroyer);
-    goOn.set_value();
-    QVERIFY2(destroyed.get() && waits, "the screen was given up while it was receiving a report");
-    edit.reset();
-    QCOMPARE(speech.get(), 0);
-}
-
-void TestTtsPlayer::reportsAfterAScreenIsGoneAreDropped()
-{
-    auto edit = std::make_unique<MyEdit>();
-    TTSPlayer::Instance()->setEdit(edit.get());
-    TTSPlayer::forget(edit.get());
-    edit.reset();
-    QCOMPARE(TTSPlayer::ReceiveHighlight(0, 1, 0), 0);
-}
-
-void TestTtsPlayer::forgettingAnotherScreenChangesNothing()
-{
-    MyEdit edit;
-    MyEdit other;
-    TTSPlayer::Instance()->setEdit(&edit);
-    TTSPlayer::forget(&other);
-    QCOMPARE(static_cast<MyEdit*>(TTSPlayer::editScan), &edit);
-    TTSPlayer::forget(&edit);
-    QCOMPARE(static_cast<MyEdit*>(TTSPlayer::editScan), nullptr);
-}
-
-void TestTtsPlayer::quitShutsTheEngineDown()
+void TestTtsPlayerSpeech::quitShutsTheEngineDown()
 {
     TTSPlayer::Instance();
     TTSPlayer::quitFun();
@@ -428,13 +247,13 @@ void TestTtsPlayer::quitShutsTheEngineDown()
     QVERIFY(FakeTts::isStarted());
 }
 
-void TestTtsPlayer::quitWithoutInstanceDoesNothing()
+void TestTtsPlayerSpeech::quitWithoutInstanceDoesNothing()
 {
     TTSPlayer::quitFun();
     QCOMPARE(calls(), QStringList());
 }
 
-void TestTtsPlayer::quitEndsSpeech()
+void TestTtsPlayerSpeech::quitEndsSpeech()
 {
     FakeTts::setPace(FakeTts::Pace::Held);
     auto speech = std::async(std::launch::async, [] {
@@ -445,5 +264,5 @@ void TestTtsPlayer::quitEndsSpeech()
     QCOMPARE(speech.get(), 1);
 }
 
-QTEST_MAIN(TestTtsPlayer)
-#include "tst_ttsplayer.moc"
+TEST_OBJECT(TestTtsPlayerSpeech)
+#include "tst_ttsplayer_speech.moc"
