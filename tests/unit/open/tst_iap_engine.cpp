@@ -32,7 +32,22 @@ private slots:
     void folderWithoutPictures();
     void video();
     void videoThatIsNone();
+
+private:
+    static void lineArrives();
 };
+
+/* The source that the environment names has one swipe over the line of these tests. */
+void TestIapEngine::lineArrives()
+{
+    Receiver receiver;
+    ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, Receiver::callback);
+    QCOMPARE(ZEMBRA_IAP_Initialize(1, 0, 0, 0), 0);
+    const auto delivery = receiver.delivery();
+    QVERIFY(delivery && !delivery->isNull);
+    QVERIFY(likeness(cleanLine(), delivery->image) > 0.85);
+    QTRY_COMPARE(workState(), int(ZEMBRA_IAP_IDLE));
+}
 
 void TestIapEngine::withoutAnySource()
 {
@@ -280,12 +295,7 @@ void TestIapEngine::folderOfPictures()
     QFile other(folder.filePath("readme.txt"));
     QVERIFY(other.open(QIODevice::WriteOnly));
     qputenv("SWIPELINE_FRAMES", folder.path().toUtf8());
-    Receiver receiver;
-    ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, Receiver::callback);
-    QCOMPARE(ZEMBRA_IAP_Initialize(1, 0, 0, 0), 0);
-    const auto delivery = receiver.delivery();
-    QVERIFY(delivery && !delivery->isNull);
-    QVERIFY(likeness(cleanLine(), delivery->image) > 0.85);
+    lineArrives();
 }
 
 void TestIapEngine::folderWithoutPictures()
@@ -305,13 +315,7 @@ void TestIapEngine::video()
     file.write(videoOf(lineFrames(), frameRate(lineFrames())));
     file.close();
     qputenv("SWIPELINE_CAMERA", file.fileName().toUtf8());
-    Receiver receiver;
-    ZEMBRA_IAP_SetReceivePanoImageCallBackFunc(0, Receiver::callback);
-    QCOMPARE(ZEMBRA_IAP_Initialize(1, 0, 0, 0), 0);
-    const auto delivery = receiver.delivery();
-    QVERIFY(delivery && !delivery->isNull);
-    QVERIFY(likeness(cleanLine(), delivery->image) > 0.85);
-    QTRY_COMPARE(workState(), int(ZEMBRA_IAP_IDLE));
+    lineArrives();
 }
 
 void TestIapEngine::videoThatIsNone()

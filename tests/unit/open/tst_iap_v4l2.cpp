@@ -38,6 +38,25 @@ bool isNumbered(const Frame& frame)
     return true;
 }
 
+/* A camera whose pictures are taken. */
+struct RunningCamera
+{
+    RunningCamera() { QVERIFY(source.start(recorder)); }
+
+    /* The source gives it up by itself. */
+    void isLost()
+    {
+        QVERIFY(recorder.waitFor('l'));
+        QVERIFY(!source.isAlive());
+        source.stop();
+        QVERIFY(camera.isClosed());
+    }
+
+    FakeCamera camera;
+    FrameRecorder recorder;
+    CameraSource source{camera};
+};
+
 } // namespace
 
 Q_DECLARE_METATYPE(Change)
@@ -128,26 +147,23 @@ void TestIapV4l2::pictures()
 
 void TestIapV4l2::tipSwitch()
 {
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
-    camera.expose(numbered(camera));
-    QVERIFY(recorder.waitFor('f'));
+    RunningCamera running;
+    running.camera.expose(numbered(running.camera));
+    QVERIFY(running.recorder.waitFor('f'));
     m_tip->send(330, 1);
-    QVERIFY(recorder.waitFor('d'));
+    QVERIFY(running.recorder.waitFor('d'));
     m_tip->send(330, 2); // repeated by the kernel
     m_tip->send(28, 0);  // another key
-    camera.expose(numbered(camera));
-    QVERIFY(recorder.waitFor('f', 2));
+    running.camera.expose(numbered(running.camera));
+    QVERIFY(running.recorder.waitFor('f', 2));
     m_tip->send(330, 0);
-    QVERIFY(recorder.waitFor('u'));
+    QVERIFY(running.recorder.waitFor('u'));
     m_tip->send(330, 0); // contacts bounce
     m_tip->send(330, 1);
-    QVERIFY(recorder.waitFor('d', 2));
-    QCOMPARE(recorder.told(), std::string("fdfud"));
-    source.stop();
-    QCOMPARE(recorder.told(), std::string("fdfud"));
+    QVERIFY(running.recorder.waitFor('d', 2));
+    QCOMPARE(running.recorder.told(), std::string("fdfud"));
+    running.source.stop();
+    QCOMPARE(running.recorder.told(), std::string("fdfud"));
 }
 
 void TestIapV4l2::cannotBegin_data()
@@ -230,20 +246,17 @@ void TestIapV4l2::wrongSettings()
 
 void TestIapV4l2::damagedPictures()
 {
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
-    const std::vector<std::uint8_t> whole = numbered(camera);
-    camera.expose(whole, V4L2_BUF_FLAG_ERROR);
-    camera.expose({whole.begin(), whole.end() - 1});
-    camera.failNext(EIO);
-    camera.failNext(EAGAIN);
-    camera.expose(whole);
-    QVERIFY(recorder.waitFor('f'));
-    QVERIFY(isNumbered(recorder.frames().front()));
-    QVERIFY(source.isAlive());
-    QCOMPARE(recorder.told(), std::string("f"));
+    RunningCamera running;
+    const std::vector<std::uint8_t> whole = numbered(running.camera);
+    running.camera.expose(whole, V4L2_BUF_FLAG_ERROR);
+    running.camera.expose({whole.begin(), whole.end() - 1});
+    running.camera.failNext(EIO);
+    running.camera.failNext(EAGAIN);
+    running.camera.expose(whole);
+    QVERIFY(running.recorder.waitFor('f'));
+    QVERIFY(isNumbered(running.recorder.frames().front()));
+    QVERIFY(running.source.isAlive());
+    QCOMPARE(running.recorder.told(), std::string("f"));
 }
 
 void TestIapV4l2::brokenPictures_data()
@@ -256,60 +269,42 @@ void TestIapV4l2::brokenPictures_data()
 void TestIapV4l2::brokenPictures()
 {
     QFETCH(int, error);
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
+    RunningCamera running;
     for (int i = 0; i < 100; ++i)
-        camera.failNext(error);
-    QVERIFY(recorder.waitFor('l'));
-    QVERIFY(!source.isAlive());
-    source.stop();
-    QVERIFY(camera.isClosed());
+        running.camera.failNext(error);
+    running.isLost();
 }
 
 void TestIapV4l2::unplugged()
 {
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
+    RunningCamera running;
     m_tip->send(330, 1);
-    QVERIFY(recorder.waitFor('d'));
-    camera.expose(numbered(camera));
-    QVERIFY(recorder.waitFor('f'));
-    camera.unplug();
-    QVERIFY(recorder.waitFor('l'));
-    QVERIFY(!source.isAlive());
-    source.stop();
-    QVERIFY(camera.isClosed());
-    QCOMPARE(recorder.told(), std::string("dfl"));
+    QVERIFY(running.recorder.waitFor('d'));
+    running.camera.expose(numbered(running.camera));
+    QVERIFY(running.recorder.waitFor('f'));
+    running.camera.unplug();
+    running.isLost();
+    QCOMPARE(running.recorder.told(), std::string("dfl"));
 }
 
 void TestIapV4l2::tipSwitchUnplugged()
 {
     // A device that ends at once, as one does that is unplugged.
     qputenv("SWIPELINE_TIP", "/dev/null");
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('l'));
-    QVERIFY(!source.isAlive());
+    RunningCamera running;
+    QVERIFY(running.recorder.waitFor('l'));
+    QVERIFY(!running.source.isAlive());
 }
 
 void TestIapV4l2::stopsWhileTheCameraIsSilent()
 {
-    FakeCamera camera;
-    FrameRecorder recorder;
-    CameraSource source(camera);
-    QVERIFY(source.start(recorder));
+    RunningCamera running;
     m_tip->send(330, 1);
-    QVERIFY(recorder.waitFor('d'));
-    source.stop();
-    source.stop();
-    QVERIFY(camera.isClosed());
-    QCOMPARE(recorder.told(), std::string("d"));
+    QVERIFY(running.recorder.waitFor('d'));
+    running.source.stop();
+    running.source.stop();
+    QVERIFY(running.camera.isClosed());
+    QCOMPARE(running.recorder.told(), std::string("d"));
 }
 
 QTEST_GUILESS_MAIN(TestIapV4l2)

@@ -24,6 +24,16 @@ void add(Y4mParser& parser, const QByteArray& bytes)
     parser.add(reinterpret_cast<const std::uint8_t*>(bytes.constData()), std::size_t(bytes.size()));
 }
 
+/* Reads the video that the environment names. */
+struct Reader
+{
+    bool start() { return source.start(recorder); }
+
+    FrameRecorder recorder;
+    DeviceCalls calls;
+    CameraSource source{calls};
+};
+
 } // namespace
 
 /* Videos in place of a camera: their form, files, pipes, the times of the tip. */
@@ -53,6 +63,7 @@ private slots:
 
 private:
     QByteArray write(const QByteArray& video);
+    QByteArray makePipe(const char* name, const TipPipe& tip);
 
     QTemporaryDir m_folder;
 };
@@ -72,6 +83,17 @@ QByteArray TestIapVideo::write(const QByteArray& video)
         qFatal("cannot write a video");
     qputenv("SWIPELINE_CAMERA", QFile::encodeName(file.fileName()));
     return QFile::encodeName(file.fileName());
+}
+
+/* In place of the camera, with its tip. */
+QByteArray TestIapVideo::makePipe(const char* name, const TipPipe& tip)
+{
+    const QByteArray path = QFile::encodeName(m_folder.filePath(name));
+    if (::mkfifo(path.constData(), 0600) != 0)
+        qFatal("cannot make a pipe");
+    qputenv("SWIPELINE_CAMERA", path);
+    qputenv("SWIPELINE_TIP", tip.path());
+    return path;
 }
 
 void TestIapVideo::forms_data()
@@ -161,15 +183,13 @@ void TestIapVideo::rubbish()
 void TestIapVideo::fileIsOneSwipe()
 {
     write(videoOf(plainFrames(5), 500));
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('u'));
-    QVERIFY(source.isAlive()); // as a camera that nobody moves
-    source.stop();
-    QCOMPARE(recorder.told(), std::string("dfffffu"));
-    const std::vector<Frame> frames = recorder.frames();
+    Reader reader;
+    QVERIFY(reader.start());
+    QVERIFY(reader.recorder.waitFor('u'));
+    QVERIFY(reader.source.isAlive()); // as a camera that nobody moves
+    reader.source.stop();
+    QCOMPARE(reader.recorder.told(), std::string("dfffffu"));
+    const std::vector<Frame> frames = reader.recorder.frames();
     for (int i = 0; i < 5; ++i) {
         QCOMPARE(frames[std::size_t(i)].timeUs, std::int64_t(i * 2000));
         QCOMPARE(frames[std::size_t(i)].pixels[0], std::uint8_t(i));
@@ -183,13 +203,11 @@ void TestIapVideo::fileWithTipTimes()
     QVERIFY(tip.open(QIODevice::WriteOnly));
     tip.write("# two swipes\n2 6 # the first\n\n 10\t14\n");
     tip.close();
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('f', 10));
-    source.stop();
-    QCOMPARE(recorder.told(), std::string("fdffuffdffufff"));
+    Reader reader;
+    QVERIFY(reader.start());
+    QVERIFY(reader.recorder.waitFor('f', 10));
+    reader.source.stop();
+    QCOMPARE(reader.recorder.told(), std::string("fdffuffdffufff"));
 }
 
 void TestIapVideo::wrongTipTimes_data()
@@ -212,11 +230,9 @@ void TestIapVideo::wrongTipTimes()
     QVERIFY(tip.open(QIODevice::WriteOnly));
     tip.write(times);
     tip.close();
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(!source.start(recorder));
-    QCOMPARE(recorder.told(), std::string());
+    Reader reader;
+    QVERIFY(!reader.start());
+    QCOMPARE(reader.recorder.told(), std::string());
 }
 
 void TestIapVideo::unusableFile_data()
@@ -236,92 +252,74 @@ void TestIapVideo::unusableFile()
 {
     QFETCH(QByteArray, video);
     write(video);
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(!source.start(recorder));
-    QCOMPARE(recorder.told(), std::string());
+    Reader reader;
+    QVERIFY(!reader.start());
+    QCOMPARE(reader.recorder.told(), std::string());
 }
 
 void TestIapVideo::fileThatEndsTooSoon()
 {
     write(videoOf(plainFrames(4), 500).chopped(100));
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('u'));
-    QCOMPARE(recorder.told(), std::string("dfffu"));
+    Reader reader;
+    QVERIFY(reader.start());
+    QVERIFY(reader.recorder.waitFor('u'));
+    QCOMPARE(reader.recorder.told(), std::string("dfffu"));
 }
 
 void TestIapVideo::fileWithRubbishInside()
 {
     write(videoOf(plainFrames(3), 500) + "FRAGMENT" + videoOf(plainFrames(3), 500));
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('l'));
-    QCOMPARE(recorder.told(), std::string("dfffl"));
-    QVERIFY(!source.isAlive());
+    Reader reader;
+    QVERIFY(reader.start());
+    QVERIFY(reader.recorder.waitFor('l'));
+    QCOMPARE(reader.recorder.told(), std::string("dfffl"));
+    QVERIFY(!reader.source.isAlive());
 }
 
 void TestIapVideo::fileStopsInTheMiddle()
 {
     write(videoOf(plainFrames(200), 100));
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
-    QVERIFY(recorder.waitFor('f'));
-    source.stop();
-    const std::string told = recorder.told();
+    Reader reader;
+    QVERIFY(reader.start());
+    QVERIFY(reader.recorder.waitFor('f'));
+    reader.source.stop();
+    const std::string told = reader.recorder.told();
     QVERIFY(told.size() < 150);
     QCOMPARE(told.find('u'), std::string::npos);
 }
 
 void TestIapVideo::pipe()
 {
-    const QByteArray path = QFile::encodeName(m_folder.filePath("pipe"));
-    QCOMPARE(::mkfifo(path.constData(), 0600), 0);
     TipPipe tip;
-    qputenv("SWIPELINE_CAMERA", path);
-    qputenv("SWIPELINE_TIP", tip.path());
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder)); // nobody writes yet
+    const QByteArray path = makePipe("pipe", tip);
+    Reader reader;
+    QVERIFY(reader.start()); // nobody writes yet
     const int writer = ::open(path.constData(), O_WRONLY | O_CLOEXEC);
     QVERIFY(writer >= 0);
     const QByteArray video = videoOf(plainFrames(3), 30);
     QCOMPARE(::write(writer, video.constData(), 1000), ssize_t(1000));
-    QVERIFY(recorder.waitFor('f', 1));
+    QVERIFY(reader.recorder.waitFor('f', 1));
     tip.send(330, 1);
-    QVERIFY(recorder.waitFor('d'));
+    QVERIFY(reader.recorder.waitFor('d'));
     QCOMPARE(::write(writer, video.constData() + 1000, std::size_t(video.size() - 1000)),
              ssize_t(video.size() - 1000));
-    QVERIFY(recorder.waitFor('f', 3));
+    QVERIFY(reader.recorder.waitFor('f', 3));
     ::close(writer);
-    QVERIFY(recorder.waitFor('l'));
-    QVERIFY(!source.isAlive());
-    QCOMPARE(recorder.told(), std::string("fdffl"));
+    QVERIFY(reader.recorder.waitFor('l'));
+    QVERIFY(!reader.source.isAlive());
+    QCOMPARE(reader.recorder.told(), std::string("fdffl"));
 }
 
 void TestIapVideo::pipeOfRubbish()
 {
-    const QByteArray path = QFile::encodeName(m_folder.filePath("rubbish"));
-    QCOMPARE(::mkfifo(path.constData(), 0600), 0);
     TipPipe tip;
-    qputenv("SWIPELINE_CAMERA", path);
-    qputenv("SWIPELINE_TIP", tip.path());
-    FrameRecorder recorder;
-    DeviceCalls calls;
-    CameraSource source(calls);
-    QVERIFY(source.start(recorder));
+    const QByteArray path = makePipe("rubbish", tip);
+    Reader reader;
+    QVERIFY(reader.start());
     const int writer = ::open(path.constData(), O_WRONLY | O_CLOEXEC);
     QCOMPARE(::write(writer, "no video", 8), ssize_t(8));
-    QVERIFY(recorder.waitFor('l'));
-    QVERIFY(!source.isAlive());
+    QVERIFY(reader.recorder.waitFor('l'));
+    QVERIFY(!reader.source.isAlive());
     ::close(writer);
 }
 
