@@ -1,7 +1,7 @@
 #include "store/newwordmanager.h"
 #include "tests/screens/album.h"
 #include "tests/screens/screenset.h"
-#include "tests/unit/app/dictfixture.h"
+#include "tests/shared/dictwindowfixture.h"
 
 /* Dictionary mode: its menus, its messages, and what is seen while one waits. */
 class TestDictFlowScreens : public QObject
@@ -27,7 +27,7 @@ private:
 
 void TestDictFlowScreens::readSettings()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.translate();
     f.press(Qt::Key_F12);
     COMPARE_SCREEN(m_album, f.menu(), "read-settings");
@@ -36,7 +36,7 @@ void TestDictFlowScreens::readSettings()
 
 void TestDictFlowScreens::readTranslation()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.window->newReadTrans();
     COMPARE_SCREEN(m_album, f.menu(), "read-translation");
     f.settle();
@@ -44,7 +44,7 @@ void TestDictFlowScreens::readTranslation()
 
 void TestDictFlowScreens::newWords()
 {
-    DictFixture f;
+    DictWindowFixture f;
     for (const char* word : {"house", "Leuchtturm", "灯塔", "être"})
         NewWordManager::Instance()->put(QString::fromUtf8(word), QStringLiteral("x"));
     f.window->newWords();
@@ -54,7 +54,7 @@ void TestDictFlowScreens::newWords()
 
 void TestDictFlowScreens::aboutTheDictionary()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.window->aboutDictionaries();
     COMPARE_SCREEN(m_album, f.menu(), "dictionaries");
     f.settle();
@@ -62,11 +62,11 @@ void TestDictFlowScreens::aboutTheDictionary()
 
 void TestDictFlowScreens::waitingForTheDictionary()
 {
-    DictFixture f;
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
+    DictWindowFixture f;
+    f.usb("plug");
     f.settle();
     FakeDic::holdInitialize(true);
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "delete");
+    f.usb("delete");
     QTRY_COMPARE(f.current(), static_cast<QWidget*>(f.window->editor()));
     f.putCursorOn(QStringLiteral("house"));
     f.window->transWordFun();
@@ -77,12 +77,9 @@ void TestDictFlowScreens::waitingForTheDictionary()
 
 void TestDictFlowScreens::recognisingOnTheTranslateScreen()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.translate();
-    FakeOcr::setResult(u"later");
-    FakeOcr::hold();
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
-    QTRY_VERIFY(FakeOcr::isRecognizing());
+    swipeAndHold(u"later");
     COMPARE_SCREEN(m_album, f.window.get(), "recognising");
     FakeOcr::release();
     f.settle();
@@ -90,7 +87,7 @@ void TestDictFlowScreens::recognisingOnTheTranslateScreen()
 
 void TestDictFlowScreens::changingTheDictionary()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.window->selectDicFun();
     FakeDic::holdInitialize(true);
     f.window->changeDict(0, 1, 1);
@@ -101,10 +98,9 @@ void TestDictFlowScreens::changingTheDictionary()
 
 void TestDictFlowScreens::nothingRecognised()
 {
-    DictFixture f;
+    DictWindowFixture f;
     f.translate();
-    FakeOcr::setResult(u"");
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    swipeOver(u"");
     QTRY_COMPARE(f.lastSpoken(), QStringLiteral("Nothing recognised."));
     COMPARE_SCREEN(m_album, f.screen(), "nothing-recognised");
     f.settle();

@@ -3,8 +3,8 @@
 #include "tests/screens/album.h"
 #include "tests/screens/interfacelanguage.h"
 #include "tests/screens/screenset.h"
+#include "tests/shared/dictwindowfixture.h"
 #include "tests/shared/questionwatcher.h"
-#include "tests/unit/app/dictfixture.h"
 
 #include <QApplication>
 #include <QDir>
@@ -103,7 +103,7 @@ QString pictureOf(const QString& text)
 
 FakeDic::Dictionary named(const std::u16string& name)
 {
-    return DictFixture::dictionary(name, {});
+    return DictWindowFixture::dictionary(name, {});
 }
 
 // The names of the pairs are those of the engine; each language that it has is in two of them, as
@@ -278,8 +278,7 @@ void TestInterfaceScreens::editorHints()
     f.window->editor()->gotoBeginEdit();
     walk(f, QStringLiteral("Left =hint-start-of-text"));
     f.hush();
-    FakeOcr::setResult(u"");
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    swipeOver(u"");
     QTRY_COMPARE(f.lastHeard(), MyEdit::tr("Nothing recognised."));
     look(f.current(), QStringLiteral("hint-nothing-recognised"));
     f.hush();
@@ -306,7 +305,7 @@ void TestInterfaceScreens::textThatIsNotSaved()
 
 void TestInterfaceScreens::translateScreen()
 {
-    DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.translate();
     walk(f, QStringLiteral(
                 "F7 =hint-first-entry . F8 F8 =hint-last-entry . Left =hint-start-of-line"));
@@ -316,7 +315,7 @@ void TestInterfaceScreens::translateScreen()
 
 void TestInterfaceScreens::wordThatIsNotFound()
 {
-    DictFixture f(QStringLiteral("xyzzy"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("xyzzy"), prepared(installDictionaries));
     f.translate();
     look(f.current(), QStringLiteral("no-result"));
     f.settle();
@@ -324,7 +323,7 @@ void TestInterfaceScreens::wordThatIsNotFound()
 
 void TestInterfaceScreens::chineseTextIsAskedFor()
 {
-    DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.window->changeDict(1, 0, 1);
     f.settle();
     f.translate();
@@ -334,10 +333,9 @@ void TestInterfaceScreens::chineseTextIsAskedFor()
 
 void TestInterfaceScreens::nothingRecognisedForTranslation()
 {
-    DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.translate();
-    FakeOcr::setResult(u"");
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)));
+    swipeOver(u"");
     QTRY_COMPARE(f.lastSpoken(), MainWindow::tr("Nothing recognised."));
     look(f.current(), QStringLiteral("hint-nothing-recognised-here"));
     f.settle();
@@ -345,7 +343,7 @@ void TestInterfaceScreens::nothingRecognisedForTranslation()
 
 void TestInterfaceScreens::dictionaryMenus()
 {
-    DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.translate();
     walk(f, QStringLiteral("F12 =dict-menu Down OK =dict-page Down Down =dict-page-last Esc Esc"));
     f.window->newWords(); // the one that was just looked up
@@ -357,7 +355,7 @@ void TestInterfaceScreens::dictionaryMenus()
 
 void TestInterfaceScreens::dictionarySelection()
 {
-    DictFixture f(QStringLiteral("run"), prepared(installDictionaries));
+    DictWindowFixture f(QStringLiteral("run"), prepared(installDictionaries));
     f.window->selectDicFun();
     const auto* const selection = qobject_cast<DictSwitch*>(f.current());
     QVERIFY(selection);

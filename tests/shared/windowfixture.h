@@ -2,6 +2,7 @@
 #define WINDOWFIXTURE_H
 
 #include "app/mainwindow.h"
+#include "editor/myedit.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/faketts.h"
 #include "tests/fakes/qcoprecorder.h"
@@ -9,6 +10,7 @@
 #include "tests/shared/messagewatcher.h"
 #include "widgets/mysubmenu.h"
 
+#include <QDate>
 #include <QTest>
 #include <functional>
 
@@ -20,8 +22,7 @@ public:
                            const std::function<void()>& prepare = nullptr)
     {
         for (const QString& name : files)
-            state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name),
-                             QByteArray("\xff\xfet\0", 4));
+            state.root.write(placeOf(name), QByteArray("\xff\xfet\0", 4));
         if (prepare)
             prepare();
         state.load();
@@ -38,6 +39,27 @@ public:
         state.singletonsAreGone();
     }
 
+    /* Where a file of the user's lies. */
+    static QString placeOf(const QString& name)
+    {
+        return QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name);
+    }
+
+    /* What the pen calls the first file of the day. */
+    static QString newFileName() { return QDate::currentDate().toString(QStringLiteral("yyMMdd")); }
+
+    /* That file in the editor, with this text. */
+    void openNewFile(const QString& text = {})
+    {
+        window->newFile();
+        QTRY_COMPARE(current(), window->editor());
+        if (!text.isEmpty())
+            window->editor()->appendText(text);
+    }
+
+    /* What it holds on the card. */
+    QByteArray newFileOnCard() const { return state.root.read(placeOf(newFileName())); }
+
     QWidget* current() const { return WidgetChange::Instance()->getCurWidget(); }
     MySubMenu* menu() const { return qobject_cast<MySubMenu*>(current()); }
 
@@ -50,6 +72,21 @@ public:
     }
 
     void press(Qt::Key key) { QTest::keyClick(current(), key); }
+    void press(std::initializer_list<Qt::Key> keys)
+    {
+        for (const Qt::Key key : keys)
+            press(key);
+    }
+
+    /* Messages of the launcher. */
+    void execute(const QByteArray& word)
+    {
+        window->handleReceived(QStringLiteral("execute(QString)"), word);
+    }
+    void usb(const QByteArray& word)
+    {
+        window->handleReceived(QStringLiteral("USB(QString)"), word);
+    }
 
     /* The texts handed to the voice so far. */
     static QStringList spoken()

@@ -1,5 +1,6 @@
 #include "app/mainwindow.h"
 
+#include "tests/shared/launcherrows.h"
 #include "tests/shared/questionwatcher.h"
 #include "tests/shared/windowfixture.h"
 
@@ -11,11 +12,6 @@ const QString Question = QStringLiteral("Are you sure to delete it?");
 const QString WhileYes = QStringLiteral("Press OK to delete, or right to interrupt.");
 const QString WhileNo = QStringLiteral("Press OK to interrupt, or left to delete.");
 const QStringList ThreeFiles = {QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c")};
-
-QString placeOf(const QString& name)
-{
-    return QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name);
-}
 
 } // namespace
 
@@ -90,8 +86,8 @@ void TestDeleteFlow::yesDeletesFileAndEntry()
     f.press(Qt::Key_Return);
     QCOMPARE(questions.count(), 1);
     QCOMPARE(f.entries(), (QStringList{"c  [Import]", "a  [Import]"}));
-    QVERIFY(!f.state.root.exists(placeOf(QStringLiteral("b"))));
-    QVERIFY(f.state.root.exists(placeOf(QStringLiteral("a"))));
+    QVERIFY(!f.state.root.exists(WindowFixture::placeOf(QStringLiteral("b"))));
+    QVERIFY(f.state.root.exists(WindowFixture::placeOf(QStringLiteral("a"))));
     // For good: the next start does not know it either.
     FileManager::quitFun();
     QCOMPARE(FileManager::Instance()->init(), 0);
@@ -117,7 +113,7 @@ void TestDeleteFlow::answersThatKeepTheFile()
     f.press(Qt::Key_Return);
     QCOMPARE(questions.count(), 1);
     QCOMPARE(f.entries().size(), 3);
-    QVERIFY(f.state.root.exists(placeOf(QStringLiteral("c"))));
+    QVERIFY(f.state.root.exists(WindowFixture::placeOf(QStringLiteral("c"))));
     QCOMPARE(f.menu(), list);
     QCOMPARE(list->getCurIndex(), 0);
     QTRY_VERIFY(f.lastHeard().startsWith(QStringLiteral("c  [Import]")));
@@ -139,7 +135,7 @@ void TestDeleteFlow::heldKeyChoosesButDoesNotAnswer()
     f.press(Qt::Key_Return);
     QVERIFY(stillAsking);
     QCOMPARE(f.entries().size(), 3);
-    QVERIFY(f.state.root.exists(placeOf(QStringLiteral("c"))));
+    QVERIFY(f.state.root.exists(WindowFixture::placeOf(QStringLiteral("c"))));
 }
 
 void TestDeleteFlow::questionIsSpokenWithItsInstruction()
@@ -273,7 +269,7 @@ void TestDeleteFlow::fileThatCannotBeDeletedIsKeptAndTold()
     QuestionWatcher questions;
     questions.answer({Qt::Key_Return});
     // A folder stands in the file's place.
-    const QString path = f.state.root.path(placeOf(QStringLiteral("c")));
+    const QString path = f.state.root.path(WindowFixture::placeOf(QStringLiteral("c")));
     QVERIFY(QFile::remove(path) && QDir().mkdir(path));
     openList(f);
     f.press(Qt::Key_Return);
@@ -285,12 +281,7 @@ void TestDeleteFlow::fileThatCannotBeDeletedIsKeptAndTold()
 
 void TestDeleteFlow::launcherThatComesWhileAskingDeletesNothing_data()
 {
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QByteArray>("payload");
-    const QString execute = QStringLiteral("execute(QString)");
-    QTest::newRow("plug") << QStringLiteral("USB(QString)") << QByteArray("plug");
-    QTest::newRow("stop") << execute << QByteArray("stop");
-    QTest::newRow("stoponly") << execute << QByteArray("stoponly");
+    launcherrows::addEnding();
 }
 
 void TestDeleteFlow::launcherThatComesWhileAskingDeletesNothing()
@@ -306,7 +297,7 @@ void TestDeleteFlow::launcherThatComesWhileAskingDeletesNothing()
     });
     f.press(Qt::Key_Return);
     QCOMPARE(questions.count(), 1);
-    QVERIFY(f.state.root.exists(placeOf(QStringLiteral("c"))));
+    QVERIFY(f.state.root.exists(WindowFixture::placeOf(QStringLiteral("c"))));
     QCOMPARE(FileManager::Instance()->getFileNum(), 3);
     if (payload != "plug") {
         QVERIFY(!f.window->isVisible());

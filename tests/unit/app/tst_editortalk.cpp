@@ -3,9 +3,7 @@
 #include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
-#include "tests/fakes/calls.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
+#include "tests/shared/swipes.h"
 #include "tests/shared/windowfixture.h"
 
 #include <QDir>
@@ -91,8 +89,7 @@ void TestEditorTalk::endOfTheTextIsHeard()
 void TestEditorTalk::scanWithoutTextIsHeard()
 {
     openNotes();
-    FakeOcr::setResult(u"");
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)).has_value());
+    swipeOver(u"");
     QTRY_COMPARE(lastSpoken(), QStringLiteral("Nothing recognised."));
     QVERIFY(f->messages.texts().isEmpty());
 }
@@ -164,10 +161,9 @@ void TestEditorTalk::scanDuringAHintIsReadAfterIt()
 {
     openNotes();
     MyEdit* const edit = f->window->editor();
-    FakeOcr::setResult(u"scanned");
     f->state.root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
     ConfigReader::Instance()->setDelayInfo(3);
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)).has_value());
+    swipeOver(u"scanned");
     QTRY_VERIFY(edit->documentText().endsWith(QStringLiteral("scanned ")));
     FakeTts::setPace(FakeTts::Pace::Held);
     f->window->hintSlot(QStringLiteral("message"));
@@ -192,7 +188,7 @@ void TestEditorTalk::poweringOffDropsTheWaitingReading()
     f->window->hintSlot(QStringLiteral("message"));
     QTRY_COMPARE(lastSpoken(), QStringLiteral("message"));
     edit->setFlagForTalk(true);
-    f->window->handleReceived(QStringLiteral("execute(QString)"), "presspoweroff");
+    f->execute("presspoweroff");
     QVERIFY(!edit->getFlagForTalk());
     quiet();
     QCOMPARE(lastSpoken(), QStringLiteral("message"));
@@ -202,8 +198,7 @@ void TestEditorTalk::hintsAreInTheMenusVoiceReadingsInTheirOwn()
 {
     ConfigReader::Instance()->setLanInfo(1); // French is scanned, the menus are English
     openNotes();
-    FakeOcr::setResult(u"bon");
-    QVERIFY(FakeIap::swipe(FakeIap::pattern(40, 10)).has_value());
+    swipeOver(u"bon");
     QTRY_COMPARE(lastSpoken(), QStringLiteral("bon"));
     QCOMPARE(FakeTts::language(), 103);
     quiet();

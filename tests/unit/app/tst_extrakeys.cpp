@@ -1,6 +1,5 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "engines/speechtext.h"
@@ -139,7 +138,7 @@ void TestExtraKeys::placeInTheEditor()
     f.press(Qt::Key_Left);
     settle(f);
     f.press(Qt::Key_F10);
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    const QString name = WindowFixture::newFileName();
     QTRY_COMPARE(f.lastSpoken(), name + QStringLiteral(". Line 3 of 3. more"));
     QCOMPARE(f.current(), f.window->editor());
     f.window->editor()->gotoBeginEdit();
@@ -153,7 +152,7 @@ void TestExtraKeys::placeInAnEmptyText()
     WindowFixture f;
     openEditor(f, QString());
     f.press(Qt::Key_F10);
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    const QString name = WindowFixture::newFileName();
     QTRY_COMPARE(f.lastSpoken(), name + QStringLiteral(". Line 1 of 1"));
 }
 
@@ -199,7 +198,7 @@ void TestExtraKeys::keysRestWhileTheCardIsAway()
 {
     WindowFixture f;
     settle(f);
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
+    f.usb("plug");
     QWidget* frozen = f.current();
     const qsizetype before = f.spoken().size();
     for (const Qt::Key key : ExtraKeys)

@@ -1,6 +1,5 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
 #include "tests/fakes/fakeiap.h"
 #include "tests/fakes/fakesystem.h"
 #include "tests/shared/windowfixture.h"
@@ -10,11 +9,6 @@
 #include <QElapsedTimer>
 
 namespace {
-
-QString placeOf(const QString& name)
-{
-    return QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name);
-}
 
 } // namespace
 
@@ -91,9 +85,9 @@ void TestFileLists::editorLeadsBackToTheList()
 void TestFileLists::fileFromAPcIsListedWithoutARestart()
 {
     WindowFixture f({QStringLiteral("a")});
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
-    f.state.root.write(placeOf(QStringLiteral("notes")), QByteArray("\xff\xfe", 2));
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "delete");
+    f.usb("plug");
+    f.state.root.write(WindowFixture::placeOf(QStringLiteral("notes")), QByteArray("\xff\xfe", 2));
+    f.usb("delete");
     f.window->openFileMenu();
     QCOMPARE(f.entries(), (QStringList{"notes  [Import]", "a  [Import]"}));
     QCOMPARE(f.menu()->getCurIndex(), 1);
@@ -152,7 +146,7 @@ void TestFileLists::openingStopsTheEngineFirst()
 void TestFileLists::fileThatVanishedIsNotOpened()
 {
     WindowFixture f({QStringLiteral("a")});
-    QVERIFY(QFile::remove(f.state.root.path(placeOf(QStringLiteral("a")))));
+    QVERIFY(QFile::remove(f.state.root.path(WindowFixture::placeOf(QStringLiteral("a")))));
     f.window->continueFile();
     QTRY_COMPARE(f.messages.texts(), QStringList{"The file is missing."});
     QVERIFY(!f.window->editor());
@@ -163,7 +157,7 @@ void TestFileLists::fileThatVanishedIsNotOpened()
     QCOMPARE(f.window->focusWidget(), f.menu());
     QVERIFY(FakeIap::isStarted());
     QVERIFY(!f.window->findChild<SandGlass*>());
-    QVERIFY(!f.state.root.exists(placeOf(QStringLiteral("a"))));
+    QVERIFY(!f.state.root.exists(WindowFixture::placeOf(QStringLiteral("a"))));
 }
 
 void TestFileLists::missingFolderIsMadeForANewFile()
@@ -236,7 +230,7 @@ void TestFileLists::messageGivesWayToTheLauncher()
     f.press(Qt::Key_Escape);
     bool closed = false;
     QTimer::singleShot(0, f.window.get(), [&] {
-        f.window->handleReceived(QStringLiteral("execute(QString)"), "stop");
+        f.execute("stop");
         closed = !f.window->isVisible() && !QApplication::activeModalWidget();
     });
     MessageDialog(f.window.get(), QStringLiteral("x"), 60'000).exec();

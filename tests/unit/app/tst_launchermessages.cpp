@@ -1,12 +1,11 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
 #include "tests/fakes/fakeoled.h"
+#include "tests/shared/launcherrows.h"
+#include "tests/shared/swipes.h"
 #include "tests/shared/windowfixture.h"
 #include "widgets/sandglass.h"
 
@@ -63,43 +62,24 @@ private slots:
     void wordsBelongToTheirMessage_data();
     void wordsBelongToTheirMessage();
     void messagesComeOverTheChannel();
-
-private:
-    static void openEditor(WindowFixture& f, const QString& text);
-    static QByteArray savedFile(const WindowFixture& f);
 };
-
-void TestLauncherMessages::openEditor(WindowFixture& f, const QString& text)
-{
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
-    f.window->editor()->appendText(text);
-}
-
-QByteArray TestLauncherMessages::savedFile(const WindowFixture& f)
-{
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
-    return f.state.root.read(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
-}
 
 void TestLauncherMessages::powerAndUsbSilenceEverything_data()
 {
-    QTest::addColumn<QByteArray>("word");
-    QTest::newRow("power") << QByteArray("presspoweroff");
-    QTest::newRow("USB") << QByteArray("plugusb");
+    launcherrows::addSilencing();
 }
 
 void TestLauncherMessages::powerAndUsbSilenceEverything()
 {
     QFETCH(QByteArray, word);
     WindowFixture f;
-    openEditor(f, QStringLiteral("one two"));
+    f.openNewFile(QStringLiteral("one two"));
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
     FakeTts::setPace(FakeTts::Pace::Held);
     f.window->editor()->gotoBeginEdit();
     f.press(Qt::Key_Return);
     QTRY_VERIFY(FakeTts::isSpeaking());
-    f.window->handleReceived(Execute, word);
+    f.execute(word);
     QVERIFY(FakeTts::waitUntilSilent());
     QTRY_VERIFY(!f.window->editor()->soundThread()->isRunning());
     QVERIFY(f.window->isVisible());
@@ -110,12 +90,11 @@ void TestLauncherMessages::powerSilencesAScanThatWaitsForItsDelay()
 {
     WindowFixture f;
     ConfigReader::Instance()->setDelayInfo(3);
-    openEditor(f, QString());
+    f.openNewFile();
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
-    FakeOcr::setResult(u"later");
-    FakeIap::swipe(FakeIap::pattern(40, 10));
+    swipeOver(u"later");
     QTRY_COMPARE(f.window->editor()->documentText(), QStringLiteral("later "));
-    f.window->handleReceived(Execute, "presspoweroff");
+    f.execute("presspoweroff");
     f.window->editor()->readDelaySlot(); // what the delay's end does
     QVERIFY(!f.window->editor()->soundThread()->isRunning());
     QVERIFY(!f.spoken().contains(QStringLiteral("later")));
@@ -124,11 +103,11 @@ void TestLauncherMessages::powerSilencesAScanThatWaitsForItsDelay()
 void TestLauncherMessages::stopSavesAndCloses()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
-    f.window->handleReceived(Execute, "stop");
-    QCOMPARE(savedFile(f), QByteArray("\xff\xfe"
-                                      "a\0 \0",
-                                      6));
+    f.openNewFile(QStringLiteral("a"));
+    f.execute("stop");
+    QCOMPARE(f.newFileOnCard(), QByteArray("\xff\xfe"
+                                           "a\0 \0",
+                                           6));
     QVERIFY(FakeIap::stopSignal());
     QVERIFY(!f.window->isVisible());
 }
@@ -136,23 +115,23 @@ void TestLauncherMessages::stopSavesAndCloses()
 void TestLauncherMessages::stopOnlyTellsAndCloses()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     CloseWatcher closing(f);
-    f.window->handleReceived(Execute, "stoponly");
+    f.execute("stoponly");
     QVERIFY(closing.toldBefore);
     QVERIFY(!f.window->isVisible());
     QVERIFY(!f.window->keepRunning());
-    QCOMPARE(savedFile(f), QByteArray("\xff\xfe", 2));
+    QCOMPARE(f.newFileOnCard(), QByteArray("\xff\xfe", 2));
     QVERIFY(!FakeIap::isStarted());
 }
 
 void TestLauncherMessages::saveKeepsRunning()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     CallLog::clear();
-    f.window->handleReceived(Execute, "save");
-    QCOMPARE(savedFile(f).size(), 6);
+    f.execute("save");
+    QCOMPARE(f.newFileOnCard().size(), 6);
     QCOMPARE(f.current(), f.window->editor());
     QVERIFY(f.window->editor()->isBound());
     QVERIFY(FakeIap::stopSignal());
@@ -165,22 +144,22 @@ void TestLauncherMessages::saveWithoutFileOnlySilences()
     WindowFixture f;
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
     CallLog::clear();
-    f.window->handleReceived(Execute, "save");
+    f.execute("save");
     QCOMPARE(fakes::calls(), QStringList{"ZEMBRA_TTS_Stop()"});
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     f.window->editor()->setEnabled(false);
-    f.window->handleReceived(Execute, "save");
-    QCOMPARE(savedFile(f).size(), 2);
+    f.execute("save");
+    QCOMPARE(f.newFileOnCard().size(), 2);
     QVERIFY(!FakeIap::stopSignal());
 }
 
 void TestLauncherMessages::saveWithoutTipLeavesTheEngineAlone()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     CallLog::clear();
-    f.window->handleReceived(Execute, "savenochujiao");
-    QCOMPARE(savedFile(f).size(), 6);
+    f.execute("savenochujiao");
+    QCOMPARE(f.newFileOnCard().size(), 6);
     QVERIFY(!FakeIap::stopSignal());
     QVERIFY(fakes::calls("oled_update_set").isEmpty());
 }
@@ -188,21 +167,21 @@ void TestLauncherMessages::saveWithoutTipLeavesTheEngineAlone()
 void TestLauncherMessages::stopSignalIsCleared()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     f.window->editor()->setStopFlag(true);
-    f.window->handleReceived(Execute, "chujiaostop");
+    f.execute("chujiaostop");
     QVERIFY(!FakeIap::stopSignal());
 }
 
 void TestLauncherMessages::usbFreezesAndReopens()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
-    f.window->handleReceived(Usb, "plug");
-    QCOMPARE(savedFile(f).size(), 6);
+    f.openNewFile(QStringLiteral("a"));
+    f.usb("plug");
+    QCOMPARE(f.newFileOnCard().size(), 6);
     QVERIFY(!f.current()->isEnabled());
     QVERIFY(f.current() != f.window->editor());
-    f.window->handleReceived(Usb, "delete");
+    f.usb("delete");
     QTRY_COMPARE(f.current(), f.window->editor());
     QVERIFY(f.current()->isEnabled());
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("a "));
@@ -212,19 +191,18 @@ void TestLauncherMessages::usbFreezesAndReopens()
 void TestLauncherMessages::usbBringsBackATextThatTheCardRefused()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("precious"));
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
-    const QString path = f.state.root.path(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
+    f.openNewFile(QStringLiteral("precious"));
+    const QString path = f.state.root.path(f.placeOf(f.newFileName()));
     QVERIFY(QFile::remove(path));
     QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
-    f.window->handleReceived(Usb, "plug");
+    f.usb("plug");
     QCOMPARE(f.messages.texts().size(), 2);
     QVERIFY(f.current() != f.window->editor());
     QVERIFY(QDir(path).removeRecursively());
-    f.window->handleReceived(Usb, "delete");
+    f.usb("delete");
     QTRY_COMPARE(f.current(), f.window->editor());
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("precious "));
-    QCOMPARE(savedFile(f).size(), 2 + 2 * 9);
+    QCOMPARE(f.newFileOnCard().size(), 2 + 2 * 9);
 }
 
 void TestLauncherMessages::usbKeepsATextThatCannotBeSaved()
@@ -233,21 +211,20 @@ void TestLauncherMessages::usbKeepsATextThatCannotBeSaved()
     const QString journal = f.state.root.path(QStringLiteral("/apps/config/store.jnl"));
     QFile::remove(journal);
     QVERIFY(QDir().mkpath(journal)); // the pen cannot keep it either
-    openEditor(f, QStringLiteral("precious"));
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
-    const QString path = f.state.root.path(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name));
+    f.openNewFile(QStringLiteral("precious"));
+    const QString path = f.state.root.path(f.placeOf(f.newFileName()));
     QVERIFY(QFile::remove(path));
     QVERIFY(QDir().mkpath(path + QStringLiteral("/in the way")));
-    f.window->handleReceived(Usb, "plug");
+    f.usb("plug");
     QCOMPARE(f.messages.texts().size(), 1);
     QVERIFY(!f.window->editor()->isEnabled());
     QVERIFY(QDir(path).removeRecursively());
-    f.window->handleReceived(Usb, "delete");
+    f.usb("delete");
     QVERIFY(f.window->editor()->isEnabled());
     QVERIFY(!f.window->findChild<SandGlass*>()); // nothing is being opened
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("precious "));
-    f.window->handleReceived(Execute, "save");
-    QCOMPARE(savedFile(f).size(), 2 + 2 * 9);
+    f.execute("save");
+    QCOMPARE(f.newFileOnCard().size(), 2 + 2 * 9);
 }
 
 // The editor exists and is usable, but its file was too big to be opened.
@@ -260,8 +237,8 @@ void TestLauncherMessages::usbReopensNoFileThatWasNotOpen()
     f.window->continueFile();
     QTRY_COMPARE(f.messages.texts().size(), 1);
     QTRY_VERIFY(!f.window->findChild<SandGlass*>());
-    f.window->handleReceived(Usb, "plug");
-    f.window->handleReceived(Usb, "delete");
+    f.usb("plug");
+    f.usb("delete");
     QVERIFY(!f.window->findChild<SandGlass*>());
     QCOMPARE(f.current(), menu);
 }
@@ -269,12 +246,12 @@ void TestLauncherMessages::usbReopensNoFileThatWasNotOpen()
 void TestLauncherMessages::usbEndSaidTwiceLosesNothing()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("one"));
-    f.window->handleReceived(Usb, "plug");
-    f.window->handleReceived(Usb, "delete");
+    f.openNewFile(QStringLiteral("one"));
+    f.usb("plug");
+    f.usb("delete");
     QTRY_VERIFY(f.window->editor()->isBound());
     f.window->editor()->appendText(QStringLiteral("two"));
-    f.window->handleReceived(Usb, "delete");
+    f.usb("delete");
     QVERIFY(!f.window->findChild<SandGlass*>());
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("one two "));
     f.press(Qt::Key_Escape);
@@ -284,15 +261,15 @@ void TestLauncherMessages::usbEndSaidTwiceLosesNothing()
 void TestLauncherMessages::usbEndWhileSavingIsNotForgotten()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("one"));
+    f.openNewFile(QStringLiteral("one"));
     QVERIFY(QDir().rename(f.state.root.path(QStringLiteral("/mnt/mmc")),
                           f.state.root.path(QStringLiteral("/mnt/away"))));
     // In the event loop of the message that the text cannot be saved.
     QTimer::singleShot(0, f.window.get(), [&f] {
         QVERIFY(!f.messages.texts().isEmpty());
-        f.window->handleReceived(Usb, "delete");
+        f.usb("delete");
     });
-    f.window->handleReceived(Usb, "plug");
+    f.usb("plug");
     QVERIFY(f.current()->isEnabled());
 }
 
@@ -301,7 +278,7 @@ void TestLauncherMessages::usbEndWithoutBeginReopensNothing()
     WindowFixture f({QStringLiteral("notes")});
     QWidget* menu = f.current();
     menu->setEnabled(false);
-    f.window->handleReceived(Usb, "delete");
+    f.usb("delete");
     QVERIFY(menu->isEnabled());
     QVERIFY(menu->hasFocus());
     QCoreApplication::processEvents();
@@ -327,7 +304,7 @@ void TestLauncherMessages::wordsBelongToTheirMessage()
     QFETCH(QString, message);
     QFETCH(QByteArray, payload);
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
     CallLog::clear();
     f.window->handleReceived(message, payload);
@@ -340,9 +317,9 @@ void TestLauncherMessages::wordsBelongToTheirMessage()
 void TestLauncherMessages::messagesComeOverTheChannel()
 {
     WindowFixture f;
-    openEditor(f, QStringLiteral("a"));
+    f.openNewFile(QStringLiteral("a"));
     QVERIFY(QCopChannel::send(QStringLiteral("scanprocess"), Execute, "savenochujiao"));
-    QTRY_COMPARE(savedFile(f).size(), 6);
+    QTRY_COMPARE(f.newFileOnCard().size(), 6);
 }
 
 QTEST_MAIN(TestLauncherMessages)

@@ -1,7 +1,5 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
-#include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakedic.h"
@@ -77,8 +75,8 @@ void TestMainWindow::newFileShowsTheEditor()
     QVERIFY(f.window->editor()->isBound());
     QVERIFY(f.window->editor()->isVisible());
     QVERIFY(FakeIap::isStarted());
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
-    QVERIFY(f.state.root.exists(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name)));
+    const QString name = WindowFixture::newFileName();
+    QVERIFY(f.state.root.exists(f.placeOf(name)));
     f.press(Qt::Key_Escape);
     QCOMPARE(f.entries().first(), QStringLiteral("Continue scan ") + name);
     QCOMPARE(f.entries().size(), 5);
@@ -126,11 +124,10 @@ void TestMainWindow::openListsTheFilesNewestFirst()
     QTRY_COMPARE(f.current(), f.window->editor());
     f.window->editor()->appendText(QStringLiteral("first text"));
     f.press(Qt::Key_Escape);
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
+    f.openNewFile();
     f.press(Qt::Key_Escape);
     f.window->openFileMenu();
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
+    const QString name = WindowFixture::newFileName();
     QCOMPARE(f.entries(),
              (QStringList{name + QStringLiteral("_1  []"), name + QStringLiteral("  [sttext]")}));
     MySubMenu* list = f.menu();
@@ -188,7 +185,7 @@ void TestMainWindow::fileTooBigDoesNotBecomeCurrent()
     QVERIFY(FileManager::Instance()->getCurInfo(before));
     const QString big =
         before.name == QLatin1String("a") ? QStringLiteral("z") : QStringLiteral("a");
-    f.state.root.write(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(big),
+    f.state.root.write(f.placeOf(big),
                        QByteArray("\xff\xfe", 2) + QByteArray("a\0", 2).repeated(40000));
     f.window->openFileMenu();
     QVERIFY(f.menu()->setCurIndex(f.entries().first().startsWith(big) ? 0 : 1));
@@ -205,13 +202,12 @@ void TestMainWindow::cardThatLeavesWhileBusyStopsTheWork()
     WindowFixture f;
     QWidget* menu = f.current();
     f.window->newFile();
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
+    f.usb("plug");
     QTRY_VERIFY(!f.window->findChild<SandGlass*>());
     QCOMPARE(FileManager::Instance()->getFileNum(), 0);
     QCOMPARE(f.current(), menu);
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "delete");
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
+    f.usb("delete");
+    f.openNewFile();
 }
 
 void TestMainWindow::leavingTheEditorReturnsToTheMenu()
@@ -262,8 +258,7 @@ void TestMainWindow::editorSpeaksItsHint()
 void TestMainWindow::showingTheEditorLetsTheEngineDeliver()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
+    f.openNewFile();
     f.window->editor()->setStopFlag(true);
     QVERIFY(FakeIap::stopSignal());
     f.window->editor()->hide();
@@ -301,9 +296,7 @@ void TestMainWindow::endOfSetUpTakesTheBusySignAway()
 void TestMainWindow::forwardedKeysReachTheEditor()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
-    f.window->editor()->appendText(QStringLiteral("one two"));
+    f.openNewFile(QStringLiteral("one two"));
     QLineEdit forwarder(f.window.get());
     f.window->setKeyForwarder(&forwarder);
     f.window->hideButton();
@@ -340,8 +333,7 @@ void TestMainWindow::endShutsTheEnginesDown()
 {
     {
         WindowFixture f;
-        f.window->newFile();
-        QTRY_COMPARE(f.current(), f.window->editor());
+        f.openNewFile();
         CallLog::clear();
         f.window.reset();
         const QStringList ends = fakes::calls();

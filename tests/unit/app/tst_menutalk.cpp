@@ -1,6 +1,5 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "engines/speechtext.h"
@@ -292,7 +291,7 @@ void TestMenuTalk::powerKeySilencesMessages()
     f.window->announceMessage(QStringLiteral("one"));
     QVERIFY(FakeTts::waitUntilSpeaking());
     f.window->announceMessage(QStringLiteral("two"));
-    f.window->handleReceived(QStringLiteral("execute(QString)"), "presspoweroff");
+    f.execute("presspoweroff");
     QVERIFY(FakeTts::waitUntilSilent());
     QTRY_VERIFY(!f.window->menuSpeech()->isRunning());
     QCoreApplication::processEvents();

@@ -383,7 +383,7 @@ void TestSettingsMenus::launcherMayStopInAnyMenu()
     QFETCH(QByteArray, payload);
     WindowFixture f;
     (f.window.get()->*caseOf(menu).open)();
-    f.window->handleReceived(QStringLiteral("execute(QString)"), payload);
+    f.execute(payload);
     QVERIFY(!f.window->isVisible());
     QCOMPARE(f.launcher.waitFor(QStringLiteral("execute(QString) soundno")), true);
     const QString left = QStringLiteral("ESC(QString) escpressed");

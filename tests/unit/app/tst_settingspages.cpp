@@ -1,6 +1,5 @@
 #include "app/mainwindow.h"
 
-#include "editor/myedit.h"
 #include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "engines/speechtext.h"
@@ -305,8 +304,7 @@ void TestSettingsPages::enterReturnsToScanSettings()
 void TestSettingsPages::enterReturnsToTheEditor()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
+    f.openNewFile();
     f.press(Qt::Key_F12);
     const QPointer<QWidget> quick(f.current());
     f.window->newTTS();
@@ -324,8 +322,7 @@ void TestSettingsPages::enterReturnsToTheEditor()
 void TestSettingsPages::escapeReturnsToTheQuickMenu()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
+    f.openNewFile();
     f.press(Qt::Key_F12);
     QWidget* quick = f.current();
     f.window->newTTS();
@@ -385,15 +382,13 @@ void TestSettingsPages::launcherMessagesAreHarmless()
 void TestSettingsPages::usbUnderAPageSavesAndReopens()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
-    f.window->editor()->appendText(QStringLiteral("kept"));
+    f.openNewFile(QStringLiteral("kept"));
     f.press(Qt::Key_F12);
     f.window->newTTS();
     const QPointer<TTSConfig> opened(page(f));
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "plug");
+    f.usb("plug");
     QVERIFY(!f.current()->isEnabled());
-    f.window->handleReceived(QStringLiteral("USB(QString)"), "delete");
+    f.usb("delete");
     QTRY_COMPARE(f.current(), f.window->editor());
     QCOMPARE(f.window->editor()->documentText(), QStringLiteral("kept "));
     QTRY_VERIFY(!opened);
@@ -402,16 +397,12 @@ void TestSettingsPages::usbUnderAPageSavesAndReopens()
 void TestSettingsPages::stopUnderAPageSaves()
 {
     WindowFixture f;
-    f.window->newFile();
-    QTRY_COMPARE(f.current(), f.window->editor());
-    f.window->editor()->appendText(QStringLiteral("kept"));
+    f.openNewFile(QStringLiteral("kept"));
     f.press(Qt::Key_F12);
     f.window->newTTS();
-    f.window->handleReceived(QStringLiteral("execute(QString)"), "stop");
+    f.execute("stop");
     QVERIFY(!f.window->isVisible());
-    const QString name = QDate::currentDate().toString(QStringLiteral("yyMMdd"));
-    QCOMPARE(f.state.root.read(QStringLiteral("/mnt/mmc/e_ScanFile/%1.txt").arg(name)).size(),
-             2 + 2 * 5);
+    QCOMPARE(f.newFileOnCard().size(), 2 + 2 * 5);
 }
 
 QTEST_MAIN(TestSettingsPages)

@@ -2,9 +2,10 @@
 
 #include "app/mystyle.h"
 #include "app/palette.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
+#include "engines/csoundthread.h"
+#include "tests/fakes/faketts.h"
 
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -65,8 +66,30 @@ QString EditorFixture::savedText() const
     return QString(reinterpret_cast<const QChar*>(bytes.constData() + 2), bytes.size() / 2 - 1);
 }
 
-void EditorFixture::swipe(const char16_t* text)
+void EditorFixture::scanWithDelay(const char16_t* text)
 {
-    FakeOcr::setResult(text);
-    QCOMPARE(FakeIap::swipe(FakeIap::pattern(40, 10)), std::optional(0));
+    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
+    open(QString());
+    swipeOver(text);
+    QTRY_COMPARE(m_edit->documentText(), QString::fromUtf16(text) + u' ');
+}
+
+void EditorFixture::beginReading()
+{
+    FakeTts::setPace(FakeTts::Pace::Held);
+    m_edit->gotoBeginEdit();
+    QTest::keyClick(m_edit.get(), Qt::Key_Return);
+    QVERIFY(FakeTts::waitUntilSpeaking());
+    QCoreApplication::processEvents();
+}
+
+void EditorFixture::nextWordIsNotMarked()
+{
+    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
+    QVERIFY(FakeTts::speakWord());
+    QTRY_COMPARE(reports.count(), 1);
+    QCoreApplication::processEvents();
+    QVERIFY(m_edit->extraSelections().isEmpty());
+    QVERIFY(FakeTts::finish());
+    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
 }

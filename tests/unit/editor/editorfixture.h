@@ -5,6 +5,7 @@
 #include "tests/fakes/qcoprecorder.h"
 #include "tests/shared/applicationstate.h"
 #include "tests/shared/messagewatcher.h"
+#include "tests/shared/swipes.h"
 
 #include <memory>
 
@@ -26,8 +27,14 @@ protected:
     /* The text of that file on the card. */
     QString savedText() const;
 
-    /* A swipe over a line that reads so. */
-    void swipe(const char16_t* text);
+    /* An editor on an empty file, with a scan that is read once its delay ends, in 3 s. */
+    void scanWithDelay(const char16_t* text);
+
+    /* Reads the text from its beginning; the voice is held. */
+    void beginReading();
+
+    /* The voice speaks a word, which is not marked, and the rest. */
+    void nextWordIsNotMarked();
 
     std::unique_ptr<ApplicationState> m_state;
     std::unique_ptr<MessageWatcher> m_messages;

@@ -1,6 +1,6 @@
 #include "engines/csoundthread.h"
-#include "tests/fakes/calls.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 
 #include <QSignalSpy>
@@ -39,7 +39,7 @@ void TestMyEditReading::spokenWordIsMarked()
     m_state->root.setSetting(QStringLiteral("SystemSet/WORDPAUSE"), wordPause);
     open(QStringLiteral("Old. "));
     FakeTts::setPace(FakeTts::Pace::Held);
-    swipe(u"Pi, say, is 3.14 ok");
+    swipeOver(u"Pi, say, is 3.14 ok");
     QTRY_VERIFY(FakeTts::isSpeaking());
     for (const auto& word : {u"Pi", u"say", u"is", u"3.14", u"ok"}) {
         const QString expected = QString::fromUtf16(word);
@@ -60,16 +60,10 @@ void TestMyEditReading::changedTextIsNotMarked()
 {
     open(QString());
     FakeTts::setPace(FakeTts::Pace::Held);
-    swipe(u"one two");
+    swipeOver(u"one two");
     QTRY_VERIFY(FakeTts::isSpeaking());
     m_edit->setPlainText(QStringLiteral("different"));
-    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(reports.count(), 1);
-    QCoreApplication::processEvents();
-    QVERIFY(m_edit->extraSelections().isEmpty());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    nextWordIsNotMarked();
 }
 
 void TestMyEditReading::readingTakesTheVoiceOfTheScanLanguage_data()
@@ -96,7 +90,7 @@ void TestMyEditReading::readingTakesTheVoiceOfTheScanLanguage()
         m_state->root.setSetting(setting.section(u'=', 0, 0), setting.section(u'=', 1).toInt());
     open(QString());
     TTSPlayer::Instance()->setLan(206); // what a menu left behind
-    swipe(u"text");
+    swipeOver(u"text");
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"text"}));
     QCOMPARE(FakeTts::language(), voice);
 }
@@ -105,7 +99,7 @@ void TestMyEditReading::readingSwitchedOffStaysSilent()
 {
     m_state->root.setSetting(QStringLiteral("InfoScan/ReadControl"), 1);
     open(QString());
-    swipe(u"silent");
+    swipeOver(u"silent");
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("silent "));
     m_edit->readDelaySlot(); // what the delay's end does
     QVERIFY(!m_edit->soundThread()->isRunning());
@@ -114,10 +108,7 @@ void TestMyEditReading::readingSwitchedOffStaysSilent()
 
 void TestMyEditReading::delayComesBeforeReading()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"later");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("later "));
+    scanWithDelay(u"later");
     QVERIFY(!m_edit->soundThread()->isRunning());
     m_edit->readDelaySlot();
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"later"}));
@@ -147,7 +138,7 @@ void TestMyEditReading::okReadsFromTheWordAtTheCursorAndStops()
 void TestMyEditReading::readAgainReadsTheLastText()
 {
     open(QString());
-    swipe(u"again");
+    swipeOver(u"again");
     QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
     m_edit->soundAgain();
@@ -164,10 +155,7 @@ void TestMyEditReading::foldedTextIsHandedBackAndStillMarked()
     QCOMPARE(text, QStringLiteral("it\"s,ok"));
     QCOMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"it\"s,ok"}));
 
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
+    beginReading();
     QVERIFY(FakeTts::speakWord());
     QTRY_COMPARE(m_edit->extraSelections().size(), 1);
     QCOMPARE(m_edit->getStartPosition(), 0);
@@ -199,5 +187,5 @@ void TestMyEditReading::stopDuringPreparationSilencesThatReadingOnly()
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"one two"}));
 }
 
-QTEST_MAIN(TestMyEditReading)
+TEST_OBJECT(TestMyEditReading)
 #include "tst_myedit_reading.moc"

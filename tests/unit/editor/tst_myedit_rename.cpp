@@ -1,7 +1,6 @@
 #include "engines/csoundthread.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 
 #include <QSignalSpy>
@@ -73,9 +72,9 @@ void TestMyEditRename::startTellsTheProposal()
 void TestMyEditRename::scanReplacesTheNameAndIsSpoken()
 {
     startRename(QStringLiteral("first"));
-    swipe(u"a name that is much too long");
+    swipeOver(u"a name that is much too long");
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("a name that is much too long"));
-    swipe(u"second ");
+    swipeOver(u"second ");
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("second"));
     QTRY_VERIFY(!FakeTts::texts().empty() && FakeTts::texts().back() == u"second ");
     QVERIFY(m_messages->texts().isEmpty());
@@ -85,7 +84,7 @@ void TestMyEditRename::scanIsSpokenWithReadingSwitchedOff()
 {
     startRename(QString());
     ConfigReader::Instance()->setReadConrolInfo(1);
-    swipe(u"heard");
+    swipeOver(u"heard");
     QTRY_COMPARE(FakeTts::texts(), (std::vector<std::u16string>{u"heard"}));
 }
 
@@ -94,7 +93,7 @@ void TestMyEditRename::scanAnnouncesItselfBeforeItsText()
     startRename(QString());
     FakeOcr::hold();
     QSignalSpy announced(m_edit.get(), &MyEdit::signalNewInput);
-    swipe(u"name");
+    swipeOver(u"name");
     QTRY_COMPARE(announced.size(), 1);
     QVERIFY(m_edit->documentText().isEmpty());
     m_edit->setStopFlag(true); // what the main window does then
@@ -107,7 +106,7 @@ void TestMyEditRename::scanWithoutTextKeepsTheNameAndAsksAgain()
 {
     startRename(QStringLiteral("kept"));
     QSignalSpy shown(m_edit.get(), &MyEdit::signalShow);
-    swipe(u"");
+    swipeOver(u"");
     QTRY_COMPARE(shown.size(), 1);
     QCOMPARE(shown.first().at(1).toString(), QStringLiteral("kept"));
     QCOMPARE(m_edit->documentText(), QStringLiteral("kept"));
@@ -118,7 +117,7 @@ void TestMyEditRename::scanOfBlanksIsNoName()
 {
     startRename(QStringLiteral("kept"));
     QSignalSpy shown(m_edit.get(), &MyEdit::signalShow);
-    swipe(u" \n ");
+    swipeOver(u" \n ");
     QTRY_COMPARE(shown.size(), 1);
     QCOMPARE(m_edit->documentText(), QStringLiteral("kept"));
 }
@@ -151,10 +150,7 @@ void TestMyEditRename::okWaitsForTheScanThatIsBeingRecognised()
 {
     startRename(QStringLiteral("old idea"));
     QSignalSpy confirmed(m_edit.get(), &MyEdit::signalConfirmRename);
-    FakeOcr::hold();
-    swipe(u"new idea");
-    QCoreApplication::processEvents();
-    QVERIFY(FakeOcr::waitUntilRecognizing());
+    swipeAndHold(u"new idea");
     QTest::keyClick(m_edit.get(), Qt::Key_Return);
     QCOMPARE(confirmed.size(), 0);
     QVERIFY(m_edit->renameFlag());
@@ -180,10 +176,7 @@ void TestMyEditRename::escapeCancelsAndGoesBack()
 void TestMyEditRename::escapeDropsTheScanThatIsBeingRecognised()
 {
     startRename(QString());
-    FakeOcr::hold();
-    swipe(u"late");
-    QCoreApplication::processEvents();
-    QVERIFY(FakeOcr::waitUntilRecognizing());
+    swipeAndHold(u"late");
     FakeOcr::release();
     QTest::keyClick(m_edit.get(), Qt::Key_Escape);
     QCoreApplication::processEvents();
@@ -251,5 +244,5 @@ void TestMyEditRename::boundEditorRefusesTheMode()
     QCOMPARE(savedText(), QStringLiteral("precious"));
 }
 
-QTEST_MAIN(TestMyEditRename)
+TEST_OBJECT(TestMyEditRename)
 #include "tst_myedit_rename.moc"

@@ -1,6 +1,6 @@
 #include "engines/csoundthread.h"
-#include "tests/fakes/fakeiap.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 
 #include <QSignalSpy>
@@ -229,7 +229,7 @@ void TestMyEditSeek::swipeEndsIt()
 void TestMyEditSeek::scanThatArrivesTakesTheCursor()
 {
     open(QStringLiteral("one two "));
-    swipe(u"new text"); // recognised by and by
+    swipeOver(u"new text"); // recognised by and by
     m_edit->gotoBeginEdit();
     key(QEvent::KeyPress, Qt::Key_F8);
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("one two new text "));
@@ -254,5 +254,5 @@ void TestMyEditSeek::ticksComeFromATimer()
     key(QEvent::KeyRelease, Qt::Key_F8);
 }
 
-QTEST_MAIN(TestMyEditSeek)
+TEST_OBJECT(TestMyEditSeek)
 #include "tst_myedit_seek.moc"

@@ -1,7 +1,6 @@
 #include "engines/csoundthread.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 #include "widgets/sandglass.h"
 
@@ -20,26 +19,14 @@ private slots:
     void scanBegunInTheEditorGoesIntoTheFile();
     void scanWhoseTranslateScreenWasLeftIsAppended();
     void scanWhoseTranslateScreenWasLeftIsSaved();
-
-private:
-    /* Begins to recognise a line, and holds that. */
-    void beginScan(const char16_t* text);
 };
-
-void TestMyEditTrans::beginScan(const char16_t* text)
-{
-    FakeOcr::hold();
-    swipe(text);
-    QCoreApplication::processEvents(); // Recognize() is called
-    QVERIFY(FakeOcr::waitUntilRecognizing());
-}
 
 void TestMyEditTrans::scanGoesToTheTranslateScreenAndNotIntoTheFile()
 {
     open(QStringLiteral("one "));
     QSignalSpy handed(m_edit.get(), &MyEdit::signalTransText);
     g_InDict = true;
-    swipe(u"two three");
+    swipeOver(u"two three");
     QTRY_COMPARE(handed.count(), 1);
     QCOMPARE(handed.first().first().toString(), QStringLiteral("two three"));
     QVERIFY(!m_edit->recognitionFailed());
@@ -57,7 +44,7 @@ void TestMyEditTrans::scanWithoutTextIsToldToo()
     QSignalSpy handed(m_edit.get(), &MyEdit::signalTransText);
     QSignalSpy hints(m_edit.get(), &MyEdit::signalHint);
     g_InDict = true;
-    swipe(u"");
+    swipeOver(u"");
     QTRY_COMPARE(handed.count(), 1);
     QVERIFY(handed.first().first().toString().isEmpty());
     QVERIFY(m_edit->recognitionFailed());
@@ -73,7 +60,7 @@ void TestMyEditTrans::busySignIsSeenWhileTheEditorIsHidden()
     m_edit->hide();
     window.show();
     g_InDict = true;
-    beginScan(u"two");
+    swipeAndHold(u"two");
     const auto* sign = window.findChild<SandGlass*>();
     QVERIFY(sign && sign->isVisible());
     QCOMPARE(sign->geometry(), SandGlass::Place);
@@ -86,7 +73,7 @@ void TestMyEditTrans::scanBegunInTheEditorGoesIntoTheFile()
 {
     open(QStringLiteral("one "));
     QSignalSpy handed(m_edit.get(), &MyEdit::signalTransText);
-    beginScan(u"two");
+    swipeAndHold(u"two");
     g_InDict = true;
     m_edit->setEnabled(false); // another screen is shown
     FakeTts::setPace(FakeTts::Pace::Held);
@@ -102,7 +89,7 @@ void TestMyEditTrans::scanWhoseTranslateScreenWasLeftIsAppended()
     open(QStringLiteral("one "));
     QSignalSpy handed(m_edit.get(), &MyEdit::signalTransText);
     g_InDict = true;
-    beginScan(u"two");
+    swipeAndHold(u"two");
     g_InDict = false;
     FakeOcr::release();
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("one two "));
@@ -114,12 +101,12 @@ void TestMyEditTrans::scanWhoseTranslateScreenWasLeftIsSaved()
 {
     open(QStringLiteral("one "));
     g_InDict = true;
-    beginScan(u"two");
+    swipeAndHold(u"two");
     g_InDict = false;
     FakeOcr::release();
     m_edit->SaveAndExit();
     QCOMPARE(savedText(), QStringLiteral("one two "));
 }
 
-QTEST_MAIN(TestMyEditTrans)
+TEST_OBJECT(TestMyEditTrans)
 #include "tst_myedit_trans.moc"

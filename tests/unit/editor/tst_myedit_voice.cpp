@@ -1,8 +1,6 @@
 #include "engines/csoundthread.h"
-#include "tests/fakes/calls.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 #include "widgets/hintline.h"
 
@@ -57,7 +55,7 @@ void TestMyEditVoice::readingWaitsForTheMenusVoice()
 {
     open(QString());
     m_edit->setStopSoundFlag(false);
-    swipe(u"waits");
+    swipeOver(u"waits");
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("waits "));
     QTRY_VERIFY(m_edit->getFlagForTalk());
     m_edit->readAfterTalkingMenu(); // the menus still speak
@@ -72,7 +70,7 @@ void TestMyEditVoice::waitingReadingIsDroppedOnRequest()
 {
     open(QString());
     m_edit->setStopSoundFlag(false);
-    swipe(u"dropped");
+    swipeOver(u"dropped");
     QTRY_VERIFY(m_edit->getFlagForTalk());
     m_edit->setFlagForTalk(false);
     m_edit->setStopSoundFlag(true);
@@ -94,7 +92,7 @@ void TestMyEditVoice::keyDropsTheWaitingReading()
 {
     open(QString());
     m_edit->setStopSoundFlag(false);
-    swipe(u"dropped");
+    swipeOver(u"dropped");
     QTRY_VERIFY(m_edit->getFlagForTalk());
     QTest::keyClick(m_edit.get(), Qt::Key_Up);
     QVERIFY(!m_edit->getFlagForTalk());
@@ -104,7 +102,7 @@ void TestMyEditVoice::readingWaitsForTheTranslateScreen()
 {
     open(QString());
     m_edit->setTTSFlagInTrans(true);
-    swipe(u"waits");
+    swipeOver(u"waits");
     QTRY_VERIFY(m_edit->getFlagForTalk());
     QVERIFY(FakeTts::texts().empty());
     m_edit->setTTSFlagInTrans(false);
@@ -114,10 +112,7 @@ void TestMyEditVoice::readingWaitsForTheTranslateScreen()
 // A scan may end after the user has gone to a menu: it is kept, and can be asked for.
 void TestMyEditVoice::scanIsNotReadWhileAnotherScreenIsShown()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"later");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("later "));
+    scanWithDelay(u"later");
     QWidget menu;
     WidgetChange::Instance()->Go2NewWidget(&menu);
     m_edit->readDelaySlot(); // what the delay's end does
@@ -129,10 +124,7 @@ void TestMyEditVoice::scanIsNotReadWhileAnotherScreenIsShown()
 
 void TestMyEditVoice::okBeforeTheDelayEndsReadsOnce()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"impatient");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("impatient "));
+    scanWithDelay(u"impatient");
     QTest::keyClick(m_edit.get(), Qt::Key_Return);
     QTRY_COMPARE(FakeTts::texts().size(), std::size_t(1));
     m_edit->readDelaySlot(); // what the delay's end would do
@@ -142,11 +134,8 @@ void TestMyEditVoice::okBeforeTheDelayEndsReadsOnce()
 
 void TestMyEditVoice::newScanStartsTheDelayAnew()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"first");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
-    swipe(u"second");
+    scanWithDelay(u"first");
+    swipeOver(u"second");
     QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first second "));
     int running = 0;
     const QList<QTimer*> timers = m_edit->findChildren<QTimer*>();
@@ -160,10 +149,7 @@ void TestMyEditVoice::newScanStartsTheDelayAnew()
 // The pen does not begin to talk while it is on the paper.
 void TestMyEditVoice::readingWaitsForTheEndOfASwipe()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"waits");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("waits "));
+    scanWithDelay(u"waits");
     QVERIFY(FakeIap::press());
     m_edit->readDelaySlot(); // what the delay's end does
     QVERIFY(!m_edit->soundThread()->isRunning());
@@ -176,14 +162,8 @@ void TestMyEditVoice::readingWaitsForTheEndOfASwipe()
 
 void TestMyEditVoice::readingWaitsForARecognition()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"first");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
-    FakeOcr::hold();
-    swipe(u"second");
-    QCoreApplication::processEvents(); // Recognize() is called
-    QVERIFY(FakeOcr::waitUntilRecognizing());
+    scanWithDelay(u"first");
+    swipeAndHold(u"second");
     m_edit->readDelaySlot(); // what the end of the first one's delay does
     QVERIFY(!m_edit->soundThread()->isRunning());
     FakeOcr::release();
@@ -195,11 +175,8 @@ void TestMyEditVoice::readingWaitsForARecognition()
 
 void TestMyEditVoice::lineBeforeAnUnreadableOneIsRead()
 {
-    m_state->root.setSetting(QStringLiteral("SystemSet/Delay"), 3);
-    open(QString());
-    swipe(u"first");
-    QTRY_COMPARE(m_edit->documentText(), QStringLiteral("first "));
-    swipe(u"");
+    scanWithDelay(u"first");
+    swipeOver(u"");
     QTRY_VERIFY(m_edit->recognitionFailed());
     QVERIFY(delay()->isActive());
     m_edit->readDelaySlot();
@@ -210,7 +187,7 @@ void TestMyEditVoice::emptyRecognitionIsTold()
 {
     open(QStringLiteral("text"));
     QSignalSpy hints(m_edit.get(), &MyEdit::signalHint);
-    swipe(u"");
+    swipeOver(u"");
     QTRY_COMPARE(hints, (QList<QVariantList>{{QStringLiteral("Nothing recognised.")}}));
     QVERIFY(m_edit->recognitionFailed());
     auto* hint = m_edit->findChild<HintLine*>();
@@ -222,11 +199,7 @@ void TestMyEditVoice::emptyRecognitionIsTold()
 void TestMyEditVoice::hintWaitsForTheEndOfAReading()
 {
     open(QStringLiteral("one two"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    QCoreApplication::processEvents();
+    beginReading();
     QVERIFY(QDir().mkpath(m_state->root.path(QStringLiteral("/apps/config/store.jnl"))));
     const QString path = m_state->root.path(QStringLiteral("/mnt/mmc/e_ScanFile/notes.txt"));
     QVERIFY(QFile::remove(path));
@@ -247,7 +220,7 @@ void TestMyEditVoice::readingBringsItsVoiceSpeedAndVolume()
     TTSPlayer::Instance()->setSpeed(1); // what another voice left behind
     TTSPlayer::Instance()->setVolume(1);
     TTSPlayer::Instance()->setScanPlayFlag(false);
-    swipe(u"text");
+    swipeOver(u"text");
     QTRY_COMPARE(lastSpoken(), QStringLiteral("text"));
     QCOMPARE(FakeTts::speed(), 40);
     QCOMPARE(FakeTts::volume(), 60);
@@ -264,7 +237,7 @@ void TestMyEditVoice::readingStartedInAMenusVoiceKeepsItsOwn()
     menu.language = 151;
     std::thread other([menu] { TTSPlayer::Instance()->play(QStringLiteral("menu"), menu); });
     QVERIFY(FakeTts::waitUntilSpeaking());
-    swipe(u"reading");
+    swipeOver(u"reading");
     QTRY_COMPARE(lastSpoken(), QStringLiteral("reading"));
     QCOMPARE(FakeTts::language(), 200);
     other.join();
@@ -287,7 +260,7 @@ void TestMyEditVoice::textsOfAnotherFileAreNotReadAgain()
 {
     open(QStringLiteral("file text "));
     m_edit->gotoBeginEdit();
-    swipe(u"secret");
+    swipeOver(u"secret");
     QTRY_COMPARE(lastSpoken(), QStringLiteral("secret"));
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
     QTest::keyClick(m_edit.get(), Qt::Key_Escape);
@@ -303,29 +276,16 @@ void TestMyEditVoice::textsOfAnotherFileAreNotReadAgain()
 void TestMyEditVoice::takenVoiceMarksNothing()
 {
     open(QStringLiteral("one two"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    QCoreApplication::processEvents();
+    beginReading();
     m_edit->setMpayingFlag(false);
-    QSignalSpy reports(m_edit.get(), &MyEdit::signalTTShignlight);
-    QVERIFY(FakeTts::speakWord());
-    QTRY_COMPARE(reports.count(), 1);
-    QCoreApplication::processEvents();
-    QVERIFY(m_edit->extraSelections().isEmpty());
-    QVERIFY(FakeTts::finish());
-    QTRY_VERIFY(!m_edit->soundThread()->isRunning());
+    nextWordIsNotMarked();
 }
 
 void TestMyEditVoice::playingFlagTellsOfAText()
 {
     open(QStringLiteral("one two"));
     QVERIFY(!m_edit->isPlaying());
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
+    beginReading();
     QVERIFY(m_edit->isPlaying());
     QVERIFY(FakeTts::finish());
     QTRY_VERIFY(!m_edit->isPlaying());
@@ -377,10 +337,7 @@ void TestMyEditVoice::flagOfTheTranslateFlowIsKept()
 void TestMyEditVoice::editorThatDiesWhileReadingTellsItsEnd()
 {
     open(QStringLiteral("one two"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
+    beginReading();
     m_edit.reset();
     QVERIFY(m_launcher->waitFor(QStringLiteral("execute(QString) soundno")));
     QCOMPARE(m_launcher->messages().last(), QStringLiteral("execute(QString) soundno"));
@@ -389,10 +346,7 @@ void TestMyEditVoice::editorThatDiesWhileReadingTellsItsEnd()
 void TestMyEditVoice::cursorFollowsTheVoiceOverALineEnd()
 {
     open(QStringLiteral("one two\nthree"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    QTest::keyClick(m_edit.get(), Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
+    beginReading();
     for (const int place : {0, 4, 8}) {
         QVERIFY(FakeTts::speakWord());
         QTRY_COMPARE(m_edit->getStartPosition(), place);
@@ -403,5 +357,5 @@ void TestMyEditVoice::cursorFollowsTheVoiceOverALineEnd()
     QCOMPARE(m_edit->getCurPosition(), 8);
 }
 
-QTEST_MAIN(TestMyEditVoice)
+TEST_OBJECT(TestMyEditVoice)
 #include "tst_myedit_voice.moc"

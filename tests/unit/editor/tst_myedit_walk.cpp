@@ -1,5 +1,6 @@
 #include "engines/csoundthread.h"
 #include "tests/fakes/faketts.h"
+#include "tests/shared/testobjects.h"
 #include "tests/unit/editor/editorfixture.h"
 #include "widgets/hintline.h"
 
@@ -266,11 +267,7 @@ void TestMyEditWalk::wordsBesideTheCursor()
 void TestMyEditWalk::lateReportDoesNotMoveTheCursorBack()
 {
     open(QStringLiteral("one two three"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    press(Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    QCoreApplication::processEvents();
+    beginReading();
     QVERIFY(FakeTts::speakWord());
     QVERIFY(FakeTts::speakWord());
     QVERIFY(FakeTts::speakWord());
@@ -292,11 +289,7 @@ void TestMyEditWalk::anyKeyEndsAReading()
 {
     QFETCH(int, key);
     open(QStringLiteral("one two\nthree"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    press(Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
-    QCoreApplication::processEvents();
+    beginReading();
     press(key);
     QTRY_VERIFY(!m_edit->soundThread()->isRunning());
     QCOMPARE(FakeTts::texts().size(), std::size_t(1));
@@ -305,10 +298,7 @@ void TestMyEditWalk::anyKeyEndsAReading()
 void TestMyEditWalk::heldOkSwitchesOnce()
 {
     open(QStringLiteral("one two"));
-    FakeTts::setPace(FakeTts::Pace::Held);
-    m_edit->gotoBeginEdit();
-    press(Qt::Key_Return);
-    QVERIFY(FakeTts::waitUntilSpeaking());
+    beginReading();
     press(Qt::Key_Return, {}, true);
     press(Qt::Key_Return, {}, true);
     QVERIFY(FakeTts::isSpeaking());
@@ -317,5 +307,5 @@ void TestMyEditWalk::heldOkSwitchesOnce()
     QCOMPARE(FakeTts::texts().size(), std::size_t(1));
 }
 
-QTEST_MAIN(TestMyEditWalk)
+TEST_OBJECT(TestMyEditWalk)
 #include "tst_myedit_walk.moc"

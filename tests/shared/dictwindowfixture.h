@@ -1,17 +1,16 @@
-#ifndef DICTFIXTURE_H
-#define DICTFIXTURE_H
+#ifndef DICTWINDOWFIXTURE_H
+#define DICTWINDOWFIXTURE_H
 
 #include "dict/dictscanedit.h"
 #include "dict/dictswitch.h"
-#include "editor/myedit.h"
 #include "engines/csoundsrcthread.h"
 #include "engines/csoundthread.h"
 #include "engines/csoundtransthread.h"
 #include "engines/translater.h"
+#include "store/newwordmanager.h"
 #include "tests/fakes/calls.h"
 #include "tests/fakes/fakedic.h"
-#include "tests/fakes/fakeiap.h"
-#include "tests/fakes/fakeocr.h"
+#include "tests/shared/swipes.h"
 #include "tests/shared/windowfixture.h"
 #include "widgets/sandglass.h"
 
@@ -19,21 +18,27 @@
  * The application with dictionaries: English - German (two, "Small" and "Large"), German - English
  * ("Deutsch"), French - English ("Broken", which cannot be opened). The editor is open on a file.
  */
-class DictFixture : public WindowFixture
+class DictWindowFixture : public WindowFixture
 {
 public:
-    explicit DictFixture(const QString& text = QStringLiteral("the house stands"),
-                         const std::function<void()>& prepare = &DictFixture::install)
+    enum Pair { EnglishGerman, GermanEnglish, FrenchEnglish };
+
+    static inline const QString CannotBeOpened =
+        QStringLiteral("The dictionary cannot be opened. Please select another one.");
+    static inline const QString NoneInstalled = QStringLiteral("No dictionary is installed.");
+
+    explicit DictWindowFixture(const QString& text = QStringLiteral("the house stands"),
+                               const std::function<void()>& prepare = &DictWindowFixture::install)
         : WindowFixture({}, prepare)
     {
         openEditor(text);
     }
 
-    DictFixture(const DictFixture&) = delete;
-    DictFixture& operator=(const DictFixture&) = delete;
+    DictWindowFixture(const DictWindowFixture&) = delete;
+    DictWindowFixture& operator=(const DictWindowFixture&) = delete;
 
     /* What a failed test left held is let go: the window's end waits for its workers. */
-    ~DictFixture()
+    ~DictWindowFixture()
     {
         FakeDic::holdInitialize(false);
         FakeOcr::release();
@@ -66,10 +71,7 @@ public:
 
     void openEditor(const QString& text)
     {
-        window->newFile();
-        QTRY_COMPARE(current(), static_cast<QWidget*>(window->editor()));
-        if (!text.isEmpty())
-            window->editor()->appendText(text);
+        openNewFile(text);
         putCursorOn(QStringLiteral("house"));
         settle();
     }
@@ -95,6 +97,8 @@ public:
         }
     }
 
+    static bool isOpen(int pair, int dict) { return Translater::Instance()->isOpen(pair, dict); }
+
     void translate()
     {
         window->transWordFun();
@@ -103,13 +107,28 @@ public:
         settle();
     }
 
-    using WindowFixture::press;
-    void press(std::initializer_list<Qt::Key> keys)
+    /* The words of the new-word book, the oldest first. */
+    static QStringList remembered()
     {
-        for (const Qt::Key key : keys)
-            WindowFixture::press(key);
+        QStringList words;
+        WordItem item;
+        for (int i = 0; NewWordManager::Instance()->get(i, item); ++i)
+            words.append(item.word);
+        return words;
     }
 
+    /* Triggers the entry of the "More settings" menu that reads so. */
+    void chooseMore(const QString& entry)
+    {
+        press(Qt::Key_F9);
+        const qsizetype index = entries().indexOf(entry);
+        QVERIFY(index >= 0);
+        for (qsizetype i = 0; i < index; ++i)
+            press(Qt::Key_Down);
+        press(Qt::Key_Return);
+    }
+
+    /* What was counted. */
     QStringList records() const
     {
         const QByteArray bytes = state.root.read(QStringLiteral("/mnt/mmc/Stastistic_File.txt"));
