@@ -142,7 +142,7 @@ void Stage::later(int milliseconds)
 // within.
 void Stage::tick()
 {
-    if (m_waitingActions == 0)
+    if (m_waitingActions == 0 && m_awaitedMarks == 0)
         m_turnIsDue = false;
     const QString unrestful = unrest();
     if (!unrestful.isEmpty() || somethingNew()) {
