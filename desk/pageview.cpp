@@ -29,7 +29,7 @@ PageView::PageView(QWidget* parent) : QAbstractScrollArea(parent)
         tr("Up and Down choose a line, Return swipes it; a drag with the mouse is a swipe"));
     setToolTip(tr("Drag over a line to swipe it, or double-click it. "
                   "With the keyboard: F6, Up and Down, Return."));
-    setFocusPolicy(Qt::StrongFocus);
+    setFocusPolicy(Qt::TabFocus); // a swipe with the mouse leaves the keys to the pen
     viewport()->setAutoFillBackground(false);
     viewport()->setMouseTracking(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

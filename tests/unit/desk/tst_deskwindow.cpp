@@ -123,6 +123,7 @@ private slots:
         QSignalSpy looks(m_desk, &DeskSession::swipeLooksAt);
         const QPoint start(paper->width() / 4, 150);
         QTest::mousePress(paper, Qt::LeftButton, {}, start);
+        QVERIFY(!m_test->page().hasFocus()); // the keys stay with the pen
         for (int x = 10; x <= 200; x += 10) {
             const auto before = looks.size();
             QTest::mouseMove(paper, start + QPoint(x, 0));
