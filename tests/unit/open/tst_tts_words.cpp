@@ -248,6 +248,7 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
     chinese("lines", "第2行，行走", "第二航，行走");
     chinese("two readings", "重新，重要，银行，自行车", "虫新，重要，银航，自行车");
     chinese("traditional characters", "重新命名，音樂，快樂", "虫新命名，音月，快樂");
+    chinese("everywhere but in some words", "於是擦乾，乾坤", "鱼是擦干，乾坤");
     chinese("no such word", "了解，为了解决", "瞭解，为了解决");
     chinese("words said twice", "瑞典语", "锐典语");
     chinese("dot in a name", "张三・李四", "张三·李四");
