@@ -130,9 +130,21 @@ class Texts(Tree):
     def test_broken_link(self):
         self.fails("docs/x.md", "[there](nowhere.md)\n")
 
-    def test_links_that_lead_somewhere(self):
-        done = self.run_check("check-text", {"README.md": "[d](docs/x.md#a) [w](https://e.org/x)\n",
-                                             "docs/x.md": "[up](../README.md)\n"})
+    def test_link_to_no_heading(self):
+        self.fails("docs/x.md", "# A menu: F9\n[there](#a-menu)\n")
+        self.fails("docs/x.md", "[there](../README.md#fine)\n")
+
+    def test_name_of_no_file(self):
+        for name in ("docs/y", "docs/y/", "docs/y/z.md", "y.h"):
+            with self.subTest(name):
+                self.fails("docs/x.md", f"see `{name}`\n")
+
+    def test_links_and_names_that_lead_somewhere(self):
+        done = self.run_check("check-text", {
+            "README.md": "[d](docs/x.md#a-menu-f9) [w](https://e.org/x#y) `docs/x` `docs/` `build/x/y`\n",
+            "docs/x.md": "# A menu: F9\n[up](../README.md) [here](#a-menu-f9)\n"
+                         "`docs/x.md` `z/b.h` `b.h` `z/NAME.h`\n",
+            "docs/z/b.h": "", "device/README.md": "`docs/of/a/pen`\n"})
         self.assertEqual(done.returncode, 0, done.stdout)
 
     def test_trailing_blank(self):
@@ -152,8 +164,7 @@ GUIDE = {
         "<message><source>%1 of %2</source><translation>%1 of %2</translation></message>"
         "</context></TS>",
     "docs/guide/README.md": '# The pen\n"No files\nhere!" "2 of 5" ![menu](images/menu.png)\n'
-                            "[below](#good-to-know) [menu](menu.md#a-menu-f9) [w](https://e.org)\n"
-                            "## Good to know\n",
+                            "[menu](menu.md)\n",
     "docs/guide/menu.md": "## A menu: F9\n",
     "docs/guide/images/menu.png": "",
     "docs/guide/pictures/menu.desk": "screenshot menu\n",
@@ -213,12 +224,6 @@ class Guide(Tree):
 
     def test_picture_that_no_script_makes(self):
         self.fails("no script", **{"docs/guide/pictures/menu.desk": "quit\n"})
-
-    def test_link_to_no_page(self):
-        self.plant("leads nowhere", "[x](x.md)\n")
-
-    def test_link_to_no_heading(self):
-        self.plant("has no heading", "[x](menu.md#a-menu)\n")
 
 
 if __name__ == "__main__":
