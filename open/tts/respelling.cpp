@@ -3,6 +3,7 @@
 #include "open/tts/characters.h"
 #include "open/tts/chinesereading.h"
 #include "open/tts/respellings.h"
+#include "open/tts/russiannumbers.h"
 
 #include <algorithm>
 #include <string>
@@ -44,16 +45,6 @@ std::u32string englishSeconds(std::u32string_view word)
     return std::u32string(1, word[0]) + (word[0] == U'1' ? U" second" : U" seconds");
 }
 
-/* The synthesizer's own word for one at the end of a number is none. */
-std::u32string russianNumber(std::u32string_view word)
-{
-    if (!isNumber(word) || word.back() != U'1' || word.front() == U'0' || word.ends_with(U"11"))
-        return {};
-    if (word.size() == 1)
-        return U"один";
-    return std::u32string(word.substr(0, word.size() - 1)) + U"0 один";
-}
-
 /* Before another word it is a preposition, which would be spelled out; elsewhere a letter. */
 bool isPreposition(const Piece& piece, const Word& word)
 {
@@ -87,7 +78,7 @@ std::u32string ruleFor(std::string_view language, const Piece& piece, const Word
         return {};
     if (text == U"к" && isPreposition(piece, word))
         return U"[[k]]";
-    return russianNumber(text);
+    return isNumber(text) ? russianNumber(text) : std::u32string();
 }
 
 void respellWordOf(std::string_view language, Piece& piece, std::size_t index)
@@ -98,7 +89,7 @@ void respellWordOf(std::string_view language, Piece& piece, std::size_t index)
         entry ? std::u32string(entry->said) : ruleFor(language, piece, word);
     if (said.empty())
         return;
-    piece.hasPhonemes = piece.hasPhonemes || said.starts_with(U"[[");
+    piece.hasPhonemes = piece.hasPhonemes || said.find(U"[[") != std::u32string::npos;
     respellWord(piece, index, said);
     // The stop of such an abbreviation ends no sentence.
     if (entry && entry->written.ends_with(U'.') && index + 1 < piece.words.size())

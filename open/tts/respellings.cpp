@@ -146,6 +146,7 @@ constexpr Respelling Respellings[] = {
     {"ru", U"уже", U"[[uZ'E]]"},
     {"ru", U"потом", U"[[pVt'om]]"},
     {"ru", U"своего", U"[[svVjIv'o]]"},
+    {"ru", U"сорок", U"[[s'orVk]]"},
     {"ru", U"себе", U"[[s;Ib;'e]]"},
     {"ru", U"сами", U"[[sVm;'I]]"},
     {"ru", U"глаза", U"[[glaz'A]]"},

@@ -256,7 +256,14 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
     add("Russian", Script::Cyrillic, "gmw/en", "К столу. Мы уже [тут]; буква К.",
         "[[k]] столу. Мы [[uZ'E]] (тут]; буква К.");
     add("Russian numbers", Script::Cyrillic, "gmw/en", "1 и 21, 101; 11 и 01 и 1,1",
-        "один и 20 один, 100 один; 11 и 01 и 1,1");
+        "один и двадцать один, сто один; одиннадцать и 01 и 1,1");
+    add("Russian quantities", Script::Cyrillic, "gmw/en",
+        "0 7 40 112 999 1000 2005 11000 21000 1000000",
+        "ноль семь [[s'orVk]] сто двенадцать девятьсот девяносто девять одна тысяча две тысячи "
+        "пять "
+        "одиннадцать тысяч двадцать одна тысяча один миллион");
+    add("large Russian quantities", Script::Cyrillic, "gmw/en", "3000011 999000000 1234567890",
+        "три миллиона одиннадцать девятьсот девяносто девять миллионов 1234567890");
     add("English seconds", Script::Latin, "gmw/en-US+f3", "1s 3s 10s x1s",
         "1 second 3 seconds 10s x1s");
     add("German", Script::Latin, "gmw/de", "1s USB usb OK", "1s U S B usb OK");
@@ -270,7 +277,7 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
     add("Italian abbreviations", Script::Latin, "roa/it", "pane ecc. e 1/2",
         "pane eccetera. e un mezzo");
     add("Russian abbreviations", Script::Cyrillic, "gmw/en", "стр. 5 и т.д.",
-        "страница 5 и так далее.");
+        "страница пять и так далее.");
     add("no language", Script::Latin, "", "OK 1s", "OK 1s");
 }
 
