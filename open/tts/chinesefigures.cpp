@@ -20,7 +20,7 @@ constexpr std::pair<char32_t, std::u32string_view> Signs[] = {
     {U'+', U"加"}, {U'=', U"等于"},   {U'×', U"乘以"}, {U'÷', U"除以"}, {U'%', U"百分号"},
     {U'~', U"到"}, {U'℃', U"摄氏度"}, {U'°', U"度"},   {U'#', U"号"},   {U'&', U"和"},
     {U'$', U"元"}, {U'¥', U"元"},     {U'€', U"欧元"}, {U'£', U"镑"},   {U'№', U"号"},
-    {U'/', U" "},  {U'-', U" "},      {U'*', U"星号"},
+    {U'/', U" "},  {U'-', U" "},      {U'*', U"星号"}, {U',', U"，"},   {U':', U"："},
 };
 
 std::u32string digitByDigit(std::u32string_view digits)
@@ -98,11 +98,21 @@ private:
         return m_text.substr(begin, m_at - begin);
     }
 
-    /* "1,000" is one number. */
+    std::size_t digitsFrom(std::size_t place) const
+    {
+        std::size_t count = 0;
+        while (isDigit(at(place + count)))
+            ++count;
+        return count;
+    }
+
+    /* "1,000" is one number, "1,2" is two. */
     std::u32string takeThousands()
     {
+        constexpr std::size_t Thousands = 3;
         std::u32string digits(takeDigits());
-        while (at(m_at) == U',' && isDigit(at(m_at + 1))) {
+        while (digits.size() <= LongestNumber && at(m_at) == U','
+               && digitsFrom(m_at + 1) == Thousands) {
             ++m_at;
             digits += takeDigits();
         }
@@ -152,14 +162,16 @@ private:
                && std::ranges::count(m_text, U'-') == 1;
     }
 
+    /* A time of the day has two digits there, all else is a ratio. */
     std::u32string readMinutes()
     {
         ++m_at;
         const std::u32string_view minutes = takeDigits();
+        if (minutes.size() != 2)
+            return U'比' + quantity(minutes);
         if (minutes == U"00")
             return U"点";
-        const bool bare = minutes[0] == U'0' || minutes.size() > 2;
-        return U'点' + quantity(minutes) + (bare ? std::u32string() : U"分");
+        return U'点' + quantity(minutes) + (minutes[0] == U'0' ? std::u32string() : U"分");
     }
 
     void readSign()

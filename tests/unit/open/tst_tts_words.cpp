@@ -242,6 +242,8 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
     chinese("a year", "2026年11月", "二零二六年十一月");
     chinese("shares", "50%和3/4", "百分之五十和四分之三");
     chinese("times of the day", "8:00到9:05到10:30", "八点到九点零五到十点三十分");
+    chinese("no thousands", "选1,2,3和1,000,000", "选一，二，三和一百万");
+    chinese("a score", "3:2胜", "三比二胜");
     chinese("ranges", "3-5天，2026-11-22", "三到五天，两千零二十六 十一 二十二");
     chinese("full-width signs", "￥１００，５０％", "一百元，百分之五十");
     chinese("signs", "3×4=12，+86", "三 乘以 四等于十二，加八十六");
