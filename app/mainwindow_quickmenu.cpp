@@ -4,7 +4,6 @@
 
 #include "app/widgetchange.h"
 #include "editor/myedit.h"
-#include "engines/csoundthread.h"
 #include "engines/cttsthread.h"
 #include "platform/zembra_iap.h"
 #include "widgets/mysubmenu.h"
@@ -75,9 +74,11 @@ void MainWindow::soundAgainAfterTalkingMenu()
 {
     if (!editorIsBelow())
         return;
-    m_editor->soundAgain();
-    if (!m_editor->soundThread()->isRunning())
-        editShowSlot(0, QString()); // nothing has been read yet
+    // Not whether the reading goes on: a short one may have ended by now.
+    if (m_editor->canSoundAgain())
+        m_editor->soundAgain();
+    else
+        editShowSlot(0, QString());
 }
 
 void MainWindow::gotoBeginAfterTalkingMenu()

@@ -120,6 +120,9 @@ public:
     void setFlagForTalk(bool on) { m_talk = on; }
     bool getFlagForTalk() const { return m_talk; }
 
+    /* Whether a text was read that soundAgain() would read. */
+    bool canSoundAgain() const { return !m_lastRead.text.isEmpty(); }
+
     /* The translate screen speaks, or has ended: the editor starts no reading meanwhile. */
     void setTTSFlagInTrans(bool on);
 

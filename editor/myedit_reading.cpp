@@ -61,7 +61,7 @@ void MyEdit::readDelaySlot()
 
 void MyEdit::soundAgain()
 {
-    if (!m_lastRead.text.isEmpty())
+    if (canSoundAgain())
         readLast();
 }
 
@@ -75,7 +75,7 @@ void MyEdit::readLast()
 
 void MyEdit::readAfterTalkingMenu()
 {
-    if (m_talk && !m_lastRead.text.isEmpty())
+    if (m_talk && canSoundAgain())
         readLast();
 }
 
