@@ -32,11 +32,11 @@ const QString Execute = QStringLiteral("execute(QString) ");
 Stage* onStage = nullptr;
 
 // Below a dialog only the sign of a recognition counts: that goes on there.
-bool busySignShown()
+qsizetype busySigns()
 {
     const bool dialog = QApplication::activeModalWidget() != nullptr;
     const QWidgetList all = QApplication::allWidgets();
-    return std::any_of(all.begin(), all.end(), [dialog](const QWidget* widget) {
+    return std::count_if(all.begin(), all.end(), [dialog](const QWidget* widget) {
         return qobject_cast<const SandGlass*>(widget)
                && (!dialog || qobject_cast<const MyEdit*>(widget->parentWidget()));
     });
@@ -203,10 +203,11 @@ QString Stage::unrest()
     if (opening && !m_dictionaryHeld)
         return QStringLiteral("the dictionary does not open");
     const bool recognising = m_recognitionHeld && FakeOcr::isRecognizing();
-    if (busySignShown() && !recognising && !main->awaitsDictionary())
+    // Who waits for a dictionary has a sign of his own; a recognition has another.
+    if (busySigns() > (main->awaitsDictionary() ? 1 : 0) && !recognising)
         return QStringLiteral("the busy sign stays");
     // A file name is recognised within the scan engine's callback, without the sign.
-    const bool inCallback = recognising && !busySignShown();
+    const bool inCallback = recognising && busySigns() == 0;
     if (!m_tipIsDown && !FakeIap::isIdle() && !inCallback)
         return QStringLiteral("the scan engine works on");
     if (!frontWindowIsActive())
