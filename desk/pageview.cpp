@@ -212,8 +212,10 @@ void PageView::paintPaper(QPainter& painter)
     }
     painter.setBrush(Qt::white);
     painter.drawRect(paper);
-    if (!m_scaled.isNull())
-        painter.drawImage(paper, m_scaled);
+    // Until it has been scaled well the page is drawn roughly, which is quick.
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !m_scaled.isNull());
+    painter.drawImage(paper, m_scaled.isNull() ? m_page.image : m_scaled);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (m_line < 0 || m_line >= m_page.lines.size())
         return;
     QColor mark = desklook::Focus; // on paper, which is white on every desk

@@ -158,6 +158,18 @@ private slots:
         QCOMPARE(page->outcome(), QString()); // it was about another page
     }
 
+    void aPageIsSeenAtOnce()
+    {
+        PrintedPage sheet;
+        sheet.image = QImage(1000, 1000, QImage::Format_Grayscale8);
+        sheet.image.fill(Qt::black);
+        sheet.dpi = 150.0;
+        PageView page;
+        page.resize(600, 600);
+        page.setPage(sheet);
+        QVERIFY(page.grab().toImage().pixelColor(300, 300).lightness() < 10);
+    }
+
     void thePenLeansTowardsItsHand()
     {
         PrintedPage sheet;
