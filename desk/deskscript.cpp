@@ -247,6 +247,12 @@ QString readCommand(QStringList words, DeskCommand& command)
 
 } // namespace
 
+bool DeskScript::isFilmedFromTheStart() const
+{
+    return commands.isEmpty() || commands.first().verb != DeskCommand::Verb::Frames
+           || commands.first().number == 1;
+}
+
 DeskScript DeskScript::parse(const QString& text)
 {
     DeskScript script;

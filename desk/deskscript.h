@@ -80,6 +80,10 @@ struct DeskScript
     QVector<DeskCommand> commands;
     QString error; // empty when the script is sound; else "line 3: ..."
 
+    /* Whether a film begins before the script does: not when the script begins with "frames off".
+     */
+    bool isFilmedFromTheStart() const;
+
     static DeskScript parse(const QString& text);
     /* The script in a file; the error names the file. */
     static DeskScript read(const QString& path);

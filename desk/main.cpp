@@ -147,7 +147,7 @@ int runScript(DeskSession& session, const DeskOptions& options)
         return options.framesOfPen ? window.penPicture() : window.picture();
     });
     const bool filming = !options.frames.isEmpty();
-    frames.setOn(filming);
+    frames.setOn(filming && script.isFilmedFromTheStart());
     ScriptRunner runner(session, script, options.out,
                         {[&window] { return window.picture(); },
                          [&frames, filming](bool on) { frames.setOn(filming && on); }});

@@ -181,6 +181,15 @@ private slots:
         QVERIFY(QFile::exists(m_desk->path("film/frames.txt")));
     }
 
+    void aFilmBeginsWhenTheScriptSays()
+    {
+        QVERIFY2(run("frames off\nwait message mainprocess Show(QString) scan\n",
+                     {"--frames", m_desk->path("film")})
+                     == 0,
+                 m_output.constData());
+        QCOMPARE(QDir(m_desk->path("film")).entryList(QDir::Files), QStringList("frames.txt"));
+    }
+
     void aSignalLeavesNothingBehind()
     {
         QVERIFY(m_desk->write("script.desk", "wait spoken nonsense\n"));
