@@ -181,7 +181,7 @@ int main(int argc, char** argv)
                    stdout);
         return 0;
     }
-    const bool chosen = qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+    const bool chosen = !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     if (!windowed && !chosen)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     if (windowed && !chosen && qEnvironmentVariableIsEmpty("DISPLAY")
