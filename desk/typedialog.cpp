@@ -1,5 +1,6 @@
 #include "desk/typedialog.h"
 
+#include "desk/desklook.h"
 #include "desk/pageloader.h"
 #include "desk/typesetter.h"
 
@@ -37,6 +38,8 @@ TypeDialog::TypeDialog(const PageSource& source, const QString& language, QWidge
     m_size->setDecimals(1);
     m_size->setSuffix(tr(" pt"));
 
+    for (QWidget* const field : std::initializer_list<QWidget*>{m_language, m_family, m_size})
+        field->setMinimumHeight(desklook::FieldHeight);
     auto* const form = new QFormLayout;
     form->addRow(tr("&Language"), m_language);
     form->addRow(tr("&Font"), m_family);

@@ -11,10 +11,13 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QTimer>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -32,22 +35,55 @@ void say(const QString& text)
     speech.send(desklink::Kind::SpeechEnd, desklink::bytesOf(end));
 }
 
-/* Takes frames until the tip is lifted, and reports how many came. */
+/* What a frame looks like, in words for the report of a swipe: mean grey, how much lighter the
+ * right half is than the left and the lower one than the upper, and the mean step from pixel to
+ * pixel. */
+std::string described(const std::vector<std::byte>& body)
+{
+    const auto head = desklink::recordOf<desklink::FrameHead>(body);
+    const int width = head ? head->width : 0;
+    const int height = head ? head->height : 0;
+    const int pixels = width * height;
+    if (pixels == 0 || body.size() < sizeof *head + std::size_t(pixels))
+        return "no frame";
+    double sum = 0.0;
+    double across = 0.0;
+    double down = 0.0;
+    double steps = 0.0;
+    const auto grey = [&body](int pixel) {
+        return std::to_integer<int>(body[sizeof(desklink::FrameHead) + std::size_t(pixel)]);
+    };
+    for (int i = 0; i < pixels; ++i) {
+        const int value = grey(i);
+        sum += value;
+        across += i % width >= width / 2 ? value : -value;
+        down += i / width >= height / 2 ? value : -value;
+        steps += i % width > 0 ? std::abs(value - grey(i - 1)) : 0;
+    }
+    char text[100];
+    std::snprintf(text, sizeof text, "%.2f %.2f %.2f %.2f", sum / pixels, 2 * across / pixels,
+                  2 * down / pixels, steps / pixels);
+    return text;
+}
+
+/* Takes frames until the tip is lifted, and reports how many came and what the last was like. */
 void scan(LinkClient& link)
 {
     LinkClient::Packet packet;
     quint32 frames = 0;
+    std::string last;
     while (link.isConnected()) {
         if (!link.receive(packet, -1))
             continue;
-        if (packet.kind == desklink::Kind::Frame)
+        if (packet.kind == desklink::Kind::Frame) {
             ++frames;
+            last = described(packet.body);
+        }
         if (packet.kind != desklink::Kind::TipUp)
             continue;
         const desklink::SwipeResultHead head = {desklink::SwipeOutcome::Delivered, frames, 100, 40};
-        const char reason[] = "counted";
         link.send(desklink::Kind::SwipeResult, desklink::bytesOf(head),
-                  std::as_bytes(std::span(reason, sizeof reason - 1)));
+                  std::as_bytes(std::span(last)));
         frames = 0;
     }
 }

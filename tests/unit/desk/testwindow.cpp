@@ -17,6 +17,11 @@ bool TestWindow::show()
         return false;
     m_window = std::make_unique<DeskWindow>(session());
     m_window->show();
+    return activate();
+}
+
+bool TestWindow::activate()
+{
     m_window->activateWindow();
     if (QGuiApplication::platformName() != QLatin1String("wayland"))
         return QTest::qWaitForWindowActive(m_window.get());

@@ -19,6 +19,8 @@ class TestWindow : public TestDesk
 public:
     /* Opens the desk. True once its window is there and has the keys. */
     bool show();
+    /* Gives it the keys back after a dialog. */
+    bool activate();
     DeskWindow& window() { return *m_window; }
 
     /* What is seen on the window; null when there is no such thing. */

@@ -8,15 +8,21 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFile>
+#include <QFontComboBox>
 #include <QLabel>
+#include <QListWidget>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QSlider>
+#include <QSpinBox>
 #include <QTabBar>
 #include <QTest>
+#include <utility>
 
 /* The controls of the window that adjust the desk, each used once. */
 class TestDeskControls : public QObject
@@ -76,25 +82,30 @@ private slots:
         }
     }
 
-    void slidersMoveTheHand()
+    void switchesReachThePen()
     {
-        m_test->tabs().setCurrentIndex(2);
-        auto* const speed = m_test->slider("Speed");
-        QVERIFY(speed->isVisible());
-        speed->setFocus();
-        QTest::keyClick(speed, Qt::Key_Right);
-        QCOMPARE(m_desk->hand().speedMmPerS, 160.0);
-        QCOMPARE(speed->accessibleDescription(), "160 mm/s");
-        QTest::keyClick(m_test->slider("Tilt"), Qt::Key_Left);
-        QCOMPARE(m_desk->hand().tiltDeg, -1.0);
-        m_test->button("Left hand")->click();
-        QVERIFY(m_desk->hand().left);
-        m_test->button("Usual hand")->click();
-        QVERIFY(m_desk->hand() == HandModel());
-        HandModel other;
-        other.blurPx = 2.0;
-        m_desk->setHand(other); // by a script
-        QCOMPARE(m_test->slider("Blur")->accessibleDescription(), "2.0 px");
+        QVERIFY(m_test->startPen());
+        const auto click = [this](const char* text) {
+            QTest::mouseClick(m_test->button(text), Qt::LeftButton);
+            return m_desk->launcher().log().constLast();
+        };
+        QCOMPARE(click("USB cable").payload, "plug");
+        QVERIFY(m_desk->launcher().isUsbPlugged());
+        QCOMPARE(click("USB cable").payload, "delete");
+        QVERIFY(!m_desk->launcher().isUsbPlugged());
+        QVERIFY(click("Power key").delivered);
+        QCOMPARE(click("Save").payload, "save");
+        auto* const messages = m_window->findChild<QListWidget*>();
+        QCOMPARE(messages->count(), int(m_desk->launcher().log().size()));
+        QVERIFY(messages->item(messages->count() - 1)
+                    ->text()
+                    .endsWith(u"\u2192  execute(QString)  save"));
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
+        QCOMPARE(click("Stop").payload, "stop");
+        QVERIFY(ended.wait());
+        QVERIFY(ended[0][1].toBool());
+        for (const char* text : {"USB cable", "Power key", "Save", "Stop"})
+            QVERIFY2(!m_test->button(text)->isEnabled(), text);
     }
 
     void theCardAndTheMemory()
@@ -126,6 +137,80 @@ private slots:
         QVERIFY(laid.wait(20000));
         QVERIFY(m_desk->page().lines[0].mm.width() > width * 1.9);
         QVERIFY(m_window->memory().page == dialog->source());
+    }
+
+    void aTypedTextIsInItsLanguage()
+    {
+        m_test->button("Type...")->click();
+        auto* const dialog = m_window->findChild<TypeDialog*>();
+        QVERIFY(dialog);
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        dialog->findChild<QPlainTextEdit*>()->setPlainText("\u5c71\u6c34");
+        auto* const language = dialog->findChild<QComboBox*>();
+        language->setCurrentIndex(language->findData("zh"));
+        const QString family = dialog->findChild<QFontComboBox*>()->currentFont().family();
+        QTRY_COMPARE_WITH_TIMEOUT(m_desk->page().language, "zh", 20000);
+        QCOMPARE(m_window->memory().page.family, family);
+        dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Close)->click();
+        QTRY_VERIFY(!m_window->findChild<TypeDialog*>());
+        // It begins with what is on the desk.
+        m_test->button("Type...")->click();
+        QCOMPARE(m_window->findChild<TypeDialog*>()->source().text, "\u5c71\u6c34");
+        QCOMPARE(m_window->findChild<TypeDialog*>()->source().language, "zh");
+    }
+
+    void theChooserLaysAPage()
+    {
+        auto* const chooser = m_window->findChild<QComboBox*>();
+        chooser->setFocus();
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        QTest::keyClick(chooser, Qt::Key_R); // "Russian"
+        QVERIFY(laid.wait(30000));
+        QCOMPARE(m_desk->page().language, "ru");
+    }
+
+    void sheetsOfAPdfFile()
+    {
+        auto* const sheet = m_window->findChild<QSpinBox*>();
+        QVERIFY(!sheet->isVisible());
+        const QString path = m_test->path("two sheets.pdf");
+        writeTwoSheets(path);
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        QVERIFY(m_test->drop(path));
+        QVERIFY(laid.wait(30000));
+        QVERIFY(sheet->isVisible());
+        QCOMPARE(sheet->text(), "Sheet 1 of 2");
+        QCOMPARE(m_desk->page().lines.size(), 1);
+        sheet->setFocus();
+        QTest::keyClick(sheet, Qt::Key_Up);
+        QVERIFY(laid.wait(30000));
+        QCOMPARE(sheet->text(), "Sheet 2 of 2");
+        QCOMPARE(m_desk->page().lines.size(), 2);
+    }
+
+    void theRulerKeepsTheHandOnItsLine()
+    {
+        QVERIFY(m_test->layPage(PageLoader::named("english")));
+        QWidget* const paper = m_test->page().viewport();
+        QPoint start(paper->width() / 4, 60);
+        QSignalSpy wanted(&m_test->page(), &PageView::lineWanted);
+        for (; start.y() < paper->height() && wanted.isEmpty(); start += QPoint(0, 6))
+            QTest::mouseDClick(paper, Qt::LeftButton, {}, start);
+        QCOMPARE(wanted.size(), 1); // a line is there
+        const auto heights = [this, paper, start] {
+            QSignalSpy moves(&m_test->page(), &PageView::swipeMoves);
+            QTest::mousePress(paper, Qt::LeftButton, {}, start);
+            QTest::mouseMove(paper, start + QPoint(60, 0));
+            QTest::mouseMove(paper, start + QPoint(120, 30));
+            QTest::mouseRelease(paper, Qt::LeftButton, {}, start + QPoint(120, 30));
+            QSet<double> seen;
+            for (const QList<QVariant>& move : std::as_const(moves))
+                seen.insert(move[0].toPointF().y());
+            return seen.size();
+        };
+        QCOMPARE(heights(), 1);
+        m_test->button("Ruler")->click();
+        QVERIFY(heights() > 1);
     }
 
     void aDroppedPictureBecomesThePage()
@@ -263,6 +348,19 @@ private slots:
     }
 
 private:
+    /* One line of print on the first sheet, two on the second. */
+    static void writeTwoSheets(const QString& path)
+    {
+        QPdfWriter writer(path);
+        writer.setPageSize(QPageSize(QPageSize::A5));
+        QPainter painter(&writer);
+        painter.setFont(QFont("DejaVu Sans", 12));
+        painter.drawText(QPoint(300, 1000), "The first sheet");
+        writer.newPage();
+        painter.drawText(QPoint(300, 1000), "The second sheet");
+        painter.drawText(QPoint(300, 2000), "has two lines");
+    }
+
     bool hasBuddy(const QWidget* widget) const
     {
         for (const QLabel* const label : m_window->findChildren<QLabel*>()) {

@@ -217,6 +217,18 @@ private slots:
         QVERIFY(tells("The pen "));
     }
 
+#ifdef PEN
+    void soundThatIsAwayIsTold()
+    {
+        const QString root = m_desk->path("pen");
+        QCOMPARE(QProcess::execute(SWIPELINE_SOURCE_DIR "/scripts/make-run-root", {root}), 0);
+        m_desk->setVariable("SDL_AUDIODRIVER", "nonsense");
+        QCOMPARE(m_desk->openUntil("speaking without sound", {"--root", root, "--pen", PEN}),
+                 Ended);
+        QVERIFY(tells("pen: speech: no sound device"));
+    }
+#endif
+
     void aWindowIsAsItWasLeft()
     {
         QVERIFY(QDir(m_desk->path(QString())).mkpath("config/swipeline"));

@@ -1,5 +1,7 @@
 #include "testwindow.h"
 
+#include "desk/captionview.h"
+#include "desk/desklook.h"
 #include "desk/keybutton.h"
 #include "desk/oledview.h"
 #include "desk/pageview.h"
@@ -8,9 +10,15 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 /* The window with mouse and keyboard, against a process that stands for the pen. */
 class TestDeskWindow : public QObject
@@ -18,6 +26,8 @@ class TestDeskWindow : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+
     void init()
     {
         m_test = std::make_unique<TestWindow>();
@@ -182,6 +192,131 @@ private slots:
         QTRY_VERIFY(card->toPlainText().contains("notes.txt (7 bytes)\nA line."));
     }
 
+    void endAndWheelMoveThePage()
+    {
+        QVERIFY(m_test->layPage(PageLoader::named("english")));
+        PageView& page = m_test->page();
+        QScrollBar* const bar = page.verticalScrollBar();
+        page.setFocus();
+        QTest::keyClick(&page, Qt::Key_End);
+        QVERIFY(bar->value() > 0);
+        QSignalSpy wanted(&page, &PageView::lineWanted);
+        QTest::keyClick(&page, Qt::Key_Return);
+        QCOMPARE(wanted.constLast()[0].toInt(), int(m_desk->page().lines.size()) - 1);
+        QTest::keyClick(&page, Qt::Key_Home);
+        QTest::keyClick(&page, Qt::Key_Return);
+        QCOMPARE(wanted.constLast()[0].toInt(), 0);
+        bar->setValue(0);
+        const QPointF middle = page.viewport()->rect().center();
+        QWheelEvent wheel(middle, page.viewport()->mapToGlobal(middle), {}, {0, -120}, {}, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(page.viewport(), &wheel);
+        QVERIFY(bar->value() > 0);
+    }
+
+    void theCaptionShowsWhatIsSaid()
+    {
+        auto* const caption = m_window->findChild<CaptionView*>();
+        const QImage before = caption->grab().toImage();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        QTRY_COMPARE(caption->accessibleDescription(), "Second half");
+        QTRY_VERIFY(!m_desk->transcript().isSpeaking());
+        QVERIFY(caption->grab().toImage() != before);
+    }
+
+    void aSwipeWithoutCameraIsExplained()
+    {
+        QVERIFY(m_test->layPageForSwipes());
+        QSignalSpy ended(m_desk, &DeskSession::penEnded);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QVERIFY(ended.wait());
+        QTRY_VERIFY(!m_desk->link().isCameraOn());
+        m_test->page().setFocus();
+        QTest::keyClick(&m_test->page(), Qt::Key_Down);
+        QTest::keyClick(&m_test->page(), Qt::Key_Return);
+        auto* const status = m_window->findChild<QLabel*>("status");
+        QVERIFY2(status->text().contains("camera is off"), qPrintable(status->text()));
+        QVERIFY(status->property("alarm").toBool());
+        QCOMPARE(status->palette().color(QPalette::WindowText), desklook::colours().alarm);
+    }
+
+    void helpAndFocusByKey()
+    {
+        QTest::keyClick(m_window, Qt::Key_F6);
+        QVERIFY(m_test->page().hasFocus());
+        QTest::keyClick(m_window, Qt::Key_F6);
+        QVERIFY(m_window->findChild<OledView*>()->hasFocus());
+        QTest::keyClick(m_window, Qt::Key_F1);
+        auto* const help = m_window->findChild<QMessageBox*>();
+        if (!help)
+            QFAIL("no help");
+        QVERIFY(help->isVisible());
+        QVERIFY(help->text().contains("F6"));
+        help->button(QMessageBox::Close)->click();
+        QTRY_VERIFY(!m_window->findChild<QMessageBox*>());
+        m_test->button("?")->click();
+        QVERIFY(m_window->findChild<QMessageBox*>());
+    }
+
+    void aFileIsOpenedByKey()
+    {
+        QImage picture(300, 200, QImage::Format_Grayscale8);
+        picture.fill(Qt::white);
+        QVERIFY(picture.save(m_test->path("opened.png")));
+        QSignalSpy laid(m_desk, &DeskSession::pageChanged);
+        QTest::keyClick(m_window, Qt::Key_O, Qt::ControlModifier);
+        QVERIFY(chooseFile("opened.png"));
+        QTRY_COMPARE_WITH_TIMEOUT(laid.size(), 1, 30000);
+        QCOMPARE(m_desk->page().name, "opened.png");
+    }
+
+    void aScriptIsSavedAndPlayed()
+    {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+        QTRY_VERIFY(m_test->isRightLit());
+        QTRY_VERIFY(!m_desk->transcript().isSpeaking());
+        const QString script = m_window->recorder().script();
+        QVERIFY(script.contains("key Down"));
+        QTest::keyClick(m_window, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(chooseFile("done.desk"));
+        QFile saved(m_test->path("done.desk"));
+        QVERIFY(saved.open(QIODevice::ReadOnly));
+        QCOMPARE(QString::fromUtf8(saved.readAll()), script);
+        auto* const status = m_window->findChild<QLabel*>("status");
+        QVERIFY(status->text().startsWith("Saved as "));
+
+        QTest::keyClick(m_window, Qt::Key_R, Qt::ControlModifier);
+        QVERIFY(chooseFile("done.desk"));
+        QVERIFY(m_test->button("Stop playing"));
+        QTRY_COMPARE_WITH_TIMEOUT(status->text(), "done.desk was played to its end", 30000);
+        QCOMPARE(m_desk->penRuns(), 2U);
+        QVERIFY(m_test->isRightLit()); // the key was pressed again
+        QVERIFY(!m_test->button("Stop playing"));
+    }
+
+    void aScriptThatPlaysIsStopped()
+    {
+        QFile endless(m_test->path("endless.desk"));
+        QVERIFY(endless.open(QIODevice::WriteOnly) && endless.write("wait spoken nonsense\n") > 0);
+        endless.close();
+        m_test->tabs().setCurrentIndex(3);
+        m_test->button("Play...")->click();
+        QVERIFY(chooseFile("endless.desk"));
+        QTRY_COMPARE(m_desk->penRuns(), 2U);
+        QTRY_VERIFY(m_test->isLeftLit());
+        m_test->button("Stop playing")->click();
+        auto* const status = m_window->findChild<QLabel*>("status");
+        QTRY_VERIFY(status->text().startsWith("endless.desk ended early"));
+        QVERIFY(m_test->button("Play..."));
+        QVERIFY(m_desk->pen().isRunning()); // goes on by hand
+        QVERIFY(endless.open(QIODevice::WriteOnly) && endless.write("no command\n") > 0);
+        endless.close();
+        m_test->button("Play...")->click();
+        QVERIFY(chooseFile("endless.desk"));
+        QVERIFY2(status->text().contains("line 1"), qPrintable(status->text()));
+        QCOMPARE(m_desk->penRuns(), 2U);
+    }
+
     void aClickIsNoSwipe()
     {
         QVERIFY(m_test->layPageForSwipes());
@@ -227,6 +362,18 @@ private slots:
     }
 
 private:
+    /* Gives the file dialog that is open a name in the run root. */
+    bool chooseFile(const QString& name)
+    {
+        auto* const dialog = m_window->findChild<QFileDialog*>();
+        if (!dialog || !dialog->isVisible())
+            return false;
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(m_test->path(name));
+        static_cast<QDialog*>(dialog)->accept();
+        return QTest::qWaitFor([this] { return !m_window->findChild<QFileDialog*>(); })
+               && m_test->activate();
+    }
+
     std::unique_ptr<TestWindow> m_test;
     DeskSession* m_desk = nullptr;
     DeskWindow* m_window = nullptr;
