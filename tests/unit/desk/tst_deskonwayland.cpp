@@ -12,6 +12,7 @@ namespace {
 constexpr QRgb Desk = qRgb(0xe9, 0xeb, 0xee);
 constexpr int LeastWidth = 700; // of a row of the window in the desk's colour
 constexpr int Margin = 16;      // rows of the desk above the pen
+constexpr int ShotMs = 3000;
 
 /* The uppermost row of the window, and where it begins and ends. */
 std::optional<QRect> topOf(const QImage& screen)
@@ -61,9 +62,9 @@ private slots:
         m_desk->start(desk, m_desk->options() + QStringList("--forget"));
         QByteArray output;
         QTRY_VERIFY_WITH_TIMEOUT((output += desk.readAll()).contains("the test pen is up"), 30000);
+        QImage screen;
         std::optional<QRect> top;
-        QTRY_VERIFY_WITH_TIMEOUT((top = topOf(screenshot())), 30000);
-        const QImage screen = screenshot();
+        QTRY_VERIFY_WITH_TIMEOUT((top = topOf(screen = screenshot())), 60000);
         // What stands above the pen is the title bar with its buttons.
         QVERIFY(hasInk(screen, top->adjusted(0, 0, 0, Margin)));
         desk.terminate();
@@ -84,8 +85,8 @@ private:
         QProcess shooter;
         shooter.setWorkingDirectory(dir.path());
         shooter.start("weston-screenshooter", {});
-        if (!shooter.waitForFinished() || dir.entryList(pictures).isEmpty())
-            return {};
+        if (!shooter.waitForFinished(ShotMs) || dir.entryList(pictures).isEmpty())
+            return {}; // Weston now and then forgets one; another is asked for
         return QImage(dir.filePath(dir.entryList(pictures).constFirst()));
     }
 
