@@ -235,7 +235,7 @@ private slots:
         QTest::keyClick(&m_test->page(), Qt::Key_Down);
         QTest::keyClick(&m_test->page(), Qt::Key_Return);
         auto* const status = m_window->findChild<QLabel*>("status");
-        QVERIFY2(status->text().contains("camera is off"), qPrintable(status->text()));
+        QVERIFY2(status->text().contains("start it first"), qPrintable(status->text()));
         QVERIFY(status->property("alarm").toBool());
         QCOMPARE(status->palette().color(QPalette::WindowText), desklook::colours().alarm);
     }
