@@ -15,6 +15,8 @@
 #include "desk/scriptview.h"
 #include "desk/typedialog.h"
 
+#include <QFileInfo>
+
 void DeskWindow::connectPen()
 {
     connect(m_pen, &PenView::keyPressed, &m_session,
@@ -49,7 +51,15 @@ void DeskWindow::connectPage()
     });
     m_pageBar->setDark(desklook::isDark());
     m_dark.reset();
-    connect(&m_session, &DeskSession::pageFailed, m_page, &PageView::setNotice);
+    connect(&m_session, &DeskSession::pageFailed, this, [this](const QString& error) {
+        m_page->setNotice(error);
+        if (!m_session.page().isEmpty())
+            return; // the one before still lies there
+        const PageSource source = m_session.pageLoader().source();
+        PrintedPage none;
+        none.name = QFileInfo(source.name).fileName();
+        m_pageBar->showPage(none, source);
+    });
     connect(m_page, &PageView::swipeBegins, &m_session, &DeskSession::beginSwipe);
     connect(m_page, &PageView::swipeBegins, this, &DeskWindow::tellWhenCameraIsOff);
     connect(m_page, &PageView::lineWanted, this, &DeskWindow::tellWhenCameraIsOff);

@@ -288,6 +288,9 @@ private slots:
         QVERIFY(m_test->drop(path));
         QVERIFY(failed.wait(20000));
         QVERIFY(failed[0][0].toString().contains("bad.pdf is no PDF file"));
+        const auto* const chooser = m_window->findChild<QComboBox*>();
+        QCOMPARE(chooser->currentIndex(), -1); // no sample lies there
+        QCOMPARE(chooser->placeholderText(), "bad.pdf");
     }
 
     void darkAndBack()
