@@ -78,9 +78,11 @@ void MainWindow::endFlowScreen(QWidget* screen)
         screen->deleteLater();
 }
 
+// A translation that was called up from a menu leads back to it.
 void MainWindow::endFlowScreens()
 {
-    while (!m_flowScreens.isEmpty())
+    const QWidget* const kept = g_InDict && m_transEdit ? m_transEdit->getPrevWidget() : nullptr;
+    while (!m_flowScreens.isEmpty() && m_flowScreens.last() != kept)
         endFlowScreen(m_flowScreens.last());
 }
 
