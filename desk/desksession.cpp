@@ -2,6 +2,7 @@
 
 #include "desk/penlanguages.h"
 #include "desk/penpicture.h"
+#include "desk/pensettings.h"
 
 #include <QTimer>
 #include <utility>
@@ -181,6 +182,7 @@ void DeskSession::startPen()
     m_refreshing = true;
     stir();
     ++m_penRuns;
+    storeHand();
     m_pen->start();
     emit startWanted();
 }
@@ -206,8 +208,19 @@ void DeskSession::chooseLanguage(int row)
 
 void DeskSession::storeLanguage(int row)
 {
-    if (!penlanguages::choose(m_setting.root, row))
-        emit languageFailed(
+    tellStored(penlanguages::choose(m_setting.root, row));
+}
+
+/* As the launcher does: otherwise the pen sees the print upside down. */
+void DeskSession::storeHand()
+{
+    tellStored(pensettings::store(m_setting.root, pensettings::HandKey, m_hand.left ? 1 : 0));
+}
+
+void DeskSession::tellStored(bool done)
+{
+    if (!done)
+        emit settingFailed(
             tr("The pen's settings below %1 cannot be written.").arg(m_setting.root));
 }
 
@@ -222,7 +235,10 @@ void DeskSession::setHand(const HandModel& hand)
 {
     if (hand == m_hand)
         return;
+    const bool turned = hand.left != m_hand.left;
     m_hand = hand;
+    if (turned)
+        storeHand();
     makeCamera();
     emit handChanged();
 }

@@ -76,7 +76,8 @@ public:
 
     void sendKey(Qt::Key key, bool pressed);
 
-    /* How the pen is held and moved, and the light. */
+    /* How the pen is held and moved, and the light. The pen is told which hand holds it, which
+     * counts from the next start of its scan engine: when it opens a file. */
     void setHand(const HandModel& hand);
     const HandModel& hand() const { return m_hand; }
 
@@ -109,7 +110,7 @@ signals:
     void keySent(Qt::Key key, bool pressed);
     void startWanted();
     void languageChosen(int row);
-    void languageFailed(const QString& error);
+    void settingFailed(const QString& error);
     void lineSwiped(int line, double speedMmPerS);
     void waySwiped(QPointF fromMm, QPointF toMm, double speedMmPerS);
     void handTouches();
@@ -124,6 +125,8 @@ private:
     void connectLink();
     void connectFeeder();
     void storeLanguage(int row);
+    void storeHand();
+    void tellStored(bool done);
     void updateScreen();
     void takePage(const PrintedPage& page);
     void makeCamera();

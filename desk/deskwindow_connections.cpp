@@ -108,7 +108,7 @@ void DeskWindow::connectLauncher()
         m_session.chooseLanguage(row);
         m_pen->display().setFocus();
     });
-    connect(&m_session, &DeskSession::languageFailed, this,
+    connect(&m_session, &DeskSession::settingFailed, this,
             [this](const QString& error) { tell(error, true); });
     connect(m_hand, &HandView::handWanted, &m_session, &DeskSession::setHand);
     connect(&m_session, &DeskSession::handChanged, this, [this] {

@@ -32,7 +32,9 @@ HandView::HandView(QWidget* parent) : QScrollArea(parent), m_left(new QCheckBox(
     grid->setColumnStretch(1, 1);
     for (const HandModel::Trait& trait : HandModel::traits())
         addTrait(*grid, trait);
-    m_left->setToolTip(tr("The pen is held in the left hand: its camera looks the other way up"));
+    m_left->setToolTip(
+        tr("The pen is held in the left hand: its camera looks the other way up. The pen is told, "
+           "and goes by it from the next file that you open."));
     auto* const usual = new QPushButton(tr("Usual hand"));
     usual->setToolTip(tr("A steady right hand in good light"));
     usual->setAutoDefault(false);

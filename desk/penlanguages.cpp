@@ -1,19 +1,14 @@
 #include "desk/penlanguages.h"
 
 #include "desk/penfiles.h"
+#include "desk/pensettings.h"
 
 #include <QFile>
-#include <QSettings>
 
 namespace {
 
 constexpr qint64 MaxBytes = 64 * 1024;
 const QString LanguageKey = QStringLiteral("SystemSet/Lan");
-
-QString settingsOf(const QString& root)
-{
-    return root + QLatin1String("/apps/config/config.ini");
-}
 
 } // namespace
 
@@ -45,13 +40,10 @@ int penlanguages::rowOf(const QVector<Language>& languages, const QString& name)
 
 int penlanguages::chosen(const QString& root)
 {
-    return QSettings(settingsOf(root), QSettings::IniFormat).value(LanguageKey, 0).toInt();
+    return pensettings::value(root, LanguageKey);
 }
 
 bool penlanguages::choose(const QString& root, int row)
 {
-    QSettings settings(settingsOf(root), QSettings::IniFormat);
-    settings.setValue(LanguageKey, row);
-    settings.sync();
-    return settings.status() == QSettings::NoError;
+    return pensettings::store(root, LanguageKey, row);
 }

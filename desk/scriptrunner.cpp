@@ -58,7 +58,7 @@ void ScriptRunner::connectSession()
     });
     connect(&m_session, &DeskSession::pageChanged, this, &ScriptRunner::check);
     connect(&m_session, &DeskSession::pageFailed, this, &ScriptRunner::fail);
-    connect(&m_session, &DeskSession::languageFailed, this, &ScriptRunner::fail);
+    connect(&m_session, &DeskSession::settingFailed, this, &ScriptRunner::fail);
     connect(&m_session, &DeskSession::penEnded, this, [this](const QString& how, bool well) {
         m_report.event(how);
         if (well)

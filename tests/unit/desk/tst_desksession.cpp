@@ -1,6 +1,7 @@
 #include "testdesk.h"
 
 #include "desk/penlanguages.h"
+#include "desk/pensettings.h"
 
 #include <QDir>
 #include <QSignalSpy>
@@ -83,7 +84,7 @@ private slots:
         QVERIFY(m_test->startPen());
         QTRY_VERIFY(m_desk->launcher().hasHeard("Show(QString)", "scan"));
         QSignalSpy ended(m_desk, &DeskSession::penEnded);
-        QSignalSpy failed(m_desk, &DeskSession::languageFailed);
+        QSignalSpy failed(m_desk, &DeskSession::settingFailed);
         m_desk->chooseLanguage(2);
         m_desk->chooseLanguage(4); // the last word counts
         QCOMPARE(penlanguages::chosen(m_test->path(QString())), 0);
@@ -103,10 +104,28 @@ private slots:
         QCOMPARE(m_desk->penRuns(), 0U);
     }
 
+    void thePenIsToldWhichHandHoldsIt()
+    {
+        const auto told = [&] {
+            return pensettings::value(m_test->path(QString()), pensettings::HandKey);
+        };
+        HandModel hand;
+        hand.left = true;
+        m_desk->setHand(hand);
+        QCOMPARE(told(), 1);
+        hand.left = false;
+        m_desk->setHand(hand);
+        QCOMPARE(told(), 0);
+        // Files that come from another desk.
+        QVERIFY(pensettings::store(m_test->path(QString()), pensettings::HandKey, 1));
+        QVERIFY(m_test->startPen());
+        QCOMPARE(told(), 0);
+    }
+
     void settingsThatCannotBeWrittenAreTold()
     {
         QVERIFY(QDir().mkpath(m_test->path("apps/config/config.ini"))); // where a file should be
-        QSignalSpy failed(m_desk, &DeskSession::languageFailed);
+        QSignalSpy failed(m_desk, &DeskSession::settingFailed);
         m_desk->chooseLanguage(6);
         QCOMPARE(failed.size(), 1);
     }
