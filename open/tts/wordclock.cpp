@@ -12,6 +12,9 @@ void WordClock::addEvent(std::size_t character, std::int64_t sample)
     // Events come up to two characters early where punctuation stands before the word.
     constexpr std::size_t Slip = 2;
     const auto& words = m_piece.words;
+    // Another event of a word that has its time, such as a figure said in several words.
+    if (m_next > 0 && words[m_next - 1].begin < character && character < words[m_next - 1].end)
+        return;
     for (std::size_t i = m_next; i < words.size() && words[i].begin <= character + Slip; ++i) {
         if (character >= words[i].end)
             continue;

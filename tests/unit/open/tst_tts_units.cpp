@@ -50,6 +50,7 @@ private slots:
     void wordTakesItsEvent();
     void mergedWordsShareTheTime();
     void repeatedEventsCountOnce();
+    void laterEventsOfAWordAreItsOwn();
     void slippedEventFindsItsWord();
     void eventsBackwardsAreIgnored();
     void wordsWithoutEventsGetTimes();
@@ -175,6 +176,19 @@ void TstTtsUnits::repeatedEventsCountOnce()
     clock.addEvent(6, 110);
     clock.finish(200);
     QCOMPARE(samplesOf(clock), QList<int>({0, 100}));
+}
+
+void TstTtsUnits::laterEventsOfAWordAreItsOwn()
+{
+    // A character, a figure of five, two more characters: every character has an event.
+    Piece piece;
+    piece.text = U"有百分之五十个梨";
+    piece.words = {{0, 1, 0, 1}, {1, 3, 1, 6}, {4, 1, 6, 7}, {5, 1, 7, 8}};
+    WordClock clock(piece, 0);
+    for (std::size_t at = 0; at < piece.text.size(); ++at)
+        clock.addEvent(at, static_cast<std::int64_t>(at) * 100);
+    clock.finish(800);
+    QCOMPARE(samplesOf(clock), QList<int>({0, 100, 600, 700}));
 }
 
 void TstTtsUnits::slippedEventFindsItsWord()
