@@ -21,13 +21,9 @@ DeskSession::DeskSession(DeskSetting setting, QObject* parent)
       m_setting(std::move(setting)),
       m_rootLock(m_setting.root + QLatin1String("/.desk.lock")),
       m_feeder(m_link),
-      m_storage(m_setting.root),
       m_screen(penpicture::toOneBit(QImage()))
 {
     m_quiet.start();
-    // Before anybody else hears of it.
-    connect(&m_storage, &PenStorage::cardChanged, this, &DeskSession::stir);
-    connect(&m_storage, &PenStorage::fullChanged, this, &DeskSession::stir);
 }
 
 DeskSession::~DeskSession()
@@ -41,6 +37,10 @@ bool DeskSession::open()
 {
     if (!lockRoot())
         return false;
+    m_storage = std::make_unique<PenStorage>(m_setting.root);
+    // Before anybody else hears of it.
+    connect(m_storage.get(), &PenStorage::cardChanged, this, &DeskSession::stir);
+    connect(m_storage.get(), &PenStorage::fullChanged, this, &DeskSession::stir);
     if (!m_runtimeDir.isValid()) {
         m_error = tr("A private folder cannot be made in the temporary folder.");
         return false;
@@ -83,10 +83,11 @@ bool DeskSession::lockRoot()
     QString program;
     const bool held = m_rootLock.error() == QLockFile::LockFailedError
                       && m_rootLock.getLockInfo(&process, &host, &program);
-    m_error = held ? tr("Another desk uses the pen's files in %1. Close it, or make files of its "
-                        "own for this one with scripts/make-run-root.")
-                         .arg(m_setting.root)
-                   : tr("The pen's files in %1 cannot be written.").arg(m_setting.root);
+    m_error =
+        held ? tr("Another desk uses the pen's files in %1 (process %2 on %3). Close it, or make "
+                  "files of its own for this one with scripts/make-run-root.")
+                   .arg(m_setting.root, QString::number(process), host)
+             : tr("The pen's files in %1 cannot be written.").arg(m_setting.root);
     return false;
 }
 

@@ -53,7 +53,8 @@ public:
     const PrintedPage& page() const { return m_page; }
     const SwipeFeeder& feeder() const { return m_feeder; }
     PageLoader& pageLoader() { return m_pageLoader; }
-    PenStorage& storage() { return m_storage; }
+    /* Once it is open. */
+    PenStorage& storage() { return *m_storage; }
 
     /* What the display shows: one bit a pixel. Stands still while the pen has switched the
      * refresh off. */
@@ -141,7 +142,7 @@ private:
     LinkServer m_link;
     SwipeFeeder m_feeder;
     PageLoader m_pageLoader;
-    PenStorage m_storage;
+    std::unique_ptr<PenStorage> m_storage; // of files that no other desk uses
     Transcript m_transcript;
     std::unique_ptr<PenCompositor> m_compositor;
     std::unique_ptr<Launcher> m_launcher;

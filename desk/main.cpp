@@ -206,10 +206,10 @@ int main(int argc, char** argv)
         DeskOptions::parse(QCoreApplication::arguments(), QCoreApplication::applicationDirPath());
     if (!options.error.isEmpty())
         return complain(options.error);
-    if (const QString error = setLanguage(options); !error.isEmpty())
-        return complain(error);
     DeskSession session(settingOf(options));
     if (!session.open())
         return complain(session.errorString());
+    if (const QString error = setLanguage(options); !error.isEmpty())
+        return complain(error);
     return options.isHeadless() ? runScript(session, options) : runWindow(session, options);
 }

@@ -88,6 +88,8 @@ void PageView::setLeftHand(bool left)
 
 void PageView::showOutcome(const QString& text, bool lost)
 {
+    if (m_cameraShown)
+        return; // the next swipe has begun
     m_outcome = text;
     m_outcomeKind = lost ? penonpaper::Outcome::Lost : penonpaper::Outcome::Read;
     m_outcomeTimer.start(lost ? LostMs : ReadMs);

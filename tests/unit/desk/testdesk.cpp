@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int LongMs = 30'000; // a page is set, a process starts, on a busy machine
-
 /* The files of a pen that the desk reads. */
 QString furnish(const QString& root)
 {
@@ -62,6 +60,6 @@ bool TestDesk::layPage(const PageSource& source)
 
 bool TestDesk::layPageForSwipes()
 {
-    return QTest::qWaitFor([this] { return m_session.link().isCameraOn(); })
+    return QTest::qWaitFor([this] { return m_session.link().isCameraOn(); }, LongMs)
            && layPage(PageLoader::named(QStringLiteral("english")));
 }

@@ -6,6 +6,9 @@
 #include <QTemporaryDir>
 #include <memory>
 
+/* A page is set, a process starts, on a busy machine. */
+constexpr int LongMs = 30'000;
+
 /* A desk without a window, with a run root of its own and "testpen" for the pen. */
 class TestDesk
 {

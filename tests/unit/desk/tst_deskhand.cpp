@@ -135,7 +135,7 @@ private:
         }
         const QString path = m_test->path("stripes.png");
         return picture.save(path) && m_test->startPen()
-               && QTest::qWaitFor([this] { return m_desk->link().isCameraOn(); })
+               && QTest::qWaitFor([this] { return m_desk->link().isCameraOn(); }, LongMs)
                && m_test->layPage(PageLoader::named(path));
     }
 
@@ -154,7 +154,7 @@ private:
         QSignalSpy reported(m_desk, &DeskSession::swipeReported);
         QSignalSpy looks(m_desk, &DeskSession::swipeLooksAt);
         if (!m_desk->swipe({20.0, 20.0}, {40.0, 20.0}) || !reported.wait(20000)
-            || !QTest::qWaitFor([this] { return !m_desk->isSwiping(); }))
+            || !QTest::qWaitFor([this] { return !m_desk->isSwiping(); }, LongMs))
             return {};
         const SwipeReport report = m_desk->swipeReports().constLast();
         const QStringList numbers = report.reason.split(' ');

@@ -1,5 +1,7 @@
 #include "deskprogram.h"
 
+#include "desk/desklink.h"
+
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -135,13 +137,18 @@ private slots:
 
     void aSecondDeskDoesNotTakeThePensFiles()
     {
-        QVERIFY(m_desk->write("script.desk", "wait spoken nonsense\n"));
+        QVERIFY(m_desk->write("script.desk", "card out\nstorage full\nwait spoken nonsense\n"));
+        QVERIFY(QDir(m_desk->path("root")).mkpath("mnt/mmc"));
         QProcess first;
         m_desk->start(first, m_desk->scriptOptions());
         QByteArray output;
         QTRY_VERIFY_WITH_TIMEOUT((output += first.readAll()).contains("nonsense"), 20000);
-        QCOMPARE(m_desk->run(m_desk->options()), CannotBegin);
+        QCOMPARE(m_desk->run(m_desk->options() << "--language"
+                                               << "German"),
+                 CannotBegin);
         QVERIFY(tells("Another desk uses the pen's files in " + m_desk->path("root").toUtf8()));
+        QVERIFY(QFile::exists(m_desk->path("root/mnt/mmc.out")));
+        QVERIFY(QFile::exists(m_desk->path("root/") + desklink::FullMarker));
         first.kill();
         QVERIFY(first.waitForFinished());
         // One that was killed does not stand in the way.
