@@ -133,9 +133,10 @@ class Texts(Tree):
     def test_link_to_no_heading(self):
         self.fails("docs/x.md", "# A menu: F9\n[there](#a-menu)\n")
         self.fails("docs/x.md", "[there](../README.md#fine)\n")
+        self.fails("docs/x.md", "```\n# a comment\n```\n[there](#a-comment)\n")
 
     def test_name_of_no_file(self):
-        for name in ("docs/y", "docs/y/", "docs/y/z.md", "y.h"):
+        for name in ("docs/y", "docs/y/", "docs/y/z.md", "docs/y/README.md", "y.h"):
             with self.subTest(name):
                 self.fails("docs/x.md", f"see `{name}`\n")
 
