@@ -83,7 +83,7 @@ bool freeBytes(const QString& path, quint64& bytes)
 
 qint64 writeAt(int file, const char* data, qint64 length, qint64 offset)
 {
-    if (isSaidToBeFull() && isOnCard(file)) {
+    if (length > 0 && isSaidToBeFull() && isOnCard(file)) {
         struct stat info = {};
         if (::fstat(file, &info) != 0)
             return -1;
