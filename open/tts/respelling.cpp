@@ -45,11 +45,36 @@ std::u32string englishSeconds(std::u32string_view word)
     return std::u32string(1, word[0]) + (word[0] == U'1' ? U" second" : U" seconds");
 }
 
+/* Where the word behind the blank at `from` begins, quotes and brackets left out. */
+std::size_t nextWordAt(const std::u32string& text, std::size_t from)
+{
+    if (from >= text.size() || text[from] != U' ')
+        return std::u32string::npos;
+    return text.find_first_not_of(U" «„“\"(", from);
+}
+
 /* Before another word it is a preposition, which would be spelled out; elsewhere a letter. */
 bool isPreposition(const Piece& piece, const Word& word)
 {
-    const std::size_t next = piece.text.find_first_not_of(U' ', word.end);
-    return next != std::u32string::npos && next > word.end && isLetter(piece.text[next]);
+    const std::size_t next = nextWordAt(piece.text, word.end);
+    return next != std::u32string::npos
+           && (isLetter(piece.text[next]) || isDigit(piece.text[next]));
+}
+
+bool isCapital(char32_t c)
+{
+    return (c >= U'A' && c <= U'Z') || (c >= U'À' && c <= U'Þ' && c != U'×')
+           || (c >= U'А' && c <= U'Я') || c == U'Ё';
+}
+
+/* Whether the stop behind an abbreviation is the sentence's own too: a word with a capital follows,
+ * and no "IV" or "B". */
+bool endsSentence(const Piece& piece, const Word& word)
+{
+    const std::u32string& text = piece.text;
+    const std::size_t next = nextWordAt(text, word.end + 1);
+    return next != std::u32string::npos && next + 1 < text.size() && isCapital(text[next])
+           && isLetter(text[next + 1]) && !isCapital(text[next + 1]);
 }
 
 const Respelling* entryOf(std::string_view language, std::u32string_view text, bool stop)
@@ -68,6 +93,26 @@ bool isStopBehind(const Piece& piece, const Word& word)
     return word.end < piece.text.size() && piece.text[word.end] == U'.';
 }
 
+/* Whether "1" stands before the word: the unit is singular. */
+bool isBehindOne(const Piece& piece, std::size_t index)
+{
+    if (index == 0)
+        return false;
+    const std::size_t end = piece.words[index - 1].end;
+    return textOf(piece, piece.words[index - 1]) == U"1"
+           && piece.text.find_first_not_of(U' ', end) == piece.words[index].begin;
+}
+
+const Respelling* entryFor(std::string_view language, const Piece& piece, std::size_t index)
+{
+    const Word& word = piece.words[index];
+    const std::u32string text = textOf(piece, word);
+    const bool stop = isStopBehind(piece, word);
+    const Respelling* one =
+        isBehindOne(piece, index) ? entryOf(language, U"1 " + text, stop) : nullptr;
+    return one ? one : entryOf(language, text, stop);
+}
+
 /* What no list can have. */
 std::u32string ruleFor(std::string_view language, const Piece& piece, const Word& word)
 {
@@ -84,15 +129,16 @@ std::u32string ruleFor(std::string_view language, const Piece& piece, const Word
 void respellWordOf(std::string_view language, Piece& piece, std::size_t index)
 {
     const Word& word = piece.words[index];
-    const Respelling* entry = entryOf(language, textOf(piece, word), isStopBehind(piece, word));
+    const Respelling* entry = entryFor(language, piece, index);
     const std::u32string said =
         entry ? std::u32string(entry->said) : ruleFor(language, piece, word);
     if (said.empty())
         return;
     piece.hasPhonemes = piece.hasPhonemes || said.find(U"[[") != std::u32string::npos;
     respellWord(piece, index, said);
-    // The stop of such an abbreviation ends no sentence.
-    if (entry && entry->written.ends_with(U'.') && index + 1 < piece.words.size())
+    if (!entry || !entry->written.ends_with(U'.') || index + 1 == piece.words.size())
+        return;
+    if (!entry->mayEndSentence || !endsSentence(piece, word))
         piece.text[word.end] = U' ';
 }
 

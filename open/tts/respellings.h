@@ -10,8 +10,9 @@ namespace tts {
 struct Respelling
 {
     std::string_view language;   // as voice files begin: "de"
-    std::u32string_view written; // with a stop at its end: only where one follows
+    std::u32string_view written; // with a stop at its end: only where one follows; "1 km": behind 1
     std::u32string_view said;    // in double brackets: the synthesizer's phonemes
+    bool mayEndSentence = false; // else its stop makes no pause; titles stand before capitals
 };
 
 std::span<const Respelling> respellings();

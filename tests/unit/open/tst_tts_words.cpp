@@ -274,6 +274,21 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
         "Dr. Lenz, Nr. 5 usw. Die Nr 3/4 z.B. km/h",
         "Doktor Lenz, Nummer 5 und so weiter. Die Nr drei Viertel zum Beispiel. Kilometer pro "
         "Stunde");
+    add("German ends of sentences", Script::Latin, "gmw/de",
+        "Das steht in Kap. Danach Kap. IV und Kap. 3, Bd. A. Der 2. Abs. „Er“ ist von Dr. Lenz, "
+        "geb. Kurz, Bd. zwei.",
+        "Das steht in Kapitel. Danach Kapitel IV und Kapitel 3, Band A. Der 2. Absatz. „Er“ ist "
+        "von "
+        "Doktor Lenz, geboren Kurz, Band zwei.");
+    add("English units", Script::Latin, "gmw/en", "1 km, 5 km, 1 kg, 1 cm, 1, kg, 11 km, 1 km/h",
+        "1 kilometre, 5 kilometres, 1 kilogram, 1 centimetre, 1, kilograms, 11 kilometres, "
+        "1 kilometre per hour");
+    add("Spanish units", Script::Latin, "roa/es", "1 km, 5 km, 1 cm",
+        "1 kilómetro, 5 kilómetros, 1 centímetro");
+    add("Italian units", Script::Latin, "roa/it", "1 km, 5 km, 1 kg, 1 cm",
+        "1 chilometro, 5 chilometri, 1 chilogrammo, 1 centimetro");
+    add("French titles", Script::Latin, "roa/fr", "Voici M. Lenoir. Ou MM. Lenoir",
+        "Voici monsieur Lenoir. Ou messieurs Lenoir");
     add("French abbreviations", Script::Latin, "roa/fr", "M. Lenoir, le n° 5, au 19e siècle, M",
         "monsieur Lenoir, le numéro 5, au dix-neuvième siècle, M");
     add("Italian abbreviations", Script::Latin, "roa/it", "pane ecc. e 1/2",
