@@ -22,11 +22,27 @@ char32_t digitAsZero(char32_t c)
     return isDigit(c) ? U'0' : c;
 }
 
-/* Whether the word stands in the text so that a character of it is the one at `at`. */
-bool standsAt(std::u32string_view text, std::size_t at, std::u32string_view word)
+/* Whether the word stands in the text so that a character of it, the one behind a mark if it has
+ * one, is the one at `at`. */
+bool standsAt(std::u32string_view text, std::size_t at, std::u32string word)
 {
-    const std::size_t inside = word.find(text[at]);
-    return inside <= at && text.substr(at - inside).starts_with(word);
+    const auto stands = [&](std::size_t inside) {
+        return inside <= at && text.substr(at - inside).starts_with(word);
+    };
+    if (const std::size_t mark = word.find(SoundAlikeMark); mark != std::u32string::npos) {
+        word.erase(mark, 1);
+        return stands(mark);
+    }
+    for (std::size_t inside = word.find(text[at]); inside != std::u32string::npos;
+         inside = word.find(text[at], inside + 1))
+        if (stands(inside))
+            return true;
+    return false;
+}
+
+std::size_t lengthOf(std::u32string_view word)
+{
+    return word.size() - static_cast<std::size_t>(std::ranges::count(word, SoundAlikeMark));
 }
 
 /* The longest of the words that stands there; 0 for none. */
@@ -36,8 +52,8 @@ std::size_t longestAt(std::u32string_view text, std::size_t at, std::u32string_v
     while (!words.empty()) {
         const std::u32string_view word = words.substr(0, words.find(U' '));
         words.remove_prefix(std::min(word.size() + 1, words.size()));
-        if (word.size() > longest && standsAt(text, at, word))
-            longest = word.size();
+        if (lengthOf(word) > longest && standsAt(text, at, std::u32string(word)))
+            longest = lengthOf(word);
     }
     return longest;
 }
@@ -71,12 +87,12 @@ void readFigure(Piece& piece, std::size_t index)
     const Word& word = piece.words[index];
     const std::u32string_view text = piece.text;
     const std::size_t before = text.substr(0, word.begin).find_last_not_of(U' ');
-    const std::size_t after = text.find_first_not_of(U' ', word.end);
+    const std::size_t after = std::min(text.find_first_not_of(U' ', word.end), text.size());
     const auto characterAt = [text](std::size_t at) {
         return at == std::u32string_view::npos ? U'\0' : text[at];
     };
     const std::u32string said = chineseFigure(text.substr(word.begin, word.end - word.begin),
-                                              characterAt(before), characterAt(after));
+                                              characterAt(before), text.substr(after));
     respellWord(piece, index, said);
 }
 

@@ -15,6 +15,9 @@ struct SoundAlike
     std::u32string_view words; // with blanks between, 0 for any digit; everywhere if empty
 };
 
+/* Before the one character that is meant where a word has it more than once; else all are. */
+constexpr char32_t SoundAlikeMark = U'*';
+
 std::span<const SoundAlike> soundAlikes();
 
 } // namespace tts

@@ -246,6 +246,7 @@ void TstTtsSpeech::oddTextIsHarmless_data()
     const QString signs = QStringLiteral("[[_^_en]] <speak> %s%n \\ {0} &amp; `date`");
     // Inside one word the synthesizer changed languages, and went on with one that it had freed.
     const QString scripts = QStringLiteral("桥\u0dffa \u09e7\u09e8a \u03be\u038b s\u0173\u6f97");
+    QTest::newRow("ornaments alone") << 1 << QStringLiteral("~ #～ #");
     for (const int language : {1, 101, 104, 151, 152}) {
         QTest::addRow("scripts in a word %d", language) << language << scripts;
         QTest::addRow("Braille %d", language) << language << braille;

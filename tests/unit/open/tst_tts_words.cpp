@@ -252,11 +252,43 @@ void TstTtsWords::saysWhatTheVoiceGetsWrong_data()
     chinese("traditional characters", "重新命名，音樂，快樂", "虫新命名，音月，快樂");
     chinese("everywhere but in some words", "於是擦乾，乾坤", "鱼是擦干，乾坤");
     chinese("no such word", "了解，为了解决", "瞭解，为了解决");
+    chinese("one of two", "他的目的。我的目的是", "他的目帝。我的目帝是");
+    chinese("characters twice", "一个个，一個個，姥姥", "一各各，一各各，老老");
+    chinese("counting", "数数，數數，数一数，數一數，参数数量",
+            "鼠数，鼠數，鼠一鼠，鼠一鼠，参数数量");
+    chinese("no share too many", "通过分析，通过分享，通過分析，过分，十分外向，分外",
+            "通过分析，通过分享，通過分析，过份，十分外向，份外");
+    chinese("reasons", "因为主要，因为难，因为空，因为首，因为准，因为期，为主，原因为主",
+            "因为主要，因为难，因为空，因为首，因为准，因为期，维主，原因维主");
+    chinese("reasons in traditional characters", "因為主要，因為難，因為空，為主",
+            "因為主要，因為難，因為空，维主");
+    chinese("upon relations", "关系上，联系上，体系上，關係上，聯繫上，系上，繫上",
+            "关系上，联系上，体系上，關係上，聯繫上，记上，记上");
+    chinese("weights", "带着重物，随着重新，有着重要，帶著重物，着重，著重",
+            "带着重物，随着虫新，有着重要，帶著重物，卓重，卓重");
+    chinese("famous works", "名著重要", "名住重要");
+    chinese("pleased", "十分得意", "十分德意");
+    chinese("accounts", "学会计算，机会计，會計算，机会计较，会计",
+            "学会计算，机会计，會計算，机会计较，快计");
+    chinese("remembered", "记得到，值得到，記得到，得到", "记得到，值得到，記得到，德到");
+    chinese("on purpose", "有目的地，目的地，没有目的地", "有目帝地，目帝帝，没有目帝帝");
+    chinese("ornaments", "你好～，#话题#，第#5，3~5天，10%～20%，3元~5元",
+            "你好 ， 话题 ，第号五，三到五天，百分之十到百分之二十，三元到五元");
+    chinese("telephone numbers", "010-12345678，0755-12345678，08-09",
+            "零一零 一二三四五六七八，零七五五 一二三四五六七八，零八 零九");
+    chinese("a long telephone number", "400-1234567，5-0123", "四零零 一二三四五六七，五 零一二三");
+    chinese("years and how many", "5000年历史，1000年前，2000年前，1900年，2000年，1999年前",
+            "五千年历史，一千年前，两千年前，一九零零年，二零零零年，一九九九年前");
+    chinese("two o'clock", "2:05，2:00，2:1", "两点零五，两点，二比一");
+    chinese("dollars", "$5，5$，¥5", "五美元，五美元， 五元");
     chinese("words said twice", "瑞典语", "锐典语");
     chinese("dot in a name", "张三・李四", "张三·李四");
     chinese("other words", "用USB", "用,|USB");
     add("Russian", Script::Cyrillic, "gmw/en", "К столу. Мы уже [тут]; буква К.",
         "[[k]] столу. Мы [[uZ'E]] (тут]; буква К.");
+    add("Russian preposition", Script::Cyrillic, "gmw/en",
+        "к 5 часам, к «дому», к \"дому\", к (дому), «к» и",
+        "[[k]] пять часам, [[k]] «дому», [[k]] \"дому\", [[k]] (дому), «к» и");
     add("Russian numbers", Script::Cyrillic, "gmw/en", "1 и 21, 101; 11 и 01 и 1,1",
         "один и двадцать один, сто один; одиннадцать и 01 и 1,1");
     add("Russian quantities", Script::Cyrillic, "gmw/en",
