@@ -1,4 +1,5 @@
 #include "testwindow.h"
+#include "twosheets.h"
 
 #include "desk/desklook.h"
 #include "desk/oledview.h"
@@ -14,8 +15,6 @@
 #include <QFontComboBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QPainter>
-#include <QPdfWriter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -351,19 +350,6 @@ private slots:
     }
 
 private:
-    /* One line of print on the first sheet, two on the second. */
-    static void writeTwoSheets(const QString& path)
-    {
-        QPdfWriter writer(path);
-        writer.setPageSize(QPageSize(QPageSize::A5));
-        QPainter painter(&writer);
-        painter.setFont(QFont("DejaVu Sans", 12));
-        painter.drawText(QPoint(300, 1000), "The first sheet");
-        writer.newPage();
-        painter.drawText(QPoint(300, 1000), "The second sheet");
-        painter.drawText(QPoint(300, 2000), "has two lines");
-    }
-
     bool hasBuddy(const QWidget* widget) const
     {
         for (const QLabel* const label : m_window->findChildren<QLabel*>()) {

@@ -1,4 +1,5 @@
 #include "deskprogram.h"
+#include "twosheets.h"
 
 #include <QDir>
 #include <QFile>
@@ -104,6 +105,16 @@ private slots:
         QVERIFY2(m_output.contains("no language \"Elvish\"; it has English, French"),
                  m_output.constData());
         QCOMPARE(language(), 5);
+    }
+
+    void aSheetOfAPdf()
+    {
+        const QString path = m_desk->path("two sheets.pdf");
+        writeTwoSheets(path);
+        const QString script = "page \"" + path + "\" sheet %1\nwait camera on\nswipe line 2\n";
+        QVERIFY2(run(script.arg(2).toUtf8()) == 0, m_output.constData());
+        QCOMPARE(run(script.arg(1).toUtf8()), 1);
+        QVERIFY2(m_output.contains("no such way on this page"), m_output.constData());
     }
 
     void aMissingLineFails()
@@ -248,5 +259,5 @@ private:
     QByteArray m_output;
 };
 
-QTEST_GUILESS_MAIN(TestDeskHeadless)
+QTEST_MAIN(TestDeskHeadless)
 #include "tst_deskheadless.moc"
