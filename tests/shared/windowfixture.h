@@ -114,7 +114,12 @@ public:
     }
 
     /* The newest of them, empty before the first. */
-    static QString lastSpoken() { return spoken().value(spoken().size() - 1); }
+    /* Asked once: the voice speaks on meanwhile. */
+    static QString lastSpoken()
+    {
+        const auto all = spoken();
+        return all.value(all.size() - 1);
+    }
 
     ApplicationState state;
     MessageWatcher messages;
