@@ -42,7 +42,12 @@ protected:
 
     /* Texts handed to the voice, pause tags left out. */
     static QStringList spoken();
-    static QString lastSpoken() { return spoken().value(spoken().size() - 1); }
+    /* Asked once: the voice speaks on meanwhile. */
+    static QString lastSpoken()
+    {
+        const auto all = spoken();
+        return all.value(all.size() - 1);
+    }
 
     QString scanText() const;
     QString shown() const { return m_edit->shownTranslation(); }
