@@ -113,8 +113,7 @@ public:
         m_hushed = spoken().size();
     }
 
-    /* The newest of them, empty before the first. */
-    /* Asked once: the voice speaks on meanwhile. */
+    /* The newest of them, empty before the first. Asked once: the voice speaks on meanwhile. */
     static QString lastSpoken()
     {
         const auto all = spoken();
